@@ -1,0 +1,19 @@
+// The program's windows, which are built when they are loaded and thrown away when unloaded.
+#pragma once
+
+namespace quillbox {
+
+enum class FormName { kOpts, kReportsWin, kAboutWin, kTooltipWin, kAccount };
+
+class Forms {
+ public:
+  virtual ~Forms() = default;
+
+  // Builds and shows the form. Loading one that is loaded does nothing.
+  virtual void Load(FormName form) = 0;
+
+  // Closes every form that is still loaded.
+  virtual void UnloadAll() = 0;
+};
+
+}  // namespace quillbox

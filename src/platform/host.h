@@ -1,0 +1,40 @@
+// All that the program asks of its host, in one place.
+#pragma once
+
+namespace quillbox {
+
+class AddressOpener;
+class AgentRunner;
+class Clock;
+class Environment;
+class EventPump;
+class Files;
+class Forms;
+class MessageBoxes;
+class NetworkState;
+class PerUserStore;
+class ProgramExit;
+class SingleInstance;
+class Sounds;
+class Timers;
+class TrayHost;
+
+struct Host {
+  PerUserStore& Store;
+  Environment& Variables;
+  Files& Disk;
+  Clock& Time;
+  Timers& TimerSource;
+  EventPump& Events;
+  AgentRunner& Agents;
+  TrayHost& Tray;
+  MessageBoxes& Boxes;
+  Forms& Windows;
+  Sounds& Speaker;
+  SingleInstance& Instance;
+  NetworkState& Network;
+  AddressOpener& Opener;
+  ProgramExit& Exit;
+};
+
+}  // namespace quillbox
