@@ -1,0 +1,96 @@
+#include "retrieval/fetch_agent.h"
+
+#include <algorithm>
+
+#include "platform/clock.h"
+#include "platform/event_pump.h"
+#include "platform/files.h"
+#include "text/code_page.h"
+
+namespace quillbox {
+namespace {
+
+bool IsUnreserved(char c) {
+  return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') ||
+         std::string_view("-._~").find(c) != std::string_view::npos;
+}
+
+// A part of an address's user information: UTF-8, with all but unreserved characters encoded.
+std::string EncodeUserInfo(std::string_view text) {
+  constexpr std::string_view kDigits = "0123456789ABCDEF";
+  std::string encoded;
+  for (const char c : ToUtf8(text)) {
+    if (IsUnreserved(c)) {
+      encoded += c;
+      continue;
+    }
+    const auto code = static_cast<unsigned char>(c);
+    encoded += '%';
+    encoded += kDigits[code >> 4];
+    encoded += kDigits[code & 0x0F];
+  }
+  return encoded;
+}
+
+bool AnyRuns(const Host& host, const std::vector<AgentId>& agents) {
+  return std::any_of(agents.begin(), agents.end(),
+                     [&host](AgentId agent) { return host.Agents.Running(agent); });
+}
+
+bool HoldsSomething(const Host& host, const std::string& log) {
+  return host.Disk.Size(log).value_or(0) > 0;
+}
+
+}  // namespace
+
+AgentId RunFetchAgent(const ProgramContext& program, const std::string& text) {
+  const SettingsStore& store = program.Store;
+  return program.Host.Agents.Start(
+      {text, ProxyVariables(store.ReadSetting(kProxyServer), store.ReadSetting(kProxyPort),
+                            ReadProxyUsername(store), ReadProxyPassword(store))});
+}
+
+std::vector<std::pair<std::string, std::string>> ProxyVariables(std::string_view server,
+                                                                std::string_view port,
+                                                                std::string_view username,
+                                                                std::string_view password) {
+  if (server.empty()) return {};
+  std::string address;
+  std::string host(server);
+  // A person may write the kind of proxy in front, as in "socks5://host".
+  if (const std::size_t scheme = host.find("://"); scheme != std::string::npos) {
+    address = host.substr(0, scheme + 3);
+    host.erase(0, scheme + 3);
+  } else {
+    address = "http://";
+  }
+  if (!username.empty() || !password.empty()) {
+    address += EncodeUserInfo(username) + ":" + EncodeUserInfo(password) + "@";
+  }
+  address += host;
+  if (!port.empty()) address += ":" + std::string(port);
+  return {{"http_proxy", address}, {"https_proxy", address}};
+}
+
+void WaitTicks(const Host& host, int passes) {
+  for (int pass = 0; pass < passes; ++pass) {
+    host.Events.Sleep(std::chrono::milliseconds(1));
+    host.Events.PumpEvents();
+  }
+}
+
+AgentOutcome WaitForLogs(const Host& host, const std::vector<std::string>& logs,
+                         const std::vector<AgentId>& agents) {
+  const TimePoint asked = host.Time.Now();
+  for (;;) {
+    host.Events.PumpEvents();
+    WaitTicks(host, 1);
+    // Whether an agent runs is asked first: one that ends after that has written its log by then.
+    const bool running = AnyRuns(host, agents);
+    const auto answered = [&host](const std::string& log) { return HoldsSomething(host, log); };
+    if (std::all_of(logs.begin(), logs.end(), answered)) return AgentOutcome::kAnswered;
+    if (!running || host.Time.Now() - asked >= kLongestAgentWait) return AgentOutcome::kNoResponse;
+  }
+}
+
+}  // namespace quillbox

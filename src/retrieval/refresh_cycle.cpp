@@ -1,0 +1,162 @@
+#include "retrieval/refresh_cycle.h"
+
+#include <string>
+#include <vector>
+
+#include "config/setting_keys.h"
+#include "evaluation/evaluate_account_reports.h"
+#include "evaluation/tray_stats.h"
+#include "platform/files.h"
+#include "platform/message_boxes.h"
+#include "platform/sounds.h"
+#include "retrieval/fetch_agent.h"
+#include "retrieval/refresh_commands.h"
+#include "retrieval/refresh_outcome.h"
+#include "tray/tray_icon.h"
+#include "tray/tray_menu.h"
+
+namespace quillbox {
+namespace {
+
+constexpr Report kAllReports[] = {Report::kContent, Report::kSearch, Report::kReferral};
+
+// What stays the same for every account of one cycle, and the two codes that are carried from
+// account to account.
+struct Cycle {
+  std::vector<Report> Reports;
+  std::string ShowDataByPage;
+  std::string ContentCode;
+  std::string OtherCode;
+};
+
+// The account as it was when its turn began: the lists may change while its reports are fetched.
+struct Turn {
+  std::string Account;
+  std::string Username;
+  std::string Password;
+};
+
+std::vector<AgentId> StartAgents(const ProgramContext& program, const Cycle& cycle,
+                                 const Turn& turn) {
+  std::vector<AgentId> agents;
+  for (const Report report : cycle.Reports) {
+    agents.push_back(RunFetchAgent(
+        program, RefreshCommand(report, cycle.ShowDataByPage, turn.Username, turn.Password,
+                                program.Build.ServiceHost, program.Folder)));
+  }
+  return agents;
+}
+
+AgentOutcome WaitForReports(const ProgramContext& program, const Cycle& cycle,
+                            const std::vector<AgentId>& agents) {
+  if (cycle.Reports.empty()) return AgentOutcome::kAnswered;
+  std::vector<std::string> logs;
+  for (const Report report : cycle.Reports) {
+    logs.push_back(ReportFilesOf(report, program.Folder).Log);
+  }
+  return WaitForLogs(program.Host, logs, agents);
+}
+
+// A log that can't be read leaves its code as it was.
+void ReadCodes(const ProgramContext& program, Cycle& cycle) {
+  for (const Report report : cycle.Reports) {
+    std::string& code = report == Report::kContent ? cycle.ContentCode : cycle.OtherCode;
+    code = program.Host.Disk.Read(ReportFilesOf(report, program.Folder).Log).value_or(code);
+  }
+}
+
+// The account may have been removed or renamed while its reports were fetched; what is stored under
+// a name must be that account's.
+bool StillWatched(const AppState& state, const Turn& turn) {
+  for (std::size_t i = 0; i < state.Accounts.size(); ++i) {
+    if (state.Accounts[i] == turn.Account && state.UsernameAt(i) == turn.Username) return true;
+  }
+  return false;
+}
+
+void EvaluateTurn(const ProgramContext& program, const Turn& turn) {
+  if (!StillWatched(program.State, turn)) return;
+  EvaluateAccountReports(program, ReportFilesOf(Report::kContent, program.Folder).Data,
+                         ReportFilesOf(Report::kSearch, program.Folder).Data,
+                         ReportFilesOf(Report::kReferral, program.Folder).Data, turn.Account);
+}
+
+void FinishTurn(const ProgramContext& program, Cycle& cycle, const Turn& turn) {
+  ReadCodes(program, cycle);
+  const RefreshOutcome outcome = DecideRefreshOutcome(cycle.ContentCode, cycle.OtherCode,
+                                                      turn.Username, program.Build.ServiceDomain);
+  if (outcome.Evaluate) EvaluateTurn(program, turn);
+  if (outcome.Balloon) ShowBalloon(program, *outcome.Balloon);
+}
+
+void DeleteReportFiles(const ProgramContext& program) {
+  for (const Report report : kAllReports) {
+    const ReportFiles files = ReportFilesOf(report, program.Folder);
+    for (const std::string& file : {files.Data, files.Log}) {
+      if (program.Host.Disk.Exists(file)) program.Host.Disk.Remove(file);
+    }
+  }
+}
+
+void RefreshAccount(const ProgramContext& program, Cycle& cycle, const Turn& turn) {
+  const std::vector<AgentId> agents = StartAgents(program, cycle, turn);
+  if (WaitForReports(program, cycle, agents) == AgentOutcome::kAnswered) {
+    FinishTurn(program, cycle, turn);
+  } else {
+    ShowBalloon(program, NoResponseText(program.Build.ServiceDomain));
+  }
+  // An agent that nobody waits for any more must not write into the next account's files.
+  for (const AgentId agent : agents) program.Host.Agents.End(agent);
+  DeleteReportFiles(program);
+}
+
+void RefreshAccounts(const ProgramContext& program) {
+  const AppState& state = program.State;
+  Cycle cycle;
+  cycle.Reports = SelectedReports(program.Store.ReadSetting(kDataToDownload));
+  cycle.ShowDataByPage = program.Store.ReadSetting(kShowDataByPage);
+  const std::size_t count = state.Accounts.size();
+  for (std::size_t i = 0; i < count && i < state.Accounts.size(); ++i) {
+    RefreshAccount(program, cycle, {state.Accounts[i], state.UsernameAt(i), state.PasswordAt(i)});
+  }
+}
+
+void RebuildAccountMenus(const ProgramContext& program) {
+  ClearAccountsMenu(program);
+  ClearOpenAccountMenu(program);
+  BuildAccountStatsMenus(program);
+  FillOpenAccountMenu(program);
+}
+
+void PlayDownloaded(const ProgramContext& program) {
+  const std::string file = program.Store.ReadSetting(kDownloadedSound);
+  if (!file.empty()) program.Host.Speaker.PlaySoundFile(file);
+}
+
+void AskForAccounts(const ProgramContext& program) {
+  program.Host.Boxes.Show(
+      {.Text = "You must complete the \"AdSense Account\" section of the Quillbox\r\n"
+               "Options before attempting to retrieve your AdSense information!",
+       .Icon = BoxIcon::kInformation});
+}
+
+}  // namespace
+
+void RefreshAllAccounts(const ProgramContext& program) {
+  AppState& state = program.State;
+  if (state.RefreshRunning) return;
+  TrayMenuItem(state, "RefreshNow").Enabled = false;
+  if (state.Accounts.empty()) {
+    AskForAccounts(program);
+  } else {
+    state.RefreshRunning = true;
+    RefreshAccounts(program);
+    RebuildAccountMenus(program);
+    state.UpdateMinuteCount = 0;
+    PlayDownloaded(program);
+    state.RefreshRunning = false;
+  }
+  TrayMenuItem(state, "RefreshNow").Enabled = true;
+}
+
+}  // namespace quillbox

@@ -1,0 +1,139 @@
+#include "shell/form1.h"
+
+#include <utility>
+
+#include "config/setting_keys.h"
+#include "evaluation/tray_stats.h"
+#include "platform/forms.h"
+#include "platform/network_state.h"
+#include "platform/program_exit.h"
+#include "platform/tray_host.h"
+#include "retrieval/refresh_cycle.h"
+#include "shell/update_schedule.h"
+#include "tray/tray_icon.h"
+#include "tray/tray_menu.h"
+#include "update/version_check.h"
+
+namespace quillbox {
+namespace {
+
+using std::chrono::milliseconds;
+
+constexpr milliseconds kMinute{60000};
+constexpr milliseconds kSoon{1};
+constexpr milliseconds kDelayedStart{30000};
+
+// After the tray came (back): the icon, and with it the figures of the primary account.
+void ShowInNewTray(const ProgramContext& program) {
+  AddTrayIcon(program);
+  const std::string primary = program.Store.ReadSetting(kPrimaryAccount);
+  if (!primary.empty()) UpdateTrayStats(program, primary);
+}
+
+}  // namespace
+
+Form1::Form1(const ProgramContext& program) : program_(program) {
+  quillbox::Timers& timers = program.Host.TimerSource;
+  Timer1_ = timers.NewTimer(kMinute, [this] { AutoUpdateTick(); });
+  Timer2_ = timers.NewTimer(kMinute, [this] { AutoUpdateTick(); });
+  Timer3_ = timers.NewTimer(kSoon, [this] { Timer3_Timer(); });
+  Timer8_ = timers.NewTimer(kDelayedStart, [this] { Timer8_Timer(); });
+}
+
+Form1::~Form1() = default;
+
+void Form1::Load() {
+  Timer3_->SetEnabled(true);
+}
+
+void Form1::StartTimer8(std::string tag) {
+  timer8Tag_ = std::move(tag);
+  Timer8_->SetEnabled(true);
+}
+
+void Form1::StartTimer1() {
+  SetAutoUpdateRate();
+  program_.State.UpdateMinuteCount = 0;
+  Timer1_->SetEnabled(true);
+}
+
+void Form1::SetAutoUpdateRate() {
+  program_.State.UpdateRateMinutes = RateMinutes(program_.Store.ReadSetting(kAutoUpdateRate));
+}
+
+// A tick that comes during a cycle is skipped whole: no count, no swap.
+void Form1::AutoUpdateTick() {
+  AppState& state = program_.State;
+  if (state.RefreshRunning) return;
+  state.UpdateMinuteCount = CountMinute(state.UpdateMinuteCount);
+  if (RefreshDue(state.UpdateMinuteCount, state.UpdateRateMinutes)) {
+    const bool onlyWhenOnline = program_.Store.ReadSetting(kAutoUpdateWhenConnected) == kTrue;
+    if (onlyWhenOnline && !program_.Host.Network.IsOnline()) return;
+    state.UpdateMinuteCount = 0;
+    RefreshAllAccounts(program_);
+  }
+  SwapTimers();
+}
+
+// The other half of the minute clock starts a fresh minute. A clock that was stopped meanwhile
+// stays so.
+void Form1::SwapTimers() {
+  if (!Timer1_->Enabled() && !Timer2_->Enabled()) return;
+  const bool first = Timer1_->Enabled();
+  Timer1_->SetEnabled(!first);
+  Timer2_->SetEnabled(first);
+}
+
+void Form1::Timer3_Timer() {
+  BuildAccountStatsMenus(program_);
+  FillOpenAccountMenu(program_);
+  Timer3_->SetEnabled(false);
+}
+
+void Form1::Timer8_Timer() {
+  Timer8_->SetEnabled(false);
+  const auto tagged = [this](std::string_view word) {
+    return timer8Tag_.find(word) != std::string::npos;
+  };
+  if (tagged("Refresh")) RefreshAllAccounts(program_);
+  if (tagged("Check")) CheckForUpdate(program_, "No");
+}
+
+void Form1::Options_Click() {
+  program_.Host.Windows.Load(FormName::kOpts);
+}
+
+void Form1::RefreshNow_Click() {
+  if (!program_.State.RefreshRunning) RefreshAllAccounts(program_);
+}
+
+void Form1::Exit_Click() {
+  RemoveTrayIcon(program_);
+  program_.Host.Windows.UnloadAll();
+  program_.Host.Exit.EndProcess();
+}
+
+void Form1::TaskbarCreated() {
+  ShowInNewTray(program_);
+}
+
+// A modification that fails tells that the tray has lost the icon.
+void Form1::QuillboxLaunched() {
+  const bool there =
+      program_.Host.Tray.Apply(TrayOperation::kModify, program_.State.TrayIconRecord);
+  if (!there) ShowInNewTray(program_);
+}
+
+const Menu& Form1::TrayMenu() {
+  return program_.State.TrayMenu;
+}
+
+void Form1::MenuItemChosen(const MenuItem& item) {
+  const std::string name = item.Name;  // the menu may be rebuilt before the handler is done
+  if (name == "Options") Options_Click();
+  if (name == "RefreshNow") RefreshNow_Click();
+  if (name == "CheckForNewVersion") CheckForUpdate(program_, "Yes");
+  if (name == "Exit") Exit_Click();
+}
+
+}  // namespace quillbox

@@ -1,0 +1,57 @@
+// The hidden form: owns the timers and the menu's handlers, and hears what the host reports.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "platform/host_events.h"
+#include "platform/timers.h"
+#include "state/program_context.h"
+
+namespace quillbox {
+
+class Form1 final : public HostEvents {
+ public:
+  // The context must outlive the form.
+  explicit Form1(const ProgramContext& program);
+  ~Form1() override;
+
+  // From here on the form's design-time timer runs.
+  void Load();
+
+  // The delayed start: 30 seconds from now, does what `Tag` names ("Refresh", "Check").
+  void StartTimer8(std::string tag);
+
+  // Starts the minute clock of automatic refresh at the stored rate.
+  void StartTimer1();
+
+  // Opens the Options dialog.
+  void Options_Click();
+
+  // A refresh on request; nothing while one is running.
+  void RefreshNow_Click();
+
+  // The way out: the icon goes, all forms close, the process ends.
+  void Exit_Click();
+
+  // HostEvents
+  void TaskbarCreated() override;
+  void QuillboxLaunched() override;
+  const Menu& TrayMenu() override;
+  void MenuItemChosen(const MenuItem& item) override;
+
+ private:
+  void SetAutoUpdateRate();
+  void AutoUpdateTick();
+  void SwapTimers();
+  void Timer3_Timer();
+  void Timer8_Timer();
+
+  const ProgramContext& program_;
+  std::unique_ptr<Timer> Timer1_, Timer2_;  // one minute clock in two halves
+  std::unique_ptr<Timer> Timer3_;           // fills the submenus once
+  std::unique_ptr<Timer> Timer8_;           // the delayed start
+  std::string timer8Tag_;
+};
+
+}  // namespace quillbox
