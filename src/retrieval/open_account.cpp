@@ -1,0 +1,28 @@
+#include "retrieval/open_account.h"
+
+#include <algorithm>
+
+#include "config/setting_keys.h"
+#include "platform/address_opener.h"
+#include "platform/message_boxes.h"
+#include "retrieval/sign_in_address.h"
+
+namespace quillbox {
+
+void OpenAccount(const ProgramContext& program, std::string name) {
+  const AppState& state = program.State;
+  if (state.Accounts.empty()) {
+    program.Host.Boxes.Show({.Text = "You must complete the \"AdSense\" section of the Quillbox\r\n"
+                                     "Options before attempting to log into your AdSense account!",
+                             .Icon = BoxIcon::kInformation});
+    return;
+  }
+  if (name.empty()) name = program.Store.ReadSetting(kPrimaryAccount);
+  const auto found = std::find(state.Accounts.begin(), state.Accounts.end(), name);
+  if (found == state.Accounts.end()) return;
+  const auto index = static_cast<std::size_t>(found - state.Accounts.begin());
+  program.Host.Opener.Open(
+      SignInAddress(state.UsernameAt(index), state.PasswordAt(index), program.Build.ServiceHost));
+}
+
+}  // namespace quillbox

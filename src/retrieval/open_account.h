@@ -1,0 +1,14 @@
+// Opening an account in the person's browser.
+#pragma once
+
+#include <string>
+
+#include "state/program_context.h"
+
+namespace quillbox {
+
+// `name` is an account's; the empty text stands for the primary account. A name that isn't among
+// the accounts opens nothing; without any account a message box says what to do.
+void OpenAccount(const ProgramContext& program, std::string name);
+
+}  // namespace quillbox

@@ -1,0 +1,63 @@
+#include "tooltip/skin.h"
+
+#include <algorithm>
+#include <charconv>
+#include <vector>
+
+#include "config/profile_file.h"
+#include "text/text_list.h"
+
+namespace quillbox {
+namespace {
+
+constexpr std::string_view kSection = "Skin";
+constexpr SkinColorValue kDefaultFontColor = 0 | 26 << 8 | 53 << 16;
+
+std::string_view Trimmed(std::string_view text) {
+  const std::size_t first = text.find_first_not_of(" \t");
+  if (first == std::string_view::npos) return {};
+  return text.substr(first, text.find_last_not_of(" \t") - first + 1);
+}
+
+// A whole number of 16 bits, with blanks round it.
+std::optional<int> ColorPart(std::string_view text) {
+  text = Trimmed(text);
+  std::int16_t value = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+  if (error != std::errc() || end != text.data() + text.size() || value < 0) return std::nullopt;
+  return std::min<int>(value, 255);
+}
+
+}  // namespace
+
+std::optional<SkinColorValue> SkinColor(std::string_view text) {
+  constexpr SkinColorValue kBlack = 0;
+  if (text.empty() || text == "NO_SUCH_KEY") return std::nullopt;
+  const std::vector<std::string> fields = SplitText(text, ",");
+  if (fields.size() != 3) return kBlack;
+  SkinColorValue color = 0;
+  for (int i = 0; i < 3; ++i) {
+    const std::optional<int> part = ColorPart(fields[static_cast<std::size_t>(i)]);
+    if (!part) return kBlack;
+    color |= *part << (8 * i);
+  }
+  return color;
+}
+
+Skin ReadSkin(Files& files, const std::string& path) {
+  const auto read = [&](std::string_view key) { return IniRead(files, kSection, key, path); };
+  const auto orDefault = [](std::string value, std::string whenEmpty) {
+    return value.empty() ? whenEmpty : value;
+  };
+  Skin skin;
+  skin.BackColor = read("BackColor");
+  skin.FontFace = orDefault(read("FontFace"), skin.FontFace);
+  skin.FontSize = orDefault(read("FontSize"), skin.FontSize);
+  skin.FontColor = SkinColor(read("FontColor")).value_or(kDefaultFontColor);
+  skin.DescFontFace = read("DescFontFace");
+  skin.DescFontSize = read("DescFontSize");
+  skin.DescFontColor = SkinColor(read("DescFontColor"));
+  return skin;
+}
+
+}  // namespace quillbox
