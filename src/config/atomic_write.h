@@ -1,0 +1,16 @@
+// Replacing a whole file so that a reader, a crash or a power failure finds the old or the new one.
+#pragma once
+
+#include <string>
+
+#include "platform/files.h"
+
+namespace quillbox {
+
+// Writes `content` under another name in the same folder, flushes it, renames it to `path` and
+// flushes the folder. False when any step before the renaming failed: `path` is then untouched and
+// nothing else is left behind. The file is for its owner alone, whatever it was before. What a
+// writer that was killed leaves (".new1" to ".new4" behind the name) never stops a later write.
+bool WriteAtomically(Files& files, const std::string& path, const std::string& content);
+
+}  // namespace quillbox

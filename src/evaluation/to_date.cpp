@@ -1,0 +1,160 @@
+// ToDate: reading a date whose order of parts is only partly known.
+#include <algorithm>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "evaluation/date_text.h"
+#include "evaluation/failure_rule.h"
+#include "text/letter_case.h"
+
+namespace quillbox {
+namespace {
+
+using std::chrono::year_month_day;
+
+struct DatePart {
+  int Number = 0;
+  std::size_t Digits = 0;  // how many were written; 0 for a month's name
+};
+
+bool IsBlank(char c) {
+  return c == ' ' || c == '\xA0';
+}
+bool IsDigit(char c) {
+  return c >= '0' && c <= '9';
+}
+bool IsLetter(char c) {
+  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') ||
+         (static_cast<unsigned char>(c) >= 0x80 && !IsBlank(c));
+}
+
+// Takes the characters at the head for which `belongs` is true.
+std::string_view TakeWhile(std::string_view& in, bool (*belongs)(char)) {
+  const auto length =
+      static_cast<std::size_t>(std::find_if_not(in.begin(), in.end(), belongs) - in.begin());
+  const std::string_view taken = in.substr(0, length);
+  in.remove_prefix(length);
+  return taken;
+}
+
+// Short names may carry a point, which the text's separators swallow.
+bool IsNamed(std::string_view word, std::string_view name) {
+  if (name.ends_with('.')) name.remove_suffix(1);
+  return EqualIgnoringCase(word, name);
+}
+
+int MonthNamed(std::string_view word, const RegionalSettings& region) {
+  if (word.empty()) throw ConversionFailed{};
+  static const RegionalSettings kEnglish;
+  for (const RegionalSettings* names : {&region, &kEnglish}) {
+    for (std::size_t i = 0; i < names->Months.size(); ++i) {
+      if (IsNamed(word, names->Months[i]) || IsNamed(word, names->MonthsShort[i])) {
+        return static_cast<int>(i) + 1;
+      }
+    }
+  }
+  throw ConversionFailed{};
+}
+
+DatePart TakePart(std::string_view& in, const RegionalSettings& region) {
+  const std::string_view digits = TakeWhile(in, IsDigit);
+  if (digits.size() > 4) throw ConversionFailed{};
+  if (digits.empty()) return {MonthNamed(TakeWhile(in, IsLetter), region), 0};
+  int number = 0;
+  for (const char digit : digits) number = number * 10 + (digit - '0');
+  return {number, digits.size()};
+}
+
+// Takes one mark with blanks round it, or blanks alone. True when the mark is a comma.
+bool TakeSeparator(std::string_view& in) {
+  const std::size_t before = in.size();
+  TakeWhile(in, IsBlank);
+  const bool mark = !in.empty() && std::string_view("/-.,").find(in.front()) != in.npos;
+  const bool comma = mark && in.front() == ',';
+  if (mark) in.remove_prefix(1);
+  TakeWhile(in, IsBlank);
+  if (in.size() == before) throw ConversionFailed{};
+  return comma;
+}
+
+std::vector<DatePart> TakeParts(std::string_view in, const RegionalSettings& region) {
+  TakeWhile(in, IsBlank);
+  while (!in.empty() && IsBlank(in.back())) in.remove_suffix(1);
+  std::vector<DatePart> parts{TakePart(in, region)};
+  bool comma = false;
+  while (!in.empty()) {
+    if (parts.size() == 3) throw ConversionFailed{};
+    comma = TakeSeparator(in) || comma;
+    parts.push_back(TakePart(in, region));
+  }
+  const bool named = std::ranges::count(parts, 0u, &DatePart::Digits) > 0;
+  if (comma && !named) throw ConversionFailed{};
+  return parts;
+}
+
+std::optional<int> YearOf(const DatePart& part) {
+  if (part.Digits > 2) return part.Number >= 100 ? std::optional(part.Number) : std::nullopt;
+  return part.Number < 30 ? 2000 + part.Number : 1900 + part.Number;
+}
+
+// `order` says with "d", "M" and "y" what each part is.
+std::optional<year_month_day> InOrder(const std::vector<DatePart>& parts, std::string_view order,
+                                      int currentYear) {
+  const DatePart* day = nullptr;
+  const DatePart* month = nullptr;
+  std::optional<int> year = currentYear;
+  for (std::size_t i = 0; i < parts.size(); ++i) {
+    if (order[i] == 'd') day = &parts[i];
+    if (order[i] == 'M') month = &parts[i];
+    if (order[i] == 'y') year = YearOf(parts[i]);
+  }
+  const bool named = std::ranges::count(parts, 0u, &DatePart::Digits) > 0;
+  if (!year || day->Digits == 0 || day->Digits > 2 || month->Digits > 2) return std::nullopt;
+  if (named && month->Digits != 0) return std::nullopt;
+  const year_month_day date(std::chrono::year(*year),
+                            std::chrono::month(static_cast<unsigned>(month->Number)),
+                            std::chrono::day(static_cast<unsigned>(day->Number)));
+  return date.ok() ? std::optional(date) : std::nullopt;
+}
+
+std::string WithoutYear(std::string order) {
+  std::erase(order, 'y');
+  return order;
+}
+
+std::string Exchanged(std::string order) {
+  for (char& part : order) part = part == 'd' ? 'M' : part == 'M' ? 'd' : part;
+  return order;
+}
+
+// "Mdy" of "M/d/yyyy".
+std::string OrderOf(const std::string& shortDate) {
+  std::string order;
+  for (const char c : shortDate + "Mdy") {
+    if (std::string_view("dMy").find(c) != std::string_view::npos && order.find(c) == order.npos)
+      order += c;
+  }
+  return order;
+}
+
+// The orders to be tried, best first. Regions with the year in front also read it at the end.
+std::vector<std::string> Orders(const RegionalSettings& region, std::size_t parts) {
+  const std::string order = OrderOf(region.ShortDate);
+  const std::string dayAndMonth = WithoutYear(order);
+  if (parts == 2) return {dayAndMonth, Exchanged(dayAndMonth)};
+  return {order, Exchanged(order), "yMd", dayAndMonth + 'y', Exchanged(dayAndMonth) + 'y'};
+}
+
+}  // namespace
+
+year_month_day ToDate(std::string_view text, const RegionalSettings& region, int currentYear) {
+  const std::vector<DatePart> parts = TakeParts(text, region);
+  if (parts.size() < 2) throw ConversionFailed{};
+  for (const std::string& order : Orders(region, parts.size())) {
+    if (const auto date = InOrder(parts, order, currentYear)) return *date;
+  }
+  throw ConversionFailed{};
+}
+
+}  // namespace quillbox

@@ -1,0 +1,54 @@
+#include "evaluation/tray_stats.h"
+
+#include <chrono>
+#include <vector>
+
+#include "evaluation/stats_text.h"
+#include "platform/clock.h"
+#include "tray/tray_icon.h"
+#include "tray/tray_menu.h"
+
+namespace quillbox {
+namespace {
+
+std::string ReadRecord(const ProgramContext& program, const std::string& account) {
+  const AccountKeys keys(account);
+  return program.Store.ReadSetting(keys.Stats());
+}
+
+int CurrentYear(const ProgramContext& program) {
+  using std::chrono::days, std::chrono::floor, std::chrono::year_month_day;
+  return static_cast<int>(year_month_day(floor<days>(program.Host.Time.LocalTime())).year());
+}
+
+}  // namespace
+
+std::string BuildStatsText(const ProgramContext& program, std::string& account) {
+  if (account.empty()) account = program.Store.ReadSetting(kPrimaryAccount);
+  if (account.empty()) return {};
+  const std::string values = program.Store.ReadSetting(kTooltipValues);
+  const int year = CurrentYear(program);
+  if (program.Store.ReadSetting(kDisplayAllStats) != kTrue) {
+    return OneAccountStatsText(values, ReadRecord(program, account), year, program.Region);
+  }
+  std::vector<std::string> records;
+  for (const std::string& name : program.State.Accounts) {
+    records.push_back(ReadRecord(program, name));
+  }
+  return AllAccountsStatsText(values, records, year, program.Region);
+}
+
+void UpdateTrayStats(const ProgramContext& program, const std::string& account) {
+  if (ReadRecord(program, account).empty()) return;
+  std::string name = account;
+  SetTooltipText(program, BuildStatsText(program, name));
+}
+
+void BuildAccountStatsMenus(const ProgramContext& program) {
+  for (const std::string& account : program.State.Accounts) {
+    InsertStatsPopup(AccountsMenu(program.State), account, ReadRecord(program, account),
+                     program.Region);
+  }
+}
+
+}  // namespace quillbox

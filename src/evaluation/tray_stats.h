@@ -1,0 +1,20 @@
+// The stored statistics in the tray: the tooltip's text and the statistics menus.
+#pragma once
+
+#include <string>
+
+#include "state/program_context.h"
+
+namespace quillbox {
+
+// The tooltip's text for the account; an empty name is replaced, in the caller's variable too, by
+// the primary account. Empty when there is still no name. Lines end in CR LF, but the last.
+std::string BuildStatsText(const ProgramContext& program, std::string& account);
+
+// Puts the account's text into the tooltip if a record is stored for it.
+void UpdateTrayStats(const ProgramContext& program, const std::string& account);
+
+// Fills the emptied "Accounts" submenu with one popup of statistics for each account.
+void BuildAccountStatsMenus(const ProgramContext& program);
+
+}  // namespace quillbox

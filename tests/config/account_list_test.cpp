@@ -1,0 +1,144 @@
+#include "config/account_list.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "simulated/simulated_files.h"
+#include "simulated/simulated_store.h"
+
+namespace quillbox {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+TEST(ScrambleText, MovesEachCodeByItsPosition) {
+  struct Case {
+    std::string Clear;
+    std::string Scrambled;
+  };
+  const Case kCases[] = {
+      {"", ""},
+      {"a", "b"},
+      {"abc", "bdf"},
+      {"az", "b|"},
+      {"sunlight", "twqpnmo|"},  // ends in a bar
+      {"\xE9", "\xEA"},
+      {std::string(21, 'a') + "\xE9", "bcdefghijklmnopqrstuv\xFF"},
+      {std::string("\0", 1), "\x01"},
+  };
+  for (const Case& c : kCases) {
+    EXPECT_EQ(ScrambleText(c.Clear), c.Scrambled) << c.Clear;
+    EXPECT_EQ(UnscrambleText(c.Scrambled), c.Clear) << c.Scrambled;
+  }
+}
+
+TEST(ScrambleText, OutsideOfItsRangeNothingComes) {
+  EXPECT_NE(ScrambleText(std::string(129, '~')), "");
+  EXPECT_EQ(ScrambleText(std::string(130, '~')), "");
+  EXPECT_EQ(ScrambleText(std::string(22, 'a') + "\xE9"), "");
+  EXPECT_EQ(ScrambleText(std::string(1000, '\0')), "");
+  EXPECT_EQ(UnscrambleText(std::string(1, '\0')), "");
+  EXPECT_EQ(UnscrambleText("b\x01"), "");
+  EXPECT_EQ(UnscrambleText(std::string(1000, '\xFF')), "");
+}
+
+class AccountListTest : public ::testing::Test {
+ protected:
+  AccountList SavedAndLoaded(const AccountList& list) {
+    SettingBatch batch;
+    SaveAccountList(batch, list);
+    store.WriteBatch(batch);
+    return LoadAccountList(store);
+  }
+
+  SimulatedStore userStore;
+  SimulatedFiles files;
+  ApplicationFolder folder{"/program", "/data", '/'};
+  std::string profile;
+  SettingsStore store{userStore, files, folder, profile};
+};
+
+TEST_F(AccountListTest, ComesBackInBothModes) {
+  const AccountList list = {{"one", "a|b"}, {"a@x.test", "b@x.test"}, {"secret", "secret"}};
+  for (const char* mode : {"", "ann"}) {
+    profile = mode;
+    const AccountList loaded = SavedAndLoaded(list);
+    EXPECT_EQ(loaded.Accounts, list.Accounts) << mode;
+    EXPECT_EQ(loaded.Usernames, list.Usernames) << mode;
+    EXPECT_EQ(loaded.Passwords, list.Passwords) << mode;
+    EXPECT_EQ(store.ReadSetting(kPasswords), "tgfvjz|||tgfvjz") << mode;
+  }
+}
+
+TEST_F(AccountListTest, IsStoredInItsOrder) {
+  SettingBatch batch;
+  SaveAccountList(batch, {{"one"}, {"a@x.test"}, {"abc"}});
+  std::vector<std::string> written;
+  for (const SettingChange& c : batch.Changes()) written.push_back(c.Key + "=" + *c.Value);
+  EXPECT_THAT(written, ElementsAre("Accounts=one", "Usernames=a@x.test", "Passwords=bdf"));
+}
+
+TEST_F(AccountListTest, NoAccountsAreThreeEmptyLists) {
+  const AccountList loaded = SavedAndLoaded({});
+  EXPECT_THAT(loaded.Accounts, IsEmpty());
+  EXPECT_THAT(loaded.Usernames, IsEmpty());
+  EXPECT_THAT(loaded.Passwords, IsEmpty());
+}
+
+TEST_F(AccountListTest, TheWalkGoesOverTheAccounts) {
+  SettingBatch batch;
+  SaveAccountList(batch, {{"one", "two"}, {"a@x.test"}, {"abc", "abc", "stray"}});
+  EXPECT_EQ(batch.Changes()[1].Value, "a@x.test|||");
+  EXPECT_EQ(batch.Changes()[2].Value, "bdf|||bdf");
+}
+
+TEST_F(AccountListTest, APasswordWhoseStoredFormEndsInABarGivesItToTheNext) {
+  const AccountList loaded = SavedAndLoaded({{"one", "two"}, {"a", "b"}, {"sunlight", "abc"}});
+  EXPECT_EQ(store.ReadSetting(kPasswords), "twqpnmo||||bdf");
+  EXPECT_THAT(loaded.Passwords, ElementsAre("sunligh", "{`ab"));
+}
+
+TEST_F(AccountListTest, DamagedStoresMixNothingUp) {
+  struct Case {
+    const char* Usernames;
+    std::string Passwords;
+    std::vector<std::string> LoadedPasswords;
+    const char* SecondUsername;
+    const char* SecondPassword;
+  };
+  const Case kCases[] = {
+      {"a|||b", "bdf|||bdf", {"abc", "abc"}, "b", "abc"},
+      {"a|||b", "bdf|||b\x01", {}, "b", ""},  // one of them can't be unscrambled
+      {"a|||b", "\x01\x01|||bdf", {}, "b", ""},
+      {"a|||b", "bdf||", {"abcxw"}, "b", ""},
+      {"a", "bdf", {"abc"}, "", ""},  // cut lists
+      {"", "", {}, "", ""},
+      {"a|||", "bdf|||", {"abc", ""}, "", ""},
+  };
+  store.WriteSetting(kAccounts, "one|||two");
+  for (const Case& c : kCases) {
+    store.WriteSetting(kUsernames, c.Usernames);
+    store.WriteSetting(kPasswords, c.Passwords);
+    const AccountList loaded = LoadAccountList(store);
+    const std::string row = ::testing::PrintToString(c.Passwords);
+    EXPECT_THAT(loaded.Accounts, ElementsAre("one", "two")) << row;
+    EXPECT_EQ(loaded.Passwords, c.LoadedPasswords) << row;
+    EXPECT_EQ(loaded.UsernameAt(1), c.SecondUsername) << row;
+    EXPECT_EQ(loaded.PasswordAt(1), c.SecondPassword) << row;
+    EXPECT_EQ(loaded.PasswordAt(99), "") << row;
+  }
+}
+
+TEST_F(AccountListTest, TheProxysCredentialsAreScrambled) {
+  EXPECT_EQ(ReadProxyUsername(store), "");
+  EXPECT_EQ(ReadProxyPassword(store), "");
+  SaveProxyUsername(store, "abc");
+  SaveProxyPassword(store, "sunlight");
+  EXPECT_EQ(store.ReadSetting(kProxyUsername), "bdf");
+  EXPECT_EQ(ReadProxyUsername(store), "abc");
+  EXPECT_EQ(ReadProxyPassword(store), "sunlight");
+}
+
+}  // namespace
+}  // namespace quillbox

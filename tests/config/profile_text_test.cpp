@@ -1,0 +1,120 @@
+#include <gtest/gtest.h>
+
+#include "config/profile_file.h"
+
+namespace quillbox {
+namespace {
+
+using namespace std::string_literals;
+
+TEST(ProfileText, Reads) {
+  struct Case {
+    const char* Text;
+    const char* Section;
+    const char* Key;
+    const char* Value;
+  };
+  const Case kCases[] = {
+      {"", "S", "K", ""},
+      {"[S]\r\nK=v\r\n", "S", "K", "v"},
+      {"[S]\nK=v", "S", "K", "v"},
+      {"[S]\rK=v\rL=w", "S", "L", "w"},
+      {"[S]\nUSE24HOUR=True\n", "s", "Use24Hour", "True"},
+      {"[G\xC9N]\n\xC9=v\n", "g\xE9n", "\xE9", "v"},
+      {"[S]\nK= \"v\" ; note \n", "S", "K", " \"v\" ; note "},
+      {"[S]\nK=a=b\n", "S", "K", "a=b"},
+      {"[S]\n \tK\t =v\n", "S", "K", "v"},
+      {"[S]\nK=v\n", "S", " K ", "v"},
+      {"[S]\nmy key=v\n", "S", "MY KEY", "v"},
+      {"[S]\nK=\n", "S", "K", ""},
+      {"[S]\nK\n", "S", "K", ""},
+      {"[S]\nK\nK=v\n", "S", "K", "v"},
+      {"K=v\n[S]\n", "S", "K", ""},
+      {"K=v\n", "", "K", ""},
+      {"[]\nK=v\n", "", "K", "v"},
+      {"[S]\n=v\n", "S", "", ""},
+      // The first of two equal keys or sections wins, also when it lacks the key.
+      {"[S]\nK=1\nk=2\n", "S", "K", "1"},
+      {"[S]\nK=1\n[s]\nK=2\n", "S", "K", "1"},
+      {"[S]\nL=1\n[T]\n[S]\nK=2\n", "S", "K", ""},
+      // Comments, and text that is neither.
+      {"[S]\n;K=v\n", "S", "K", ""},
+      {"[S]\n;K=v\n", "S", ";K", ""},
+      {"[S]\n  ;K=v\n", "S", ";K", ""},
+      {";[S]\nK=v\n", "S", "K", ""},
+      {"[S] ; note\nK=v\n", "S", "K", "v"},
+      {"  [S]x\nK=v\n", "S", "K", "v"},
+      {"[S]\n[T\nK=v\n", "S", "K", "v"},
+      {"[S]\n[K=v\n", "S", "[K", ""},
+      {"[a]b]\nK=v\n", "a", "K", "v"},
+  };
+  for (const Case& c : kCases) {
+    EXPECT_EQ(ReadProfileValue(c.Text, c.Section, c.Key), c.Value)
+        << ::testing::PrintToString(c.Text) << " " << c.Section << "/" << c.Key;
+  }
+}
+
+struct WriteCase {
+  std::string Text;
+  std::string Section;
+  std::string Key;
+  std::string Value;
+  std::string Written;
+};
+
+void ExpectWritten(const WriteCase& c) {
+  EXPECT_EQ(WithProfileValue(c.Text, c.Section, c.Key, c.Value), c.Written)
+      << ::testing::PrintToString(c.Text) << " " << c.Section << "/" << c.Key << "=" << c.Value;
+}
+
+TEST(ProfileText, Writes) {
+  const WriteCase kCases[] = {
+      {"", "General", "Use24Hour", "True", "[General]\r\nUSE24HOUR=True\r\n"},
+      {"", "S", "\xE9", "\xE9", "[S]\r\n\xC9=\xE9\r\n"},
+      // A line replaced in place keeps its own line end.
+      {"[S]\nk=1\r\nL=2\n", "s", "K", "3", "[S]\nK=3\r\nL=2\n"},
+      {"[S]\n K = 1\nK=2\n", "S", "K", "3", "[S]\nK=3\nK=2\n"},
+      {"[S]\nK=1", "S", "K", "2", "[S]\nK=2"},
+      // A new line goes behind the section's last line that isn't blank.
+      {"[S]\nA=1\n\n \t\n[T]\nB=2\n", "S", "K", "v", "[S]\nA=1\nK=v\n\n \t\n[T]\nB=2\n"},
+      {"[S]\n; note\n\n", "S", "K", "v", "[S]\n; note\nK=v\n\n"},
+      {"[S]\n\n[T]\n", "S", "K", "v", "[S]\nK=v\n\n[T]\n"},
+      {"[S]\n[T]\nK=1\n[S]\nK=2\n", "S", "K", "v", "[S]\nK=v\n[T]\nK=1\n[S]\nK=2\n"},
+      // The last line may lack its line end.
+      {"[S]\nA=1", "S", "K", "v", "[S]\nA=1\nK=v\n"},
+      {"[S]", "S", "K", "v", "[S]\r\nK=v\r\n"},
+      {"[T]\nA=1", "S", "K", "v", "[T]\nA=1\n[S]\nK=v\n"},
+      {"; only a note", "S", "K", "v", "; only a note\r\n[S]\r\nK=v\r\n"},
+      // New lines take the file's own line ends.
+      {"[T]\n", "S", "K", "v", "[T]\n[S]\nK=v\n"},
+      {"[T]\r\n", "S", "K", "v", "[T]\r\n[S]\r\nK=v\r\n"},
+      {"[S]\rA=1\r", "S", "K", "v", "[S]\rA=1\rK=v\r"},
+      {"\n\n", "S", "K", "v", "\n\n[S]\nK=v\n"},
+  };
+  for (const WriteCase& c : kCases) ExpectWritten(c);
+}
+
+TEST(ProfileText, ALineEndInsideAValueEndsIt) {
+  const WriteCase kCases[] = {
+      {"", "S", "K", "a\r\nL=b", "[S]\r\nK=a\r\n"},
+      {"", "S", "K", "a\nL=b", "[S]\r\nK=a\r\n"},
+      {"", "S", "K", "a\0b"s, "[S]\r\nK=a\r\n"},
+      {"[S]\nK=1\n", "S", "K", "\n[T]", "[S]\nK=\n"},
+  };
+  for (const WriteCase& c : kCases) ExpectWritten(c);
+}
+
+TEST(ProfileText, RefusesWhatNoLineCanCarry) {
+  const std::string text = "[S]\nA=1\n";
+  for (const std::string& key :
+       {""s, "  "s, "a=b"s, "a\nb"s, "a\rb"s, "a\0b"s, "[k"s, " [k"s, ";k"s}) {
+    EXPECT_EQ(WithProfileValue(text, "S", key, "v"), text) << ::testing::PrintToString(key);
+    EXPECT_EQ(ReadProfileValue(text, "S", key), "") << ::testing::PrintToString(key);
+  }
+  for (const std::string& section : {"a]b"s, "a\nb"s, "a\rb"s, "a\0b"s}) {
+    EXPECT_EQ(WithProfileValue(text, section, "K", "v"), text) << ::testing::PrintToString(section);
+  }
+}
+
+}  // namespace
+}  // namespace quillbox

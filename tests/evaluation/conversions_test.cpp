@@ -1,0 +1,152 @@
+#include "evaluation/conversions.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "test_region.h"
+
+namespace quillbox {
+namespace {
+
+TEST(LeadingNumber, ReadsTheHeadOfAnyText) {
+  struct Case {
+    double number;
+    std::vector<std::string> texts;
+  };
+  constexpr double kLargest = std::numeric_limits<double>::max();
+  const Case kCases[] = {{0, {"", "abc", "-", ".", "e5", "$5", "1e-999", "0e99999999999999999999"}},
+                         {1, {"1", "1,234", "1\r2", "1e", "1e+", "1\2402", "+1x"}},
+                         {1.5, {"1.5", "1.5.2", "1 .\n5"}},
+                         {0.5, {".5%", "5E-1", "0.5"}},
+                         {-7, {" \t\n-7x", "- 7"}},
+                         {1234, {"12 34", "1.234e3", "12.34 e 2"}},
+                         {kLargest, {"1e999"}},
+                         {-kLargest, {"-1e999"}}};
+  for (const Case& c : kCases) {
+    for (const std::string& text : c.texts) EXPECT_EQ(LeadingNumber(text), c.number) << text;
+  }
+}
+
+TEST(ToDouble, ReadsTheRegionsNotation) {
+  struct Case {
+    const char* region;
+    std::optional<double> number;
+    std::vector<std::string> texts;
+  };
+  const Case kCases[] = {
+      {"en-US", 1234.5, {"1,234.5", "  $1,234.50 ", "1.2345E3", "1,,23,4.5", "+1234.5,0"}},
+      {"en-US", -5, {"-5", "5-", "$-5", "-$5", "5 $-", "(5)", "($5)", "$ (5)", "( 5 )"}},
+      {"en-US", 50, {",50", ",,50", "$,50", "50.", "\24050\240", "5e1", "5E+1", "50,"}},
+      {"en-US", 0, {"0.", "-0", ".0", "1E-999", "0E999"}},
+      {"en-US", 9007199254740992.0, {"9007199254740993"}},
+      {"en-US", {}, {"", " ", ".", ",", "-", "$", "()", "1.2.3", "1 2", "5\r", "\t5", "1%", "./A"}},
+      {"en-US", {}, {"-5-", "--5", "(-5)", "-(5)", "(5)-", "$5$", "(5", "5)", "((5))", "\2005"}},
+      {"en-US", {}, {"1e", "1e+", "1e5.0", "1e1,0", "1d2", "1E999", "e5"}},
+      {"en-GB", 5, {"\2435", "5"}},
+      {"en-GB", {}, {"$5"}},
+      {"de-DE", 1234.5, {"1.234,5", "1234,50 \200", "1.234,5.0"}},
+      {"de-DE", 1.2345, {"1,234.5"}},
+      {"de-DE", 0, {"0,"}},
+      {"de-DE", {}, {"$2.67", "1,2,3"}},
+      {"fr-FR", 1234.5, {"1\240234,5", "\2401234,50\240\200"}},
+      {"fr-FR", {}, {"1 234,5", "1.5"}},
+      {"de-CH", -1234.5, {"CHF-1'234.50", "-CHF 1234.5", "1'234.5-"}},
+      {"de-CH", {}, {"1,5", "chf 1"}},
+      {"sv-SE", 12.5, {"12,5 kr", "kr12,5"}},
+      {"pt-BR", -1234.5, {"-R$ 1.234,50"}},
+      {"pt-BR", {}, {"$ 5"}}};
+  for (const Case& c : kCases) {
+    for (const std::string& text : c.texts) {
+      EXPECT_EQ(OrNone([&] { return ToDouble(text, Region(c.region)); }), c.number)
+          << c.region << ": " << text;
+    }
+  }
+}
+
+TEST(ToCurrency, IsExactAndRoundsHalfToEven) {
+  struct Case {
+    std::string_view text;
+    std::optional<std::int64_t> amount;
+  };
+  const Case kCases[] = {{"1.23", 12300},
+                         {"0.00005", 0},
+                         {"0.00015", 2},
+                         {"0.00025", 2},
+                         {"0.000250000000000000000001", 3},
+                         {"-0.00015", -2},
+                         {"0.99995", 10000},
+                         {"922337203685477.5807", 9223372036854775807},
+                         {"922337203685477.58075", {}},
+                         {"922337203685477.58074", 9223372036854775807},
+                         {"-922337203685477.5808", std::numeric_limits<std::int64_t>::min()},
+                         {"-922337203685477.5809", {}},
+                         {"999999999999999.9999", {}},
+                         {"1E99999999999999999999", {}},
+                         {"1E-99999999999999999999", 0},
+                         {"0E99999999999999999999", 0},
+                         {"x", {}}};
+  for (const Case& c : kCases) {
+    EXPECT_EQ(OrNone([&] { return ToCurrency(c.text, Region("en-US")); }), c.amount) << c.text;
+  }
+}
+
+TEST(ToLong, RoundsHalfToEvenWithin32Bits) {
+  struct Case {
+    std::string_view text;
+    std::optional<std::int32_t> number;
+  };
+  const Case kCases[] = {{"0.5", 0},
+                         {"1.5", 2},
+                         {"2.5", 2},
+                         {"-2.5", -2},
+                         {"2.51", 3},
+                         {"9.5", 10},
+                         {"1,500", 1500},
+                         {"2147483647.4", 2147483647},
+                         {"2147483647.5", {}},
+                         {"-2147483648.5", std::numeric_limits<std::int32_t>::min()},
+                         {"-2147483649", {}},
+                         {"99999999999999999999", {}},
+                         {"", {}}};
+  for (const Case& c : kCases) {
+    EXPECT_EQ(OrNone([&] { return ToLong(c.text, Region("en-US")); }), c.number) << c.text;
+  }
+}
+
+TEST(ToDecimal, KeepsEveryDigit) {
+  struct Case {
+    const char* region;
+    std::string_view text;
+    std::optional<std::string> exact;
+  };
+  const Case kCases[] = {
+      {"en-US", "1.10", "1.1"},
+      {"en-US", "00.000", "0"},
+      {"en-US", "-0", "0"},
+      {"en-US", "(12.5)", "-12.5"},
+      {"en-US", "0.1000000000000000055511151231257827", "0.1000000000000000055511151231257827"},
+      {"en-US", "1.5E3", "1500"},
+      {"en-US", "15E-3", "0.015"},
+      {"de-DE", "1.234,50", "1234.5"},
+      {"en-US", "1E10000", {}},
+      {"en-US", "1E-10000", {}},
+      {"en-US", "0E10000", "0"},
+      {"en-US", "abc", {}}};
+  for (const Case& c : kCases) {
+    EXPECT_EQ(OrNone([&] { return ToDecimal(c.text, Region(c.region)).Text(); }), c.exact)
+        << c.region << ": " << c.text;
+  }
+}
+
+TEST(BuiltInRegion, KnowsItsNamesAlone) {
+  EXPECT_FALSE(BuiltInRegion("en-us"));
+  EXPECT_FALSE(BuiltInRegion(""));
+  EXPECT_TRUE(BuiltInRegion("pt-BR"));
+}
+
+}  // namespace
+}  // namespace quillbox

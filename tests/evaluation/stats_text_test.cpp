@@ -1,0 +1,125 @@
+#include "evaluation/stats_text.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "test_region.h"
+
+namespace quillbox {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+constexpr int kYear = 2007;
+constexpr const char* kAllLetters = "ABCDEFHIJKLMG";
+const std::string kFirst =
+    "9:05 AM|||1/30/2007|||1000|||15|||1.5%|||$2.00|||3.00|||$4.00|||30000|||450|||1.25%|||2|||90";
+const std::string kSecond =
+    "9:06 AM|||1/31/2007|||500|||3|||0.6%|||$3.00|||1.50|||$0.50|||9000|||50|||0.5%|||1|||10.5";
+
+TEST(OneAccountStatsText, HasALineForEachLetterInTheTablesOrder) {
+  EXPECT_EQ(OneAccountStatsText(kAllLetters, kFirst, kYear, Region("en-US")),
+            "Date: 1/30/2007\r\nImpressions: 1,000\r\nClicks: 15\r\nCTR: 1.5%\r\neCPM: $2.00\r\n"
+            "Earnings: $3.00\r\nPredicted Earnings: $4.00\r\nMonth Impressions: 30,000\r\n"
+            "Month Clicks: 450\r\nMonth CTR: 1.25%\r\nMonth eCPM: $2.00\r\nMonth Earnings: $90.00"
+            "\r\nDownloaded: 9:05 AM");
+}
+
+TEST(OneAccountStatsText, ShowsWhatIsSelectedAndThere) {
+  struct Case {
+    const char* region;
+    const char* values;
+    std::string record;
+    const char* text;
+  };
+  const Case kCases[] = {
+      {"en-US", "", kFirst, ""},
+      {"en-US", "g", kFirst, "Downloaded: 9:05 AM"},
+      {"en-US", "Ga", kFirst, "Date: 1/30/2007\r\nDownloaded: 9:05 AM"},
+      {"en-US", "A", kFirst, "Date: 1/30/2007"},
+      {"en-US", kAllLetters, "", ""},
+      {"en-US", "AG", "9:05||||||1000", "Downloaded: 9:05"},
+      {"en-US", "CG", "9:05", "Downloaded: 9:05"},
+      {"en-US", "DEFH", "t|||d|||1|||1|||||||||x|||N/A", "CTR: "},
+      {"en-US", "H", "t|||d|||1|||1|||1|||1|||1|||0", "Predicted Earnings: N/A"},
+      {"en-US", "H", "t|||d|||1|||1|||1|||1|||1|||$0.00", "Predicted Earnings: $0.00"},
+      {"en-US", "H", "t|||d|||1|||1|||1|||1|||1", ""},
+      {"en-US", "EF", "t|||d|||1|||1|||1|||-1.5|||($1,234.5)",
+       "eCPM: $1.50\r\nEarnings: $1,234.50"},
+      {"de-DE", "ABE", "t|||1/31/2007|||1234567|||1|||1|||1.234,5 \200",
+       "Date: 31.01.2007\r\nImpressions: 1.234.567\r\neCPM: $1.234,50"},
+      {"de-DE", "E", "t|||d|||1|||1|||1|||$1.0", ""},
+      {"fr-FR", "F", "t|||d|||1|||1|||1|||1|||1234,5", "Earnings: $1234,50"},
+      {"de-CH", "F", "t|||d|||1|||1|||1|||1|||1234.5", "Earnings: $1234.50"}};
+  for (const Case& c : kCases) {
+    EXPECT_EQ(OneAccountStatsText(c.values, c.record, kYear, Region(c.region)), c.text)
+        << c.region << " " << c.values << " " << c.record;
+  }
+}
+
+TEST(AllAccountsStatsText, SumsAndMeans) {
+  const std::vector<std::string> records = {kFirst, kSecond};
+  EXPECT_EQ(AllAccountsStatsText("ABCDEFG", records, kYear, Region("en-US")),
+            "Date: 1/31/2007\r\nImpressions: 1,500\r\nClicks: 18\r\nCTR: 1.05%\r\neCPM: $2.50\r\n"
+            "Earnings: $4.50\r\nDownloaded: 9:06 AM");
+  EXPECT_EQ(AllAccountsStatsText("HIJKLM", records, kYear, Region("en-US")),
+            "Predicted Earnings: $4.50\r\nMonth Impressions: 39,000\r\nMonth Clicks: 500\r\n"
+            "Month CTR: 0.875%\r\nMonth eCPM: $1.50\r\nMonth Earnings: $100.50");
+}
+
+TEST(AllAccountsStatsText, WhatIsMissingAddsNothing) {
+  struct Case {
+    const char* values;
+    std::vector<std::string> records;
+    const char* text;
+  };
+  const Case kCases[] = {
+      {"ABDEG", {kSecond, ""}, "Impressions: 500\r\nCTR: 0.3%\r\neCPM: $1.50"},
+      {"ADG", {"", kSecond}, "Date: 1/31/2007\r\nCTR: 0.3%\r\nDownloaded: 9:06 AM"},
+      {"ABDFHG",
+       {"", ""},
+       "Impressions: 0\r\nCTR: 0%\r\nEarnings: $0.00\r\nPredicted Earnings: N/A"},
+      {"BDEF", {}, "Impressions: 0\r\nEarnings: $0.00"},
+      {"D", {kFirst, kSecond, "t|||d|||1|||1|||0.3%"}, "CTR: 0.8%"},
+      {"D", {"t|||d|||1|||1|||1%", "", ""}, "CTR: 0.333333333333333%"},
+      {"B", {"t|||d|||2000000000", "t|||d|||2000000000"}, "Impressions: 2,000,000,000"},
+      {"BC", {"t|||d|||x|||2", "t|||d|||3.5|||N/A"}, "Impressions: 4\r\nClicks: 2"}};
+  for (const Case& c : kCases) {
+    EXPECT_EQ(AllAccountsStatsText(c.values, c.records, kYear, Region("en-US")), c.text)
+        << c.values << " of " << c.records.size();
+  }
+}
+
+TEST(StatsPopupItems, ShowAllValuesOfAWholeRecord) {
+  EXPECT_THAT(StatsPopupItems(kFirst, Region("en-US")),
+              ElementsAre("1/30/2007", "Impressions: 1,000", "Clicks: 15", "CTR: 1.5%",
+                          "eCPM: $2.00", "Earnings: $3.00", "Predicted Earnings: $4.00",
+                          "Month Impressions: 30,000", "Month Clicks: 450", "Month CTR: 1.25%",
+                          "Month eCPM: $2.00", "Month Earnings: $90.00", "Downloaded: 9:05 AM"));
+  EXPECT_THAT(StatsPopupItems("t|||no date|||1|||x|||||||||||||||||||||||||||", Region("en-US")),
+              ElementsAre("no date", "Impressions: 1", "CTR: ", "Month CTR: ", "Downloaded: t"));
+}
+
+TEST(StatsPopupItems, AnyOtherRecordLeavesThePopupEmpty) {
+  const std::string twelve = kFirst.substr(0, kFirst.rfind("|||"));
+  for (const std::string& record : {std::string(), twelve, kFirst + "|||14"}) {
+    EXPECT_THAT(StatsPopupItems(record, Region("en-US")), IsEmpty()) << record;
+  }
+}
+
+TEST(AccountStatsPopups, StandInReverseOrderBelowTheFirst) {
+  const std::vector<std::string> accounts = {"one", "two", "three"};
+  const std::vector<std::string> records = {kFirst, "", kSecond};
+  const Menu menu = AccountStatsPopups(accounts, records, Region("en-US"));
+  ASSERT_EQ(menu.size(), 3u);
+  EXPECT_EQ(menu[0].Caption + menu[1].Caption + menu[2].Caption, "onethreetwo");
+  EXPECT_TRUE(menu[2].Submenu);
+  EXPECT_THAT(menu[2].Items, IsEmpty());
+  ASSERT_EQ(menu[1].Items.size(), 13u);
+  EXPECT_EQ(menu[1].Items[0].Command, 1);
+  EXPECT_TRUE(menu[1].Items[0].Enabled);
+}
+
+}  // namespace
+}  // namespace quillbox

@@ -1,0 +1,79 @@
+// Report texts and stored records of any content, through the evaluation and the statistics texts.
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <cstdlib>
+#include <string>
+#include <string_view>
+
+#include "evaluation/account_evaluation.h"
+#include "evaluation/regions.h"
+#include "evaluation/stats_text.h"
+#include "text/text_list.h"
+
+namespace quillbox {
+namespace {
+
+constexpr std::string_view kReports[] = {"All", "AdSense for Content", "AdSense for Search",
+                                         "Referrals", "none"};
+constexpr std::string_view kRegions[] = {"en-US", "de-DE", "fr-FR", "de-CH"};
+constexpr std::size_t kMostDays = 7;
+
+void Require(bool holds) {
+  if (!holds) std::abort();
+}
+
+// Texts end at a character 0, so that the fuzzer finds the borders.
+std::string TakeText(std::string_view& in) {
+  const std::size_t end = std::min(in.find('\0'), in.size());
+  std::string text(in.substr(0, end));
+  in.remove_prefix(std::min(end + 1, in.size()));
+  return text;
+}
+
+unsigned TakeByte(std::string_view& in) {
+  if (in.empty()) return 0;
+  const auto byte = static_cast<unsigned char>(in.front());
+  in.remove_prefix(1);
+  return byte;
+}
+
+EvaluationInput TakeInput(std::string_view& in) {
+  EvaluationInput input;
+  input.DataToDownload = kReports[TakeByte(in) % std::size(kReports)];
+  input.Content = TakeText(in);
+  input.Search = TakeText(in);
+  input.Referral = TakeText(in);
+  input.StoredStats = TakeText(in);
+  input.StoredHistory = TakeText(in);
+  input.LastDate = TakeText(in);
+  return input;
+}
+
+void Evaluate(EvaluationInput input, const RegionalSettings& region) {
+  const EvaluationDecision first = EvaluateReports(input, region);
+  Require(SplitText(first.History, kListSeparator).size() <= kMostDays);
+  Require(first.GatePassed || first.Changes.Empty());
+  Require(!first.BalloonWanted);
+
+  const std::string record = StoredRecord(first.Stats);
+  OneAccountStatsText("ABCDEFGHIJKLM", record, 2007, region);
+  AllAccountsStatsText("ABCDEFGHIJKLM", std::array{record, input.StoredStats}, 2007, region);
+  Require(StatsPopupItems(record, region).size() <= stats_field::kCount);
+}
+
+}  // namespace
+}  // namespace quillbox
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  using namespace quillbox;
+  static const std::array<RegionalSettings, std::size(kRegions)> regions = [] {
+    std::array<RegionalSettings, std::size(kRegions)> built;
+    for (std::size_t i = 0; i < built.size(); ++i) built[i] = BuiltInRegion(kRegions[i]).value();
+    return built;
+  }();
+  std::string_view in(reinterpret_cast<const char*>(data), size);
+  const RegionalSettings& region = regions[TakeByte(in) % regions.size()];
+  Evaluate(TakeInput(in), region);
+  return 0;
+}
