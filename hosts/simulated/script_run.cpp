@@ -1,0 +1,72 @@
+// Running a script: read and check all steps, do them, write the trace.
+#include "simulated/script_run.h"
+
+#include <istream>
+#include <nlohmann/json.hpp>
+#include <ostream>
+#include <vector>
+
+#include "simulated/script_members.h"
+#include "simulated/script_step.h"
+#include "simulated/script_trace.h"
+#include "simulated/simulated_program.h"
+
+namespace quillbox {
+namespace {
+
+bool IsStep(const std::string& line) {
+  const std::size_t first = line.find_first_not_of(" \t\r");
+  return first != std::string::npos && line[first] != '#';
+}
+
+ScriptStep ReadLine(const std::string& line, int number) {
+  try {
+    return ReadScriptStep(nlohmann::json::parse(line, nullptr, false), number);
+  } catch (const ScriptError& error) {
+    throw ScriptError{"line " + std::to_string(number) + ": " + error.What};
+  }
+}
+
+std::vector<ScriptStep> ReadSteps(std::istream& script) {
+  std::vector<ScriptStep> steps;
+  std::string line;
+  for (int number = 1; std::getline(script, line); ++number) {
+    if (!IsStep(line)) continue;
+    steps.push_back(ReadLine(line, number));
+    if (steps.back().Do == "host" && steps.size() > 1) {
+      throw ScriptError{"line " + std::to_string(number) + ": \"host\" must be the first step"};
+    }
+  }
+  return steps;
+}
+
+void RunStep(SimulatedProgram& program, const ScriptStep& step) {
+  const auto act = [&program, &step] {
+    const std::string line = std::to_string(step.Line);
+    program.Host.Effects.Add("step", line + " " + step.Do, {{"line", line}, {"do", step.Do}});
+    step.Act(program);
+  };
+  if (step.In) {
+    program.Host.After(*step.In, act);
+  } else {
+    act();
+  }
+}
+
+}  // namespace
+
+int RunScript(std::istream& script, std::ostream& trace, std::string& error) {
+  std::vector<ScriptStep> steps;
+  try {
+    steps = ReadSteps(script);
+  } catch (const ScriptError& refused) {
+    error = refused.What;
+    return kScriptRefused;
+  }
+  SimulatedProgram program(steps.empty() ? 0 : steps.front().Seed);
+  for (const ScriptStep& step : steps) RunStep(program, step);
+  WriteScriptTrace(trace, program.Host);
+  return kScriptDone;
+}
+
+}  // namespace quillbox

@@ -1,0 +1,37 @@
+// Steps of a script that put the state of things into the trace.
+#include "simulated/script_show.h"
+
+namespace quillbox {
+namespace {
+
+void ShowItems(SimulatedTrace& trace, const Menu& menu, const std::string& above) {
+  for (const MenuItem& item : menu) {
+    if (item.Separator()) continue;
+    const std::string path = above + item.Caption;
+    trace.Add("item", item.Enabled ? path : path + ", disabled",
+              {{"path", path}, {"enabled", item.Enabled ? "True" : "False"}});
+    ShowItems(trace, item.Items, path + " > ");
+  }
+}
+
+}  // namespace
+
+void ShowSettings(SimulatedProgram& program) {
+  for (const auto& entry : program.Host.Store.All()) {
+    const std::string shown = ShownValue(entry.Key, entry.Value);
+    program.Host.Effects.Add("setting", entry.Section + "/" + entry.Key + "=" + shown,
+                             {{"section", entry.Section}, {"key", entry.Key}, {"value", shown}});
+  }
+}
+
+void ShowFiles(SimulatedProgram& program) {
+  for (const auto& [path, content] : program.Host.Files.All()) {
+    program.Host.Effects.Add("file", path, {{"path", path}, {"content", content}});
+  }
+}
+
+void ShowMenu(SimulatedProgram& program) {
+  if (program.Host.Runs()) ShowItems(program.Host.Effects, program.State().TrayMenu, "");
+}
+
+}  // namespace quillbox

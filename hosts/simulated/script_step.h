@@ -1,0 +1,26 @@
+// One step of a script.
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <functional>
+#include <nlohmann/json_fwd.hpp>
+#include <optional>
+#include <string>
+
+#include "simulated/simulated_program.h"
+
+namespace quillbox {
+
+struct ScriptStep {
+  int Line = 0;
+  std::string Do;                               // the kind of step
+  std::optional<std::chrono::milliseconds> In;  // later, while the steps behind it go on
+  std::uint64_t Seed = 0;                       // of a host step
+  std::function<void(SimulatedProgram&)> Act;
+};
+
+// Throws ScriptError when `step` isn't one. Line numbers count from 1.
+ScriptStep ReadScriptStep(const nlohmann::json& step, int line);
+
+}  // namespace quillbox

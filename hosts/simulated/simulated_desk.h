@@ -1,0 +1,105 @@
+// The small ports: environment, windows, sounds, network, opened addresses, the other instance, the
+// way out.
+#pragma once
+
+#include <map>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "platform/address_opener.h"
+#include "platform/environment.h"
+#include "platform/forms.h"
+#include "platform/network_state.h"
+#include "platform/program_exit.h"
+#include "platform/single_instance.h"
+#include "platform/sounds.h"
+#include "simulated/simulated_trace.h"
+#include "text/letter_case.h"
+
+namespace quillbox {
+
+class SimulatedEnvironment final : public Environment {
+ public:
+  void Set(const std::string& name, const std::string& value) { values_[name] = value; }
+  std::string Variable(std::string_view name) override;
+
+ private:
+  std::map<std::string, std::string, LessIgnoringCase> values_;
+};
+
+class SimulatedForms final : public Forms {
+ public:
+  explicit SimulatedForms(SimulatedTrace& trace) : trace_(trace) {}
+  bool Loaded(FormName form) const { return loaded_.contains(form); }
+
+  // The process is gone, and its windows with it.
+  void ProgramEnded() { loaded_.clear(); }
+
+  void Load(FormName form) override;
+  void UnloadAll() override;
+
+ private:
+  SimulatedTrace& trace_;
+  std::set<FormName> loaded_;
+};
+
+class SimulatedSounds final : public Sounds {
+ public:
+  explicit SimulatedSounds(SimulatedTrace& trace) : trace_(trace) {}
+  void PlaySoundFile(const std::string& file) override { trace_.Add("sound", file); }
+
+ private:
+  SimulatedTrace& trace_;
+};
+
+class SimulatedNetwork final : public NetworkState {
+ public:
+  void SetOnline(bool online) { online_ = online; }
+  bool IsOnline() override { return online_; }
+
+ private:
+  bool online_ = true;
+};
+
+class SimulatedOpener final : public AddressOpener {
+ public:
+  explicit SimulatedOpener(SimulatedTrace& trace) : trace_(trace) {}
+
+  // Everything that was to be opened, in order, with the secrets in it; the trace has no password.
+  const std::vector<std::string>& Opened() const { return opened_; }
+
+  void Open(const std::string& target) override;
+
+ private:
+  SimulatedTrace& trace_;
+  std::vector<std::string> opened_;
+};
+
+class SimulatedInstance final : public SingleInstance {
+ public:
+  explicit SimulatedInstance(SimulatedTrace& trace) : trace_(trace) {}
+  void SetAnotherRuns(bool runs) { anotherRuns_ = runs; }
+
+  bool AnotherInstanceRuns() override { return anotherRuns_; }
+  void WakeRunningInstance() override { trace_.Add("wake", ""); }
+
+ private:
+  SimulatedTrace& trace_;
+  bool anotherRuns_ = false;
+};
+
+// What carries a simulated process out of all that it is in the middle of. Only the host that runs
+// the process catches it.
+struct ProcessEnded {};
+
+class SimulatedExit final : public ProgramExit {
+ public:
+  explicit SimulatedExit(SimulatedTrace& trace) : trace_(trace) {}
+  [[noreturn]] void EndProcess() override;
+
+ private:
+  SimulatedTrace& trace_;
+};
+
+}  // namespace quillbox

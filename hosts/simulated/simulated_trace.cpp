@@ -1,0 +1,32 @@
+// The trace: everything that the program did to its host, in order.
+#include "simulated/simulated_trace.h"
+
+#include <algorithm>
+
+namespace quillbox {
+
+std::string TraceLine(const TraceEntry& entry) {
+  return entry.Text.empty() ? entry.What : entry.What + " " + entry.Text;
+}
+
+void SimulatedTrace::Add(std::string what, std::string text,
+                         std::vector<std::pair<std::string, std::string>> parts) {
+  entries_.push_back({time_.Now(), std::move(what), std::move(text), std::move(parts)});
+}
+
+std::vector<std::string> SimulatedTrace::Lines() const {
+  std::vector<std::string> lines;
+  for (const TraceEntry& entry : entries_) lines.push_back(TraceLine(entry));
+  return lines;
+}
+
+std::vector<std::string> SimulatedTrace::Lines(
+    std::initializer_list<std::string_view> kinds) const {
+  std::vector<std::string> lines;
+  for (const TraceEntry& entry : entries_) {
+    if (std::ranges::find(kinds, entry.What) != kinds.end()) lines.push_back(TraceLine(entry));
+  }
+  return lines;
+}
+
+}  // namespace quillbox

@@ -1,0 +1,10 @@
+// What keeps the person's secrets from leaking out of this process by the system's own ways.
+#pragma once
+
+namespace quillbox {
+
+// From here on new files are for their owner alone, a crash leaves no core file, and no other
+// process of the same user can read this one's memory. Call it first thing in main.
+void ProtectProcess();
+
+}  // namespace quillbox

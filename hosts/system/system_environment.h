@@ -1,0 +1,15 @@
+// The environment of this process.
+#pragma once
+
+#include "platform/environment.h"
+
+namespace quillbox {
+
+// Values are taken as UTF-8. A variable whose name has exactly the asked letters comes before one
+// in another case.
+class SystemEnvironment : public Environment {
+ public:
+  std::string Variable(std::string_view name) override;
+};
+
+}  // namespace quillbox

@@ -1,0 +1,137 @@
+// What simulated files hold after failures and power losses.
+#include "simulated/simulated_files.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <set>
+#include <string>
+
+#include "config/atomic_write.h"
+
+namespace quillbox {
+namespace {
+
+using testing::AnyOf;
+using testing::Contains;
+using testing::ElementsAre;
+using testing::Optional;
+
+constexpr int kSeeds = 50;
+
+void SaveWithoutFlushing(SimulatedFiles& files, const std::string& content) {
+  files.WriteNew("/d/new", content);
+  files.Rename("/d/new", "/d/a.ini");
+  files.Flush("/d");
+}
+
+// What the file can hold when the power goes at any step of the saving, with any seed; "(none)" for
+// a file that is gone.
+template <typename Save>
+std::set<std::string> LeftByPowerLosses(const Save& save) {
+  std::set<std::string> left;
+  for (std::uint64_t seed = 0; seed < kSeeds; ++seed) {
+    for (int step = 0;; ++step) {
+      SimulatedFiles files({{"/d/a.ini", "old"}}, seed);
+      files.LosePowerAtStep(step);
+      save(files);
+      const bool stepsDone = files.HasPower();
+      files.PowerBack();
+      left.insert(files.Read("/d/a.ini").value_or("(none)"));
+      if (stepsDone) break;
+    }
+  }
+  return left;
+}
+
+TEST(SimulatedFiles, AnAtomicWriteLeavesTheOldOrTheNewFile) {
+  const auto left =
+      LeftByPowerLosses([](SimulatedFiles& files) { WriteAtomically(files, "/d/a.ini", "new"); });
+  EXPECT_THAT(left, ElementsAre("new", "old"));
+}
+
+TEST(SimulatedFiles, AWriteWithoutAFlushIsCaught) {
+  const auto left =
+      LeftByPowerLosses([](SimulatedFiles& files) { SaveWithoutFlushing(files, "new"); });
+  EXPECT_THAT(left, Contains("")) << "content that was never flushed can be gone";
+  EXPECT_THAT(left, Contains(AnyOf("n", "ne"))) << "or cut";
+}
+
+TEST(SimulatedFiles, ARenameThatWasNotFlushedMayBeUndone) {
+  const auto left = LeftByPowerLosses([](SimulatedFiles& files) {
+    files.WriteNew("/d/new", "new");
+    files.Flush("/d/new");
+    files.Rename("/d/new", "/d/a.ini");
+  });
+  EXPECT_THAT(left, ElementsAre("new", "old"));
+}
+
+TEST(SimulatedFiles, NothingWorksWithoutPower) {
+  SimulatedFiles files{{"/d/a", "1"}};
+  files.LosePowerAtStep(1);
+  EXPECT_TRUE(files.WriteNew("/d/b", "2"));
+  EXPECT_TRUE(files.HasPower());
+  EXPECT_FALSE(files.Remove("/d/a"));
+  EXPECT_FALSE(files.HasPower());
+  EXPECT_FALSE(files.Exists("/d/a"));
+  EXPECT_EQ(files.Read("/d/b"), std::nullopt);
+  EXPECT_FALSE(files.WriteNew("/d/c", "3"));
+  EXPECT_FALSE(files.WriteFromOutside("/d/c", "3"));
+  files.PowerBack();
+  EXPECT_TRUE(files.WriteNew("/d/c", "3"));
+}
+
+TEST(SimulatedFiles, ChangesOfNamesHappenInTheirOrder) {
+  for (std::uint64_t seed = 0; seed < kSeeds; ++seed) {
+    SimulatedFiles files({{"/d/a", "1"}}, seed);
+    files.Rename("/d/a", "/d/b");
+    files.Rename("/d/b", "/d/c");
+    files.PowerBack();
+    EXPECT_EQ(files.All().size(), 1U) << "seed " << seed;
+    EXPECT_EQ(files.All().begin()->second, "1") << "seed " << seed;
+  }
+}
+
+TEST(SimulatedFiles, FailsAsToldTo) {
+  struct Case {
+    const char* what;
+    DiskState disk;
+    bool canWrite, canRename, canRemove;
+  };
+  const Case kCases[] = {{"works", DiskState::kWorks, true, true, true},
+                         {"full", DiskState::kFull, false, true, true},
+                         {"read-only", DiskState::kReadOnly, false, false, false}};
+  for (const Case& c : kCases) {
+    SimulatedFiles files{{"/d/a", "1"}, {"/d/b", "2"}};
+    files.SetDisk(c.disk);
+    EXPECT_EQ(files.WriteNew("/d/c", "3"), c.canWrite) << c.what;
+    EXPECT_EQ(files.WriteFromOutside("/d/d", "4"), c.canWrite) << c.what;
+    EXPECT_EQ(files.Rename("/d/a", "/d/e"), c.canRename) << c.what;
+    EXPECT_EQ(files.Remove("/d/b"), c.canRemove) << c.what;
+    EXPECT_EQ(files.Exists("/d/b"), !c.canRemove) << c.what;
+  }
+}
+
+TEST(SimulatedFiles, AFileThatCannotBeReadIsThere) {
+  SimulatedFiles files{{"/d/a", "12"}};
+  files.SetReadable("/d/a", false);
+  EXPECT_TRUE(files.Exists("/d/a"));
+  EXPECT_THAT(files.Size("/d/a"), Optional(2U));
+  EXPECT_EQ(files.Read("/d/a"), std::nullopt);
+  files.SetReadable("/d/a", true);
+  EXPECT_THAT(files.Read("/d/a"), Optional(std::string("12")));
+}
+
+TEST(SimulatedFiles, ANameIsTakenOnce) {
+  SimulatedFiles files{{"/d/a", "1"}};
+  EXPECT_FALSE(files.WriteNew("/d/a", "2"));
+  EXPECT_THAT(files.Read("/d/a"), Optional(std::string("1")));
+}
+
+TEST(SimulatedFiles, ListsTheFolderAlone) {
+  SimulatedFiles files{{"/d/b.WAV", ""}, {"/d/a.wav", ""}, {"/d/e/c.wav", ""}, {"/f.wav", ""}};
+  EXPECT_THAT(files.List("/d", "*.wav"), ElementsAre("a.wav", "b.WAV"));
+}
+
+}  // namespace
+}  // namespace quillbox
