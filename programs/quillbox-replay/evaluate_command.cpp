@@ -1,0 +1,156 @@
+// Saved reports on a settings file, for people.
+#include <algorithm>
+#include <filesystem>
+#include <iostream>
+
+#include "config/account_list.h"
+#include "config/atomic_write.h"
+#include "evaluation/regions.h"
+#include "quillbox-replay/commands.h"
+#include "quillbox-replay/date_argument.h"
+#include "quillbox-replay/evaluation_words.h"
+#include "quillbox-replay/profile_store.h"
+#include "system/system_clock.h"
+#include "system/system_files.h"
+#include "text/code_page.h"
+
+namespace quillbox {
+namespace {
+
+struct Job {
+  std::string SettingsFile;
+  std::string Account;  // code page
+  std::string Folder;
+  std::string RegionName;
+  RegionalSettings Region;
+  std::chrono::local_seconds Now;
+  bool Save = false;
+};
+
+std::string AccountOf(const Options& options) {
+  std::optional<std::string> account = FromUtf8(options.Needed("--account"));
+  if (!account) throw UsageError("--account holds a character that windows-1252 lacks");
+  return *std::move(account);
+}
+
+RegionalSettings RegionNamed(const std::string& name) {
+  std::optional<RegionalSettings> region = BuiltInRegion(name);
+  if (!region) throw UsageError("unknown region " + name);
+  return *std::move(region);
+}
+
+std::chrono::local_seconds TimeOf(const Options& options) {
+  const std::optional<std::string> text = options.Value("--at");
+  if (!text) return SystemClock().LocalTime();
+  const auto time = ParseDateAndTime(*text);
+  if (!time) throw UsageError("--at must be a date and time such as 2007-01-31T09:05:00");
+  return *time;
+}
+
+Job JobOf(Arguments arguments) {
+  const Options options(arguments, {"--settings", "--account", "--reports", "--region", "--at"},
+                        {"--save"});
+  Job job;
+  job.SettingsFile = options.Needed("--settings");
+  job.Account = AccountOf(options);
+  job.Folder = options.Value("--reports").value_or(".");
+  job.RegionName = options.Value("--region").value_or("en-US");
+  job.Region = RegionNamed(job.RegionName);
+  job.Now = TimeOf(options);
+  job.Save = options.Has("--save");
+  return job;
+}
+
+std::string ReadSettings(const std::string& path) {
+  std::optional<std::string> text = SystemFiles().Read(path);
+  if (!text) throw UsageError("can't read the settings file " + path);
+  return *std::move(text);
+}
+
+void CheckFolder(const std::string& folder) {
+  std::error_code failure;
+  const std::filesystem::directory_iterator entries(folder, failure);
+  if (failure) throw UsageError("can't read the folder " + folder);
+}
+
+void LoadState(AppState& state, const SettingsStore& store) {
+  static_cast<AccountList&>(state) = LoadAccountList(store);
+  for (std::size_t i = 0; i < kSounds.size(); ++i) {
+    const std::string file = store.ReadSetting(kSounds[i]);
+    state.SoundFiles[i] = file.empty() ? std::string(kNoSound) : file;
+  }
+}
+
+// The report's text if the setting selects it and it is there; tells what was found.
+std::optional<std::string> ReadReport(EvaluationStory& story, std::string_view report,
+                                      const std::string& path) {
+  if (!Selects(story.Input.DataToDownload, report)) return std::nullopt;
+  SystemFiles files;
+  std::optional<std::string> text = files.Read(path);
+  if (!text && files.Exists(path)) throw UsageError("can't read the report " + path);
+  story.Reports.push_back(
+      {std::filesystem::path(path).filename().string(), text.has_value(), text ? text->size() : 0});
+  return text;
+}
+
+// What EvaluateAccountReports reads too; its decision is worked out here once more, to be told.
+void ReadInput(EvaluationStory& story, const SettingsStore& store, const ReportPaths& paths) {
+  const AccountKeys keys(story.Account);
+  EvaluationInput& input = story.Input;
+  input.DataToDownload = store.ReadSetting(kDataToDownload);
+  input.LastDate = store.ReadSetting(kLastDate);
+  input.Use24Hour = store.ReadSetting(kUse24Hour) == kTrue;
+  input.ShowBalloonWhen = store.ReadSetting(kShowBalloonWhen);
+  input.StoredStats = store.ReadSetting(keys.Stats());
+  input.StoredHistory = store.ReadSetting(keys.Impressions());
+  input.Content = ReadReport(story, kDownloadContent, paths.Content);
+  input.Search = ReadReport(story, kDownloadSearch, paths.Search);
+  input.Referral = ReadReport(story, kDownloadReferrals, paths.Referral);
+}
+
+ReportPaths PathsIn(const std::string& folder) {
+  const ReportPaths names;
+  return {folder + "/" + names.Content, folder + "/" + names.Search, folder + "/" + names.Referral};
+}
+
+// Runs the job on `settings`, which changes, and tells what came of it.
+EvaluationStory Evaluate(const Job& job, ProfileStore& settings) {
+  SystemFiles files;
+  EvaluationHost host(settings, files, job.Region, job.Now);
+  const ReportPaths paths = PathsIn(job.Folder);
+  LoadState(host.State, host.Program.Store);
+
+  EvaluationStory story;
+  story.Account = job.Account;
+  story.Region = job.RegionName;
+  const std::vector<std::string>& accounts = host.State.Accounts;
+  story.AccountListed = std::find(accounts.begin(), accounts.end(), job.Account) != accounts.end();
+  story.Input.Now = job.Now;
+  ReadInput(story, host.Program.Store, paths);
+  story.Decision = EvaluateReports(story.Input, job.Region);
+  story.Effects = RunEvaluation(host, paths, job.Account);
+  return story;
+}
+
+std::string Save(const std::string& path, const std::string& text) {
+  SystemFiles files;
+  if (!WriteAtomically(files, path, text))
+    throw UsageError("can't write the settings file " + path);
+  return "\nSaved in " + path + "\n";
+}
+
+}  // namespace
+
+int EvaluateCommand(Arguments arguments) {
+  const Job job = JobOf(arguments);
+  ProfileStore settings(ReadSettings(job.SettingsFile));
+  CheckFolder(job.Folder);
+  const EvaluationStory story = Evaluate(job, settings);
+  std::string words = TellEvaluation(story);
+  words += job.Save ? Save(job.SettingsFile, settings.Text())
+                    : "\nNothing is saved; --save writes the settings file.\n";
+  std::cout << words;
+  return 0;
+}
+
+}  // namespace quillbox

@@ -1,0 +1,55 @@
+// The ports that evaluation and tray texts have no use for.
+#pragma once
+
+#include <stdexcept>
+
+#include "platform/address_opener.h"
+#include "platform/agent_runner.h"
+#include "platform/environment.h"
+#include "platform/event_pump.h"
+#include "platform/forms.h"
+#include "platform/message_boxes.h"
+#include "platform/network_state.h"
+#include "platform/program_exit.h"
+#include "platform/single_instance.h"
+#include "platform/timers.h"
+
+namespace quillbox {
+
+// Every call is a mistake in the program: it throws std::logic_error.
+class IdlePorts final : public AddressOpener,
+                        public AgentRunner,
+                        public Environment,
+                        public EventPump,
+                        public Forms,
+                        public MessageBoxes,
+                        public NetworkState,
+                        public ProgramExit,
+                        public SingleInstance,
+                        public Timers {
+ public:
+  void Open(const std::string&) override { Refuse(); }
+  AgentId Start(const AgentStart&) override { Refuse(); }
+  bool Running(AgentId) override { Refuse(); }
+  void End(AgentId) override { Refuse(); }
+  std::string Variable(std::string_view) override { Refuse(); }
+  void PumpEvents() override { Refuse(); }
+  void Sleep(std::chrono::milliseconds) override { Refuse(); }
+  void Load(FormName) override { Refuse(); }
+  void UnloadAll() override { Refuse(); }
+  BoxAnswer Show(const Message&) override { Refuse(); }
+  [[noreturn]] void EndProcess() override { Refuse(); }
+  bool IsOnline() override { Refuse(); }
+  bool AnotherInstanceRuns() override { Refuse(); }
+  void WakeRunningInstance() override { Refuse(); }
+  std::unique_ptr<Timer> NewTimer(std::chrono::milliseconds, std::function<void()>) override {
+    Refuse();
+  }
+
+ private:
+  [[noreturn]] static void Refuse() {
+    throw std::logic_error("a port was used that the evaluation must not use");
+  }
+};
+
+}  // namespace quillbox

@@ -1,0 +1,25 @@
+// Reading one line of JSON.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "quillbox-replay/json_value.h"
+
+namespace quillbox {
+
+// Objects and lists may stand in each other this deep.
+inline constexpr int kDeepestJson = 64;
+
+struct JsonLine {
+  std::string NotJson;  // what is wrong with a line that isn't JSON; empty for one that is
+  std::string Fault;    // JSON, but with something that no request may hold; empty if all is well
+  JsonValue Value;      // meaningful unless NotJson
+};
+
+// `line` (UTF-8, without its line feed) must outlive the result. What counts as a fault: a
+// character that the code page lacks, half of a surrogate pair, a member that an object holds
+// twice. The member "id" of the outermost object may hold any of these.
+JsonLine ReadJsonLine(std::string_view line);
+
+}  // namespace quillbox

@@ -1,0 +1,53 @@
+// Typed access to what a request holds.
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "quillbox-replay/json_value.h"
+
+namespace quillbox {
+
+// A request that can't be answered; what() tells the client why, as a text in the code page.
+class RequestError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+// An object of a request. Everything that reads a member throws RequestError when the member is
+// missing or has the wrong type; the message names it.
+class Request {
+ public:
+  // `object` must outlive this. `path` stands before the members' names in messages.
+  explicit Request(const JsonValue& object, std::string path = {})
+      : object_(object), path_(std::move(path)) {}
+
+  bool Has(std::string_view name) const { return object_.Find(name) != nullptr; }
+  const JsonValue& Member(std::string_view name) const;
+  const JsonValue& Member(std::string_view name, JsonValue::Type kind) const;
+
+  const std::string& Text(std::string_view name) const;
+  bool Truth(std::string_view name) const;
+  std::int32_t WholeNumber(std::string_view name) const;
+  std::vector<std::string> Texts(std::string_view name) const;
+  Request Object(std::string_view name) const;
+
+  // "2007-01-31T09:05:00"
+  std::chrono::local_seconds Time(std::string_view name) const;
+
+  const std::vector<JsonMember>& Members() const { return object_.Members; }
+  std::string PathOf(std::string_view name) const;
+
+ private:
+  const JsonValue& object_;
+  std::string path_;
+};
+
+// The nearest double of a JSON number; throws RequestError, which names `what`, when it has none.
+double NumberOf(const JsonValue& value, std::string_view what);
+
+}  // namespace quillbox

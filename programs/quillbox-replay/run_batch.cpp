@@ -1,0 +1,107 @@
+// Reading requests and writing answers without keeping a waiting client.
+#include <errno.h>
+#include <poll.h>
+#include <unistd.h>
+
+#include <iostream>
+
+#include "quillbox-replay/batch.h"
+
+namespace quillbox {
+namespace {
+
+constexpr std::size_t kChunk = std::size_t{1} << 16U;
+
+// So many bytes of answers are written even while lines wait, to keep the memory bounded.
+constexpr std::size_t kManyAnswers = std::size_t{1} << 18U;
+
+enum class Input { kMore, kEnd, kFailed };
+
+// Whether reading would not wait; also true at the end of the input.
+bool InputWaits(int in) {
+  pollfd input{in, POLLIN, 0};
+  return poll(&input, 1, 0) > 0;
+}
+
+Input ReadMore(int in, std::string& pending) {
+  const std::size_t before = pending.size();
+  pending.resize(before + kChunk);
+  ssize_t count = 0;
+  do {
+    count = read(in, pending.data() + before, kChunk);
+  } while (count < 0 && errno == EINTR);
+  pending.resize(before + static_cast<std::size_t>(count < 0 ? 0 : count));
+  if (count < 0) return Input::kFailed;
+  return count == 0 ? Input::kEnd : Input::kMore;
+}
+
+bool WriteAll(int out, std::string& answers) {
+  std::string_view rest = answers;
+  while (!rest.empty()) {
+    const ssize_t count = write(out, rest.data(), rest.size());
+    if (count >= 0) {
+      rest.remove_prefix(static_cast<std::size_t>(count));
+    } else if (errno != EINTR) {
+      return false;
+    }
+  }
+  answers.clear();
+  return true;
+}
+
+class Batch {
+ public:
+  Batch(int in, int out) : in_(in), out_(out) {}
+
+  int Run() {
+    for (;;) {
+      if (!AnswerWholeLines()) return Failed("the answers can't be written");
+      if (!InputWaits(in_) && !WriteAll(out_, answers_)) {
+        return Failed("the answers can't be written");
+      }
+      const Input input = ReadMore(in_, pending_);
+      if (input == Input::kFailed) return Failed("the requests can't be read");
+      if (input == Input::kEnd) return Finish();
+    }
+  }
+
+ private:
+  // Each byte of a line that comes in pieces is looked at once.
+  bool AnswerWholeLines() {
+    std::size_t begin = 0;
+    std::size_t end = pending_.find('\n', searched_);
+    for (; end != std::string::npos; end = pending_.find('\n', begin)) {
+      AnswerRequest(std::string_view(pending_).substr(begin, end - begin), answers_);
+      begin = end + 1;
+      if (answers_.size() >= kManyAnswers && !WriteAll(out_, answers_)) return false;
+    }
+    pending_.erase(0, begin);
+    searched_ = pending_.size();
+    return true;
+  }
+
+  // The last line need not have an end.
+  int Finish() {
+    if (!pending_.empty()) AnswerRequest(pending_, answers_);
+    return WriteAll(out_, answers_) ? 0 : Failed("the answers can't be written");
+  }
+
+  static int Failed(std::string_view reason) {
+    std::cerr << "quillbox-replay: " << reason << '\n';
+    return 2;
+  }
+
+  int in_;
+  int out_;
+  std::string pending_;       // read, not answered yet
+  std::size_t searched_ = 0;  // so much of it holds no line feed
+  std::string answers_;       // not written yet
+};
+
+}  // namespace
+
+int RunBatch(int in, int out) {
+  return Batch(in, out).Run();
+}
+
+}  // namespace quillbox

@@ -1,0 +1,96 @@
+// Stored accounts and settings files.
+#include "config/account_list.h"
+#include "config/profile_file.h"
+#include "quillbox-replay/evaluation_host.h"
+#include "quillbox-replay/memory_files.h"
+#include "quillbox-replay/operations.h"
+#include "quillbox-replay/settings_argument.h"
+#include "quillbox-replay/temporary_file.h"
+#include "system/system_files.h"
+
+namespace quillbox {
+namespace {
+
+void AccountListOf(const Request& request, JsonWriter& answer) {
+  MemoryStore store = SettingsOf(request);
+  MemoryFiles files;
+  const ApplicationFolder folder("", "", '/');
+  const std::string perUser;
+  const AccountList list = LoadAccountList(SettingsStore(store, files, folder, perUser));
+  answer.Name("accounts");
+  answer.Texts(list.Accounts);
+  answer.Name("usernames");
+  answer.Texts(list.Usernames);
+  answer.Name("passwords");
+  answer.Texts(list.Passwords);
+}
+
+struct Step {
+  enum class Kind { kRead, kWrite, kDelete };
+  Kind Kind;
+  SettingChange Change;
+};
+
+// `["read", section, key]`, `["write", section, key, value]` or `["delete", section, key]`.
+Step StepOf(const JsonValue& step) {
+  const auto text = [&step](std::size_t i) {
+    if (i >= step.Items.size() || step.Items[i].Kind != JsonValue::Type::kString) {
+      throw RequestError(
+          "a step must be a list of texts: what to do, section, key and for a write value");
+    }
+    return step.Items[i].Text;
+  };
+  const std::string what = text(0);
+  if (what == "read" && step.Items.size() == 3) return {Step::Kind::kRead, {text(1), text(2), {}}};
+  if (what == "delete" && step.Items.size() == 3) {
+    return {Step::Kind::kDelete, {text(1), text(2), {}}};
+  }
+  if (what == "write" && step.Items.size() == 4) {
+    return {Step::Kind::kWrite, {text(1), text(2), text(3)}};
+  }
+  throw RequestError("unknown step \"" + what + "\", or one with too few or too many texts");
+}
+
+std::vector<Step> StepsOf(const Request& request) {
+  std::vector<Step> steps;
+  for (const JsonValue& step : request.Member("steps", JsonValue::Type::kArray).Items) {
+    steps.push_back(StepOf(step));
+  }
+  return steps;
+}
+
+void Profile(const Request& request, JsonWriter& answer) {
+  const std::vector<Step> steps = StepsOf(request);
+  const TemporaryFile file(request.Text("text"));
+  SystemFiles files;
+
+  answer.Name("results");
+  answer.BeginArray();
+  for (const Step& step : steps) {
+    if (step.Kind == Step::Kind::kRead) {
+      answer.Text(IniRead(files, step.Change.Section, step.Change.Key, file.Path()));
+    } else {
+      IniWrite(files, std::span(&step.Change, 1), file.Path());
+      answer.Null();
+    }
+  }
+  answer.EndArray();
+
+  const std::optional<std::string> text = files.Read(file.Path());
+  if (!text) throw RequestError("the temporary settings file can't be read");
+  answer.Name("text");
+  answer.Text(*text);
+}
+
+constexpr Operation kOperations[] = {
+    {"accountList", AccountListOf},
+    {"profile", Profile},
+};
+
+}  // namespace
+
+std::span<const Operation> SettingsOperations() {
+  return kOperations;
+}
+
+}  // namespace quillbox

@@ -1,0 +1,223 @@
+#include <gtest/gtest.h>
+
+#include <span>
+
+#include "replay/answer.h"
+
+namespace quillbox {
+namespace {
+
+struct Case {
+  const char* What;
+  std::string Request;
+  std::string Answer;
+};
+
+void ExpectAnswers(std::span<const Case> cases) {
+  for (const Case& c : cases) EXPECT_EQ(Answer(c.Request), c.Answer) << c.What;
+}
+
+TEST(Answers, AccountList) {
+  const Case kCases[] = {
+      {"keys are found in any case; passwords come in clear",
+       R"({"op":"accountList","settings":{"ADSENSE":{"accounts":"a|||b","Usernames":"x|||y","PASSWORDS":"bdf|||2"}}})",
+       R"({"ok":true,"accounts":["a","b"],"usernames":["x","y"],"passwords":["abc","1"]})"},
+      {"nothing is stored", R"({"op":"accountList","settings":{}})",
+       R"({"ok":true,"accounts":[],"usernames":[],"passwords":[]})"},
+      {"lists of unequal length stay as loaded, and a bad password takes all of them with it",
+       R"({"op":"accountList","settings":{"AdSense":{"Accounts":"a|||b","Usernames":"x","Passwords":"bdf|||\u0000"}}})",
+       R"({"ok":true,"accounts":["a","b"],"usernames":["x"],"passwords":[]})"},
+  };
+  ExpectAnswers(kCases);
+}
+
+TEST(Answers, Profile) {
+  const Case kCases[] = {
+      {"reads, writes and deletes in their order",
+       R"({"op":"profile","text":"; note\r\n[General]\r\nUSE24HOUR=True\r\n","steps":[)"
+       R"(["read","general","use24Hour"],["write","General","Load","a b "],["read","General","LOAD"],)"
+       R"(["delete","General","Use24Hour"],["read","General","Use24Hour"]]})",
+       R"({"ok":true,"results":["True",null,"a b ",null,""],)"
+       R"("text":"; note\r\n[General]\r\nUSE24HOUR=\r\nLOAD=a b \r\n"})"},
+      {"no steps leave the file as it is", R"({"op":"profile","text":"[x]\nÄ=ö","steps":[]})",
+       R"({"ok":true,"results":[],"text":"[x]\nÄ=ö"})"},
+      {"section and file are made as needed",
+       R"({"op":"profile","text":"","steps":[["write","A","k","v"]]})",
+       R"({"ok":true,"results":[null],"text":"[A]\r\nK=v\r\n"})"},
+      {"a read gives 749 characters at most",
+       R"({"op":"profile","text":"[A]\nK=)" + std::string(750, 'x') +
+           R"(","steps":[["read","A","K"]]})",
+       R"({"ok":true,"results":[")" + std::string(749, 'x') + R"("],"text":"[A]\nK=)" +
+           std::string(750, 'x') + R"("})"},
+  };
+  ExpectAnswers(kCases);
+}
+
+// The parts of an evaluation that the cases don't vary.
+std::string EvaluateRequest(std::string_view account, std::string_view settings,
+                            std::string_view files) {
+  return R"({"op":"evaluate","region":"en-US","now":"2007-01-31T09:05:00","account":")" +
+         std::string(account) + R"(","accounts":["One","Two"],"settings":)" +
+         std::string(settings) +
+         R"j(,"soundFiles":["i.wav","c.wav","(None)","e.wav","(None)","d.wav"],"files":)j" +
+         std::string(files) + "}";
+}
+
+constexpr std::string_view kContent =
+    R"({"content":"h\n1/31/2007\t1000\t10\t1.00%\t2.00\t2.00\nTotals\t5000\t50\t1.00%\t2.00\t10.00\n-\n",)"
+    R"("search":"h\n1/31/2007\t500\t5\t1.00%\t4.00\t2.00\nTotals\t500\t5\t1.00%\t4.00\t2.00\n-\n",)"
+    R"("referral":"h\n1/31/2007\t0\t0\t0%\t0\t0.00\t0.00\nTotals\t0\t0\t0%\t0\t0.00\t0.00\n-\n"})";
+
+TEST(Answers, EvaluateTellsStoreTooltipWholeBalloonAndSounds) {
+  // Keys that were there keep their case; those that the evaluation writes have the program's.
+  const std::string settings =
+      R"({"adsense":{"PRIMARYACCOUNT":"One"},"MISC":{"lastdate":"1/30/2007"},)"
+      R"("TrayIcon":{"ShowBalloonWhen":"Clicks Changes"},)"
+      R"("TrayTooltip":{"DataToDownload":"All","Values":"ABCDEFGHIJKLM"}})";
+  const std::string text =
+      R"(Date: 1/31/2007\r\nImpressions: 1,500\r\nClicks: 15\r\nCTR: 1.0%\r\neCPM: $2.67\r\n)"
+      R"(Earnings: $4.00\r\nPredicted Earnings: $0.00\r\nMonth Impressions: 5,500\r\n)"
+      R"(Month Clicks: 55\r\nMonth CTR: 1.0%\r\nMonth eCPM: $2.18\r\nMonth Earnings: $12.00\r\n)"
+      R"(Downloaded: 9:05 AM)";
+  ASSERT_GT(text.size(), 255U);  // longer than the tray record's field
+  const std::string record =
+      "9:05 AM|||1/31/2007|||1500|||15|||1.0%|||$2.67|||4|||$0.00|||5500|||55|||1.0%|||$2.18|||12";
+  EXPECT_EQ(
+      Answer(EvaluateRequest("One", settings, kContent)),
+      R"({"ok":true,"settings":{"Accounts":{"One":")" + record +
+          R"(","One Impressions":""},"adsense":{"PRIMARYACCOUNT":"One"},)"
+          R"("MISC":{"lastdate":"1/31/2007"},"TrayIcon":{"ShowBalloonWhen":"Clicks Changes"},)"
+          R"("TrayTooltip":{"DataToDownload":"All","Values":"ABCDEFGHIJKLM"}},"tooltip":")" +
+          text + R"(","balloon":")" + text + R"(","sounds":["i.wav","c.wav","e.wav","d.wav"]})");
+}
+
+TEST(Answers, EvaluateTellsNullForWhatDidNotHappen) {
+  const std::string settings = R"({"AdSense":{"PrimaryAccount":"One"},)"
+                               R"("TrayTooltip":{"DataToDownload":"AdSense for Search"}})";
+  EXPECT_EQ(
+      Answer(EvaluateRequest("Two", settings, R"({"content":null,"search":null,"referral":null})")),
+      R"({"ok":true,"settings":{"Accounts":{"Two":"9:05 AM|||1/31/2007|||0|||0|||0|||0|||0|||)"
+      R"($0.00|||0|||0|||0|||0|||0","Two Impressions":""},"AdSense":{"PrimaryAccount":"One"},)"
+      R"("Misc":{"LastDate":"1/31/2007"},)"
+      R"("TrayTooltip":{"DataToDownload":"AdSense for Search"}},)"
+      R"("tooltip":null,"balloon":null,"sounds":["i.wav","c.wav","e.wav","d.wav"]})");
+}
+
+constexpr std::string_view kTwoRecords =
+    R"("Accounts":{"One":"9:01 AM|||1/30/2007|||1000|||15|||1.5%|||$2.00|||3.00|||$0.00|||0|||0|||0%|||0.00|||0.00",)"
+    R"("Two":"9:05 AM|||1/31/2007|||500|||3|||0.6%|||$3.00|||1.50|||$0.00|||0|||0|||0%|||0.00|||0.00"})";
+
+TEST(Answers, StatsText) {
+  const auto request = [](std::string_view account, std::string_view settings) {
+    return R"({"op":"statsText","region":"en-US","accounts":["One","Two"],"account":")" +
+           std::string(account) + R"(","settings":{)" + std::string(settings) + "," +
+           std::string(kTwoRecords) + "}}";
+  };
+  const Case kCases[] = {
+      {"all accounts",
+       request("One", R"("TrayTooltip":{"Values":"ABCDEFG","DisplayAllStats":"True"})"),
+       R"({"ok":true,"text":"Date: 1/31/2007\r\nImpressions: 1,500\r\nClicks: 18\r\nCTR: 1.05%\r\n)"
+       R"(eCPM: $2.50\r\nEarnings: $4.50\r\nDownloaded: 9:05 AM"})"},
+      {"the primary account stands in for an empty name",
+       request("", R"("TrayTooltip":{"Values":"gB"},"AdSense":{"PrimaryAccount":"One"})"),
+       R"({"ok":true,"text":"Impressions: 1,000\r\nDownloaded: 9:01 AM"})"},
+      {"no values", request("One", R"("TrayTooltip":{})"), R"({"ok":true,"text":""})"},
+  };
+  ExpectAnswers(kCases);
+}
+
+TEST(Answers, AccountMenus) {
+  const std::string request =
+      R"({"op":"accountMenus","region":"en-US","accounts":["One","Two","New"],"settings":{)" +
+      std::string(kTwoRecords) + "}}";
+  EXPECT_EQ(
+      Answer(request),
+      R"({"ok":true,"popups":[{"caption":"One","items":["1/30/2007","Impressions: 1,000",)"
+      R"("Clicks: 15","CTR: 1.5%","eCPM: $2.00","Earnings: $3.00","Predicted Earnings: $0.00",)"
+      R"("Month Impressions: 0","Month Clicks: 0","Month CTR: 0%","Month eCPM: $0.00",)"
+      R"("Month Earnings: $0.00","Downloaded: 9:01 AM"]},{"caption":"New","items":[]},)"
+      R"({"caption":"Two","items":["1/31/2007","Impressions: 500","Clicks: 3","CTR: 0.6%",)"
+      R"("eCPM: $3.00","Earnings: $1.50","Predicted Earnings: $0.00","Month Impressions: 0",)"
+      R"("Month Clicks: 0","Month CTR: 0%","Month eCPM: $0.00","Month Earnings: $0.00",)"
+      R"("Downloaded: 9:05 AM"]}]})");
+}
+
+TEST(Answers, Refresh) {
+  const std::string commands =
+      R"({"op":"refreshCommands","username":"a.b","password":"+%","host":"h.example:8443","folder":"/x")";
+  const std::string form = "Email=%61%2E%62&Passwd=%2B%%#%https://h.example:8443/adsense/report/";
+  const std::string dates =
+      "&dateRange.dateRangeType=simple&dateRange.simpleDate=thismonth&reportType=property"
+      "&groupByPref=date&outputFormat=TSV_EXCEL";
+  const std::string outcome = R"({"op":"refreshOutcome","username":"ann","domain":"d.example",)";
+  const Case kCases[] = {
+      {"all reports by page",
+       commands +
+           R"(,"settings":{"TrayTooltip":{"DataToDownload":"All","ShowDataByPage":"Page"}}})",
+       R"({"ok":true,"commands":[")" + form + "aggregate?product=afc" + dates +
+           R"(&unitPref=page|/x/Content.dat|/x/Content.log",")" + form + "aggregate?product=afs" +
+           dates + R"(|/x/Search.dat|/x/Search.log",")" + form + "referrals?product=ref" + dates +
+           R"(|/x/Referral.dat|/x/Referral.log"]})"},
+      {"nothing is selected", commands + R"(,"settings":{}})", R"({"ok":true,"commands":[]})"},
+      {"good", outcome + R"("contentCode":"0","otherCode":""})",
+       R"({"ok":true,"evaluate":true,"balloon":null})"},
+      {"password", outcome + R"("contentCode":"3\r\n","otherCode":"0"})",
+       R"({"ok":true,"evaluate":false,"balloon":"You have entered an incorrect username and/or )"
+       R"(password for the \"ann\" AdSense account in the \"AdSense\" tab of the Quillbox Options window."})"},
+      {"no connection", outcome + R"("contentCode":"0","otherCode":"3"})",
+       R"({"ok":true,"evaluate":false,"balloon":"Could not connect to d.example!"})"},
+      {"unknown code", outcome + R"("contentCode":"7","otherCode":"0"})",
+       R"({"ok":true,"evaluate":false,"balloon":null})"},
+  };
+  ExpectAnswers(kCases);
+}
+
+TEST(Answers, SignInAddress) {
+  EXPECT_EQ(
+      Answer(R"({"op":"signInAddress","username":"a.b","password":"+","host":"h.example"})"),
+      R"({"ok":true,"address":"https://h.example/accounts/ServiceLoginAuth?ltmpl=login)"
+      R"(&continue=https://h.example/adsense/gaiaauth&followup=https://h.example/adsense/gaiaauth)"
+      R"(&service=adsense&nui=3&ifr=true&rm=hide&ltmpl=login&hl=en-US&alwf=true)"
+      R"(&Email=%61%2E%62&Passwd=%2B&null=Sign+in"})");
+}
+
+TEST(Answers, Tooltip) {
+  const Case kCases[] = {
+      {"rows and size",
+       R"({"op":"tooltipLayout","text":"A: b\r\nplain\r\nC: dd","measure":)"
+       R"({"description":100,"value":90.5,"height":195}})",
+       R"({"ok":true,"rows":[{"line":0,"description":"A:","value":" b","left":180,"top":150,)"
+       R"("valueLeft":380},{"line":2,"description":"C:","value":" dd","left":180,"top":370,)"
+       R"("valueLeft":380}],"width":831.5,"height":715})"},
+      {"beside the taskbar",
+       R"({"op":"tooltipPlacement","taskbar":[0,738,1024,768],"screen":[1024,768],)"
+       R"("window":[143.5,48]})",
+       R"({"ok":true,"x":870,"y":690})"},
+      {"no edge fits",
+       R"({"op":"tooltipPlacement","taskbar":[0,100,500,200],"screen":[1024,768],)"
+       R"("window":[144,48]})",
+       R"({"ok":true,"keep":true})"},
+      {"a colour", R"({"op":"convert","function":"SkinColor","argument":"0,26,53"})",
+       R"({"ok":true,"result":3480064})"},
+      {"no colour", R"({"op":"convert","function":"SkinColor","argument":""})",
+       R"({"ok":true,"result":null})"},
+  };
+  ExpectAnswers(kCases);
+}
+
+TEST(Answers, VersionCheck) {
+  const std::string check = R"({"op":"versionCheck","installed":"1.3.0",)";
+  const Case kCases[] = {
+      {"no file", check + R"("file":null,"asked":"Yes","announced":""})",
+       R"({"ok":true,"outcome":"failed"})"},
+      {"newer", check + R"("file":"1.3.1\r\n","asked":"No","announced":""})",
+       R"({"ok":true,"outcome":"ask","text":"Quillbox v1.3.1 is available!  )"
+       R"(Would you like to download the setup now?"})"},
+      {"announced", check + R"("file":"1.3.1","asked":"No","announced":"1.3.1"})",
+       R"({"ok":true,"outcome":"silent"})"},
+  };
+  ExpectAnswers(kCases);
+}
+
+}  // namespace
+}  // namespace quillbox

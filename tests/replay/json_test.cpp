@@ -1,0 +1,135 @@
+#include <gtest/gtest.h>
+
+#include "quillbox-replay/json_reader.h"
+#include "quillbox-replay/json_writer.h"
+
+namespace quillbox {
+namespace {
+
+TEST(JsonReader, ReadsEveryKindOfValue) {
+  const JsonLine line = ReadJsonLine(
+      R"( {"a" : [null, true, false, -1.5e3, ""], "b": {"c":"\"\\\/\b\f\n\r\tA€"} } )");
+  ASSERT_EQ(line.NotJson, "");
+  ASSERT_EQ(line.Fault, "");
+  const JsonValue* a = line.Value.Find("a");
+  ASSERT_NE(a, nullptr);
+  ASSERT_EQ(a->Items.size(), 5U);
+  EXPECT_EQ(a->Items[0].Kind, JsonValue::Type::kNull);
+  EXPECT_TRUE(a->Items[1].Truth);
+  EXPECT_EQ(a->Items[2].Kind, JsonValue::Type::kBoolean);
+  EXPECT_FALSE(a->Items[2].Truth);
+  EXPECT_EQ(a->Items[3].Source, "-1.5e3");
+  EXPECT_EQ(a->Items[4].Kind, JsonValue::Type::kString);
+  const JsonValue* c = line.Value.Find("b")->Find("c");
+  ASSERT_NE(c, nullptr);
+  EXPECT_EQ(c->Text, "\"\\/\b\f\n\r\tA\x80");
+}
+
+TEST(JsonReader, TextsHoldEveryCharacterOfTheCodePage) {
+  std::string all;
+  for (int code = 0; code < 256; ++code) all += static_cast<char>(code);
+  std::string json;
+  JsonWriter(json).Text(all);
+  const JsonLine line = ReadJsonLine(json);
+  EXPECT_EQ(line.NotJson, "");
+  EXPECT_EQ(line.Fault, "");
+  EXPECT_EQ(line.Value.Text, all);
+}
+
+TEST(JsonReader, RefusesWhatIsNotJson) {
+  const std::string deep(100000, '[');
+  const std::string_view kCases[] = {"",
+                                     " ",
+                                     "nope",
+                                     "nul",
+                                     "{",
+                                     "[1,]",
+                                     "[1 2]",
+                                     "{\"a\":}",
+                                     "{\"a\" 1}",
+                                     "{a:1}",
+                                     "{\"a\":1,}",
+                                     "'a'",
+                                     "\"a",
+                                     "\"a\tb\"",
+                                     "\"\\x\"",
+                                     "\"\\u12g4\"",
+                                     "\"\\",
+                                     "01",
+                                     "1.",
+                                     ".5",
+                                     "+1",
+                                     "1e",
+                                     "-",
+                                     "1 1",
+                                     "NaN",
+                                     "{} x",
+                                     "\xEF\xBB\xBF{}",
+                                     "\"\xFF\"",
+                                     "\"\xC0\x80\"",
+                                     "\"\xED\xA0\x80\"",
+                                     "\"\xF4\x90\x80\x80\"",
+                                     "\"\xE2\x82",
+                                     deep,
+                                     std::string_view("{}\0", 3),
+                                     std::string_view("\"a\0b\"", 5)};
+  for (const std::string_view line : kCases) {
+    EXPECT_NE(ReadJsonLine(line).NotJson, "") << line.substr(0, 40);
+  }
+}
+
+TEST(JsonReader, TellsFaultsFromWhatIsNotJson) {
+  struct Case {
+    const char* Line;
+    bool Faulty;
+  };
+  const Case kCases[] = {
+      {R"(["\u2192"])", true},
+      {R"(["→"])", true},
+      {R"(["😀"])", true},
+      {R"(["\ud83d\ude00"])", true},
+      {R"(["\ud83d"])", true},
+      {R"(["\ude00"])", true},
+      {R"(["\ud83d\u0041"])", true},
+      {R"({"a":1,"a":2})", true},
+      {R"({"→":1})", true},
+      {R"({"a":1,"A":2})", false},
+      {R"({"id":"→"})", false},
+      {R"({"id":"\ud83d"})", false},
+      {R"({"id":{"a":1,"a":2}})", false},
+      {R"({"a":{"id":"→"}})", true},
+      {R"(["\u0081\u20ac\u0000"])", false},
+  };
+  for (const Case& c : kCases) {
+    const JsonLine line = ReadJsonLine(c.Line);
+    EXPECT_EQ(line.NotJson, "") << c.Line;
+    EXPECT_EQ(!line.Fault.empty(), c.Faulty) << c.Line << ": " << line.Fault;
+  }
+}
+
+TEST(JsonWriter, NumbersAreShortAndReadBackTheSame) {
+  struct Case {
+    double Number;
+    const char* Text;
+  };
+  const Case kCases[] = {{0, "0"},
+                         {-0.0, "-0"},
+                         {1234, "1234"},
+                         {-2.5, "-2.5"},
+                         {0.1, "0.1"},
+                         {1e5, "100000"},
+                         {1e-6, "0.000001"},
+                         {1e300, "1e+300"},
+                         {5e-324, "5e-324"},
+                         {0.30000000000000004, "0.30000000000000004"},
+                         {123456789012345680.0, "123456789012345680"}};
+  for (const Case& c : kCases) {
+    std::string json;
+    JsonWriter(json).Number(c.Number);
+    EXPECT_EQ(json, c.Text);
+    EXPECT_EQ(std::strtod(json.c_str(), nullptr), c.Number) << json;
+  }
+}
+
+}  // namespace
+}  // namespace quillbox
