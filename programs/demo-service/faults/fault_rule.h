@@ -1,0 +1,35 @@
+// What shall go wrong, and for whom.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace quillbox {
+
+enum class Fault {
+  kNone,
+  kRefuse,     // the sign-in page again, or status 403
+  kStatus,     // an error page with a status of one's choice
+  kStall,      // no answer at all
+  kDrip,       // the right answer, a byte at a time
+  kCut,        // the connection breaks in the middle of the answer
+  kDowngrade,  // a redirect to http
+  kWrongName,  // a certificate for another name
+  kUntrusted,  // a certificate of another authority
+};
+
+struct FaultRule {
+  Fault Kind = Fault::kNone;
+  int Status = 0;      // with kStatus
+  std::string Target;  // a path's beginning, an account's e-mail address, or empty for all requests
+
+  bool Applies(std::string_view path, std::string_view account) const;
+};
+
+// "MODE" or "MODE:TARGET", the mode one of none, refuse, error (status 500), a number from 400 to
+// 599, stall, drip, cut, downgrade, wrong-name and untrusted. The last two concern whole
+// connections, so they take no target. Nothing for any other text.
+std::optional<FaultRule> ParseFaultRule(std::string_view text);
+
+}  // namespace quillbox

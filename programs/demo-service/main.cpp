@@ -1,0 +1,65 @@
+// The demo service on the command line.
+#include <signal.h>
+
+#include <exception>
+#include <fstream>
+#include <iostream>
+#include <span>
+#include <stdexcept>
+#include <string>
+#include <thread>
+
+#include "service.h"
+#include "service_options.h"
+
+namespace quillbox {
+namespace {
+
+void WriteFile(const std::string& path, const std::string& text) {
+  if (path.empty()) return;
+  std::ofstream file(path, std::ios::binary | std::ios::trunc);
+  file << text << std::flush;
+  if (!file) throw std::runtime_error("can't write " + path);
+}
+
+// Blocked in every thread, so that the main one can wait for them.
+sigset_t BlockEndSignals() {
+  sigset_t signals;
+  ::sigemptyset(&signals);
+  ::sigaddset(&signals, SIGTERM);
+  ::sigaddset(&signals, SIGINT);
+  ::pthread_sigmask(SIG_BLOCK, &signals, nullptr);
+  ::signal(SIGPIPE, SIG_IGN);
+  return signals;
+}
+
+void Serve(const ServiceOptions& options) {
+  const sigset_t endSignals = BlockEndSignals();
+  Service service(options);
+  WriteFile(options.AuthorityFile, service.AuthorityPem());
+  const int port = service.Bind();
+  std::thread worker([&] { service.Run(); });
+  WriteFile(options.PortFile, std::to_string(port) + "\n");
+  std::cout << "listening on https://localhost:" + std::to_string(port) + "\n" << std::flush;
+  int received = 0;
+  ::sigwait(&endSignals, &received);
+  service.Stop();
+  worker.join();
+}
+
+}  // namespace
+}  // namespace quillbox
+
+int main(int argc, char** argv) {
+  try {
+    const std::span<const char* const> arguments(argv + 1, static_cast<std::size_t>(argc - 1));
+    quillbox::Serve(quillbox::ParseServiceOptions(arguments));
+    return 0;
+  } catch (const quillbox::BadCommandLine& problem) {
+    std::cerr << "demo-service: " << problem.what() << "\n";
+    return 2;
+  } catch (const std::exception& problem) {
+    std::cerr << "demo-service: " << problem.what() << "\n";
+    return 1;
+  }
+}

@@ -1,0 +1,72 @@
+#include "service_options.h"
+
+#include <charconv>
+#include <functional>
+
+namespace quillbox {
+namespace {
+
+using Setter = std::function<void(ServiceOptions&, const std::string&)>;
+
+template <typename Number>
+Number ParseNumber(const std::string& text, Number least, Number most) {
+  Number number{};
+  const char* const end = text.data() + text.size();
+  const auto [stop, error] = std::from_chars(text.data(), end, number);
+  if (error != std::errc() || stop != end || number < least || number > most) {
+    throw BadCommandLine("\"" + text + "\" is not a fitting number");
+  }
+  return number;
+}
+
+void AddAccount(ServiceOptions& options, const std::string& text) {
+  const std::size_t colon = text.find(':');
+  if (colon == std::string::npos) throw BadCommandLine("--account needs EMAIL:PASSWORD");
+  options.Accounts[text.substr(0, colon)] = text.substr(colon + 1);
+}
+
+void AddFault(ServiceOptions& options, const std::string& text) {
+  const auto rule = ParseFaultRule(text);
+  if (!rule) throw BadCommandLine("\"" + text + "\" is not a failure that --fail knows");
+  options.Faults.push_back(*rule);
+}
+
+void SetVersionText(ServiceOptions& options, const std::string& text) {
+  if (text.empty()) throw BadCommandLine("--version-text needs a text");
+  options.VersionText = text;
+}
+
+void SetFolder(ServiceOptions& options, const std::string& folder) {
+  options.AuthorityFile = folder + "/authority.pem";
+  options.PortFile = folder + "/port";
+}
+
+const std::map<std::string, Setter>& Setters() {
+  static const std::map<std::string, Setter> setters = {
+      {"--port", [](auto& o, auto& text) { o.Port = ParseNumber(text, 0, 65535); }},
+      {"--authority", [](auto& o, auto& text) { o.AuthorityFile = text; }},
+      {"--folder", SetFolder},
+      {"--account", AddAccount},
+      {"--fail", AddFault},
+      {"--seed",
+       [](auto& o, auto& text) { o.Seed = ParseNumber<std::uint64_t>(text, 0, UINT64_MAX); }},
+      {"--speed", [](auto& o, auto& text) { o.Speed = ParseNumber(text, 1.0, 1e6); }},
+      {"--version-text", SetVersionText}};
+  return setters;
+}
+
+}  // namespace
+
+ServiceOptions ParseServiceOptions(std::span<const char* const> arguments) {
+  ServiceOptions options;
+  for (std::size_t i = 0; i < arguments.size(); i += 2) {
+    const std::string name = arguments[i];
+    const auto setter = Setters().find(name);
+    if (setter == Setters().end()) throw BadCommandLine("unknown option \"" + name + "\"");
+    if (i + 1 == arguments.size()) throw BadCommandLine(name + " needs a value");
+    setter->second(options, arguments[i + 1]);
+  }
+  return options;
+}
+
+}  // namespace quillbox

@@ -1,0 +1,23 @@
+// Keeping the request, which holds a password, out of other people's sight.
+#pragma once
+
+#include <string>
+
+namespace quillbox {
+
+// The whole argument text, the arguments joined by blanks when there are several. They are
+// overwritten in the process's own memory, where the process list reads them.
+std::string TakeArguments(int argc, char** argv);
+
+// Files made from here on are for their owner alone.
+void NarrowFileMask();
+
+// From here on the process leaves no core file, and a connection that breaks ends in an error
+// where it is used, not in a signal.
+void GuardProcess();
+
+// The part of GuardProcess that only some systems know: no other process of the user may look
+// into this one's memory. Does nothing elsewhere.
+void ForbidInspection();
+
+}  // namespace quillbox

@@ -1,0 +1,148 @@
+#include "session.h"
+
+#include <algorithm>
+
+#include "body_collector.h"
+#include "curl_outcome.h"
+
+namespace quillbox {
+namespace {
+
+constexpr long kMostRedirects = 10;
+
+std::size_t TakeBody(char* data, std::size_t, std::size_t size, void* collector) {
+  return static_cast<BodyCollector*>(collector)->Take({data, size}) ? size : 0;
+}
+
+std::size_t TakeHeader(char*, std::size_t, std::size_t size, void* collector) {
+  static_cast<BodyCollector*>(collector)->NoteProgress();
+  return size;
+}
+
+int Watch(void* collector, curl_off_t, curl_off_t received, curl_off_t, curl_off_t sent) {
+  return static_cast<BodyCollector*>(collector)->StandsStill(received + sent) ? 1 : 0;
+}
+
+}  // namespace
+
+Session::Session(const CurlLibrary& curl, const Limits& limits, std::string authorityFile)
+    : curl_(curl),
+      limits_(limits),
+      authorityFile_(std::move(authorityFile)),
+      end_(std::chrono::steady_clock::now() + limits.Total),
+      handle_(curl.easy_init()),
+      usable_(handle_ != nullptr) {}
+
+Session::~Session() {
+  if (handle_ != nullptr) curl_.easy_cleanup(handle_);
+}
+
+// An option that the loaded library doesn't know must not be missed in silence: most of them are
+// here for safety.
+template <typename Value>
+void Session::Set(CURLoption option, Value value) {
+  usable_ = usable_ && curl_.easy_setopt(handle_, option, value) == CURLE_OK;
+}
+
+void Session::SetSecurity() {
+  Set(CURLOPT_SSL_VERIFYPEER, 1L);
+  Set(CURLOPT_SSL_VERIFYHOST, 2L);
+  Set(CURLOPT_SSLVERSION, static_cast<long>(CURL_SSLVERSION_TLSv1_2));
+  Set(CURLOPT_PROXY_SSL_VERIFYPEER, 1L);
+  Set(CURLOPT_PROXY_SSL_VERIFYHOST, 2L);
+  Set(CURLOPT_REDIR_PROTOCOLS_STR, "https");
+  Set(CURLOPT_NETRC, static_cast<long>(CURL_NETRC_IGNORED));
+  Set(CURLOPT_UNRESTRICTED_AUTH, 0L);
+  Set(CURLOPT_DISALLOW_USERNAME_IN_URL, 1L);
+  if (authorityFile_.empty()) return;
+  Set(CURLOPT_CAINFO, authorityFile_.c_str());
+  Set(CURLOPT_PROXY_CAINFO, authorityFile_.c_str());
+  Set(CURLOPT_CAPATH, static_cast<const char*>(nullptr));
+  Set(CURLOPT_PROXY_CAPATH, static_cast<const char*>(nullptr));
+}
+
+void Session::SetTimes() {
+  const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(
+      end_ - std::chrono::steady_clock::now());
+  // 0 would mean no limit.
+  const auto inAll = std::max(left, std::chrono::milliseconds(1));
+  const auto connect = std::clamp(limits_.Connect, std::chrono::milliseconds(1), inAll);
+  Set(CURLOPT_CONNECTTIMEOUT_MS, static_cast<long>(connect.count()));
+  Set(CURLOPT_TIMEOUT_MS, static_cast<long>(inAll.count()));
+  Set(CURLOPT_NOSIGNAL, 1L);
+  // A name server that doesn't answer must not hold up the end of the run.
+  Set(CURLOPT_QUICK_EXIT, 1L);
+}
+
+void Session::SetCommon(const std::string& address) {
+  // Keeps cookies and connections.
+  if (handle_ != nullptr) curl_.easy_reset(handle_);
+  Set(CURLOPT_URL, address.c_str());
+  Set(CURLOPT_COOKIEFILE, "");
+  Set(CURLOPT_ACCEPT_ENCODING, "");
+  Set(CURLOPT_USERAGENT, "Quillbox");
+  SetSecurity();
+  SetTimes();
+}
+
+Answer Session::Get(const std::string& address, Allowed allowed) {
+  SetCommon(address);
+  Set(CURLOPT_PROTOCOLS_STR, allowed == Allowed::kHttpToo ? "https,http" : "https");
+  Set(CURLOPT_FOLLOWLOCATION, 1L);
+  Set(CURLOPT_MAXREDIRS, kMostRedirects);
+  return Perform();
+}
+
+Answer Session::PostForm(const std::string& address, const std::string& form) {
+  SetCommon(address);
+  Set(CURLOPT_PROTOCOLS_STR, "https");
+  Set(CURLOPT_FOLLOWLOCATION, 0L);
+  Set(CURLOPT_POSTFIELDSIZE_LARGE, static_cast<curl_off_t>(form.size()));
+  Set(CURLOPT_POSTFIELDS, form.c_str());
+  return Perform();
+}
+
+Answer Session::Perform() {
+  BodyCollector collector(limits_);
+  Set(CURLOPT_WRITEFUNCTION, &TakeBody);
+  Set(CURLOPT_WRITEDATA, static_cast<void*>(&collector));
+  Set(CURLOPT_HEADERFUNCTION, &TakeHeader);
+  Set(CURLOPT_HEADERDATA, static_cast<void*>(&collector));
+  Set(CURLOPT_XFERINFOFUNCTION, &Watch);
+  Set(CURLOPT_XFERINFODATA, static_cast<void*>(&collector));
+  Set(CURLOPT_NOPROGRESS, 0L);
+  Answer answer;
+  answer.Outcome = Transfer::kNotSecure;
+  if (!usable_) return answer;
+  answer = Outcome(curl_.easy_perform(handle_));
+  answer.Body = collector.TakeBody();
+  return answer;
+}
+
+Answer Session::Outcome(CURLcode result) const {
+  const Connection connection{
+      // The time is told only once the security stands too, the port as soon as a server answers.
+      .Reached =
+          Figure<long>(CURLINFO_LOCAL_PORT) > 0 || Figure<curl_off_t>(CURLINFO_CONNECT_TIME_T) > 0,
+      .ProxyAnswer = Figure<long>(CURLINFO_HTTP_CONNECTCODE)};
+  return {.Outcome = TransferOutcome(result, connection),
+          .Status = Figure<long>(CURLINFO_RESPONSE_CODE),
+          .ContentType = Text(CURLINFO_CONTENT_TYPE),
+          .Address = Text(CURLINFO_EFFECTIVE_URL),
+          .Redirect = Text(CURLINFO_REDIRECT_URL),
+          .Body = {}};
+}
+
+std::string Session::Text(CURLINFO what) const {
+  const char* text = nullptr;
+  const bool known = curl_.easy_getinfo(handle_, what, &text) == CURLE_OK && text != nullptr;
+  return known ? text : "";
+}
+
+template <typename Number>
+Number Session::Figure(CURLINFO what) const {
+  Number figure = 0;
+  return curl_.easy_getinfo(handle_, what, &figure) == CURLE_OK ? figure : 0;
+}
+
+}  // namespace quillbox
