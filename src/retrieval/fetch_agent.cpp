@@ -6,31 +6,10 @@
 #include "platform/event_pump.h"
 #include "platform/files.h"
 #include "text/code_page.h"
+#include "text/percent_encoding.h"
 
 namespace quillbox {
 namespace {
-
-bool IsUnreserved(char c) {
-  return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') ||
-         std::string_view("-._~").find(c) != std::string_view::npos;
-}
-
-// A part of an address's user information: UTF-8, with all but unreserved characters encoded.
-std::string EncodeUserInfo(std::string_view text) {
-  constexpr std::string_view kDigits = "0123456789ABCDEF";
-  std::string encoded;
-  for (const char c : ToUtf8(text)) {
-    if (IsUnreserved(c)) {
-      encoded += c;
-      continue;
-    }
-    const auto code = static_cast<unsigned char>(c);
-    encoded += '%';
-    encoded += kDigits[code >> 4];
-    encoded += kDigits[code & 0x0F];
-  }
-  return encoded;
-}
 
 bool AnyRuns(const Host& host, const std::vector<AgentId>& agents) {
   return std::any_of(agents.begin(), agents.end(),
@@ -65,7 +44,7 @@ std::vector<std::pair<std::string, std::string>> ProxyVariables(std::string_view
     address = "http://";
   }
   if (!username.empty() || !password.empty()) {
-    address += EncodeUserInfo(username) + ":" + EncodeUserInfo(password) + "@";
+    address += PercentEncode(ToUtf8(username)) + ":" + PercentEncode(ToUtf8(password)) + "@";
   }
   address += host;
   if (!port.empty()) address += ":" + std::string(port);

@@ -1,0 +1,71 @@
+// Opening an account in the browser, already signed in.
+#include "retrieval/open_account.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "retrieval/sign_in_address.h"
+#include "simulated/simulated_host.h"
+
+namespace quillbox {
+namespace {
+
+using testing::ElementsAre;
+using testing::ElementsAreArray;
+using testing::IsEmpty;
+
+class OpenAccountTest : public testing::Test {
+ protected:
+  SimulatedHost host_;
+  AppState state_;
+  ApplicationFolder folder_{"/app", "/app", '/'};
+  RegionalSettings region_;
+  BuildValues build_{"h.test", "h.test", "https://m.test", "a@m.test", "1.3.0"};
+  Host ports_ = host_.Ports();
+  SettingsStore store_{host_.Store, host_.Files, folder_, state_.SettingsProfile};
+  ProgramContext program_{state_, store_, ports_, folder_, region_, build_};
+};
+
+TEST(SignInAddress, IsWhatTheServiceExpects) {
+  EXPECT_EQ(SignInAddress("a.b@", "+%", "h.test"),
+            "https://h.test/accounts/ServiceLoginAuth?ltmpl=login"
+            "&continue=https://h.test/adsense/gaiaauth&followup=https://h.test/adsense/gaiaauth"
+            "&service=adsense&nui=3&ifr=true&rm=hide&ltmpl=login&hl=en-US&alwf=true"
+            "&Email=%61%2E%62%40&Passwd=%2B%&null=Sign+in");
+}
+
+TEST_F(OpenAccountTest, WithoutAnAccountSaysWhatToDo) {
+  OpenAccount(program_, "");
+  EXPECT_THAT(host_.Trace(),
+              ElementsAre("box You must complete the \"AdSense\" section of the Quillbox\r\n"
+                          "Options before attempting to log into your AdSense account!",
+                          "answer OK"));
+}
+
+TEST_F(OpenAccountTest, OpensTheNamedOrThePrimaryAccount) {
+  struct Case {
+    const char *name, *primary;
+    std::vector<std::string> opened;
+  };
+  const std::string one = SignInAddress("ann", "x", "h.test");
+  const std::string two = SignInAddress("bob", "y", "h.test");
+  const Case kCases[] = {{"one", "two", {one}}, {"", "two", {two}}, {"", "", {}},
+                         {"", "gone", {}},      {"One", "two", {}}, {"two", "", {two}}};
+  state_.Accounts = {"one", "two", "two"};
+  state_.Usernames = {"ann", "bob", "cyd"};
+  state_.Passwords = {"x", "y", "z"};
+  std::vector<std::string> all;
+  for (const Case& c : kCases) {
+    host_.Store.Put("AdSense", "PrimaryAccount", c.primary);
+    OpenAccount(program_, c.name);
+    all.insert(all.end(), c.opened.begin(), c.opened.end());
+    EXPECT_THAT(host_.Opener.Opened(), ElementsAreArray(all)) << c.name << "/" << c.primary;
+  }
+  EXPECT_THAT(host_.Trace({"box", "store"}), IsEmpty());
+}
+
+}  // namespace
+}  // namespace quillbox

@@ -1,0 +1,288 @@
+// The start sequence.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "simulated/sample_report.h"
+#include "simulated/simulated_program.h"
+
+namespace quillbox {
+namespace {
+
+using namespace std::chrono_literals;
+using testing::Contains;
+using testing::ElementsAre;
+using testing::ElementsAreArray;
+using testing::IsEmpty;
+using testing::StartsWith;
+
+constexpr const char* kGreeting =
+    "Greetings!  It looks like this is your first time using Quillbox.\r\n\r\n"
+    "Would you like to set up the Options now?";
+constexpr const char* kVersionPrompt =
+    "Quillbox is not currently set to automatically alert you\r\n"
+    "when new releases are available.\r\n\r\n"
+    "Would you like to enable this feature now?";
+constexpr const char* kNoAccount =
+    "You must complete the \"AdSense Account\" section of the Quillbox\r\n"
+    "Options before attempting to retrieve your AdSense information!";
+
+std::string BoxLine(const char* text) {
+  return std::string("box ") + text;
+}
+
+TEST(Start, TheFirstOneGreetsAfterEverythingElse) {
+  SimulatedProgram program;
+  program.Start();
+  EXPECT_THAT(
+      program.Host.Trace({"store", "tray", "tip", "agent", "box", "answer", "form"}),
+      ElementsAre("store Misc/Version=1.3.0", "store Misc/RegTest=Test", "tip Quillbox", "tray add",
+                  "store General/CheckForNewVersion=True", "store General/CheckPrompted=True",
+                  "store Misc/CheckDate=1/31/2007", "agent start 1 che.wt", "agent write 1 chet.wt",
+                  "store Misc/Runs=1", BoxLine(kGreeting), "answer No"));
+}
+
+TEST(Start, TheGreetingIsInFrontAndLeadsToTheOptions) {
+  SimulatedProgram program;
+  program.Host.Boxes.Add({.Part = "Greetings", .Answer = BoxAnswer::kYes});
+  program.Start();
+  ASSERT_EQ(program.Host.Boxes.Shown().size(), 1U);
+  const Message& greeting = program.Host.Boxes.Shown()[0];
+  EXPECT_EQ(greeting.Title, "Quillbox");
+  EXPECT_EQ(greeting.Icon, BoxIcon::kInformation);
+  EXPECT_EQ(greeting.Buttons, BoxButtons::kYesNo);
+  EXPECT_TRUE(greeting.InForeground);
+  EXPECT_TRUE(program.Host.Windows.Loaded(FormName::kOpts));
+}
+
+TEST(Start, AsksOnceForVersionChecks) {
+  struct Case {
+    const char *check, *prompted;
+    BoxAnswer answer;
+    bool asks;
+    const char *checkAfter, *promptedAfter;
+  };
+  const Case kCases[] = {
+      {"", "", BoxAnswer::kYes, false, "True", "True"},
+      {"False", "", BoxAnswer::kYes, true, "True", "True"},
+      {"False", "", BoxAnswer::kNo, true, "False", "True"},
+      {"False", "True", BoxAnswer::kYes, false, "False", "True"},
+      {"True", "", BoxAnswer::kYes, false, "True", ""},
+      {"false", "", BoxAnswer::kYes, false, "false", ""},
+  };
+  for (const Case& c : kCases) {
+    SimulatedProgram program;
+    program.UsedBefore();
+    program.Set(kCheckForNewVersion, c.check);
+    program.Set(kCheckPrompted, c.prompted);
+    program.Host.Boxes.Add({.Answer = c.answer});
+    program.Start();
+    const std::string row = std::string(c.check) + "/" + c.prompted;
+    std::vector<std::string> boxes;
+    if (c.asks) boxes.push_back(BoxLine(kVersionPrompt));
+    EXPECT_THAT(program.Host.Trace({"box"}), ElementsAreArray(boxes)) << row;
+    EXPECT_EQ(program.Setting(kCheckForNewVersion), c.checkAfter) << row;
+    EXPECT_EQ(program.Setting(kCheckPrompted), c.promptedAfter) << row;
+  }
+}
+
+// What is fetched by the end of the start, and what 30 seconds later.
+TEST(Start, RefreshesAndChecksAtOnceOrAfterThePause) {
+  struct Case {
+    const char *pause, *refresh, *check, *checkDate;
+    std::vector<std::string> atOnce, later;
+    const char* checkDateAfter;
+  };
+  const Case kCases[] = {
+      {"", "", "False", "", {}, {}, ""},
+      {"", "True", "False", "", {"Content.dat"}, {}, ""},
+      {"", "", "True", "", {"che.wt"}, {}, "1/31/2007"},
+      {"", "True", "True", "1/30/2007", {"Content.dat", "che.wt"}, {}, "1/31/2007"},
+      {"", "", "True", "1/31/2007", {}, {}, "1/31/2007"},
+      {"", "true", "true", "", {}, {}, ""},
+      {"True", "", "False", "", {}, {}, ""},
+      {"True", "True", "False", "", {}, {"Content.dat"}, ""},
+      {"True", "", "True", "1/31/2007", {}, {"che.wt"}, "1/31/2007"},
+      {"True", "True", "True", "", {}, {"Content.dat", "che.wt"}, ""},
+      {"yes", "True", "False", "", {"Content.dat"}, {}, ""},
+  };
+  for (const Case& c : kCases) {
+    SimulatedProgram program;
+    program.UsedBefore();
+    program.AddAccount("one", "ann", "x");
+    program.Set(kDataToDownload, kDownloadContent);
+    program.Set(kPause, c.pause);
+    program.Set(kRefreshTooltip, c.refresh);
+    program.Set(kCheckForNewVersion, c.check);
+    program.Set(kCheckDate, c.checkDate);
+    std::vector<std::string> fetched;
+    const auto note = [&] {
+      fetched.clear();
+      for (const AgentStart& start : program.Host.Agents.Starts()) {
+        fetched.push_back(start.Text.find("che.wt") != std::string::npos ? "che.wt"
+                                                                         : "Content.dat");
+      }
+    };
+    const std::string row =
+        std::string(c.pause) + "/" + c.refresh + "/" + c.check + "/" + c.checkDate;
+    program.Start();
+    note();
+    EXPECT_THAT(fetched, ElementsAreArray(c.atOnce)) << row;
+    program.Host.RunFor(29999ms);
+    note();
+    EXPECT_THAT(fetched, ElementsAreArray(c.atOnce)) << row << ", a moment too early";
+    program.Host.RunFor(1h);
+    note();
+    std::vector<std::string> all = c.atOnce;
+    all.insert(all.end(), c.later.begin(), c.later.end());
+    EXPECT_THAT(fetched, ElementsAreArray(all)) << row;
+    EXPECT_EQ(program.Setting(kCheckDate), c.checkDateAfter) << row;
+  }
+}
+
+TEST(Start, WithoutAnAccountTheRefreshSaysSoAheadOfTheGreeting) {
+  SimulatedProgram program;
+  program.Set(kRefreshTooltip, kTrue);
+  program.Start();
+  EXPECT_THAT(program.Host.Trace({"box"}), ElementsAre(BoxLine(kNoAccount), BoxLine(kGreeting)));
+}
+
+TEST(Start, TakesThePictureThatThereIs) {
+  struct Case {
+    const char* what;
+    const char* icon;
+    bool exists, isPicture;
+    const char* shown;
+  };
+  const Case kCases[] = {{"none chosen", "", false, true, ""},
+                         {"a picture", "/pictures/a.ico", true, true, "/pictures/a.ico"},
+                         {"deleted", "/pictures/a.ico", false, true, ""},
+                         {"not a picture", "/pictures/a.ico", true, false, ""}};
+  for (const Case& c : kCases) {
+    SimulatedProgram program;
+    program.UsedBefore();
+    program.Set(kTrayIcon, c.icon);
+    if (c.exists) program.Host.Files.Put(c.icon, "picture");
+    if (!c.isPicture) program.Host.Tray.RefusePicture(c.icon);
+    program.Start();
+    EXPECT_EQ(program.Host.Tray.Record().hIcon, c.shown) << c.what;
+    EXPECT_EQ(program.Setting(kTrayIcon), c.icon) << c.what;
+  }
+}
+
+TEST(Start, FillsTheWholeTrayRecord) {
+  SimulatedProgram program;
+  program.UsedBefore();
+  program.Start();
+  const TrayIconRecord& record = program.Host.Tray.Record();
+  EXPECT_EQ(record.cbSize, 488U);
+  EXPECT_EQ(record.uID, 1U);
+  EXPECT_EQ(record.uFlags, 23U);
+  EXPECT_EQ(record.uCallbackMessage, 512U);
+  EXPECT_EQ(record.uTimeout, 30000U);
+  EXPECT_EQ(record.szTip.Text(), "");
+  EXPECT_TRUE(program.Host.Tray.HasIcon());
+}
+
+TEST(Start, LoadsTheStateWithItsDefaults) {
+  SimulatedProgram program;
+  program.UsedBefore();
+  program.AddAccount("one", "ann", "pass");
+  program.AddAccount("two", "bob", "z");
+  program.Set(kSounds[1], "click.wav");
+  program.Set(kShowBalloonWhen, kBalloonClicks);
+  program.Set(kProxyServer, "proxy");
+  program.Set(kProxyPort, "8080");
+  program.Start();
+  const AppState& state = program.State();
+  EXPECT_THAT(state.Accounts, ElementsAre("one", "two"));
+  EXPECT_THAT(state.Usernames, ElementsAre("ann", "bob"));
+  EXPECT_THAT(state.Passwords, ElementsAre("pass", "z"));
+  EXPECT_EQ(state.ProxyServer + ":" + state.ProxyPort, "proxy:8080");
+  EXPECT_EQ(state.TrayAction, "Open Quillbox Options");
+  EXPECT_EQ(state.TraySingleAction, "No Action");
+  EXPECT_EQ(state.ShowBalloonWhen, "Clicks Changes");
+  EXPECT_THAT(state.SoundFiles,
+              ElementsAre("(None)", "click.wav", "(None)", "(None)", "(None)", "(None)"));
+  EXPECT_EQ(program.Setting(kTrayAction), "") << "defaults are not written back";
+}
+
+TEST(Start, ThePrimaryAccountsStoredFiguresComeIntoTheTooltip) {
+  SimulatedProgram program;
+  program.UsedBefore();
+  program.AddAccount("one", "ann", "x");
+  program.Set(kPrimaryAccount, "one");
+  program.Set(kTooltipValues, "AB");
+  program.Set(kRefreshTooltip, kTrue);
+  program.Set(kDataToDownload, kDownloadContent);
+  program.Host.Agents.Always(Answers("0"));
+  program.Start();
+  const std::string figures = program.State().TooltipText;
+  EXPECT_THAT(figures, testing::HasSubstr("100"));
+  program.Host.Choose("Exit");
+  program.Set(kRefreshTooltip, kFalse);
+  program.Start();
+  EXPECT_EQ(program.State().TooltipText, figures);
+}
+
+TEST(Start, TheSubmenusAreFilledAtTheFirstPumping) {
+  SimulatedProgram program;
+  program.UsedBefore();
+  program.AddAccount("one", "ann", "x");
+  program.Start();
+  const auto openAccountItems = [&program] {
+    const Menu& menu = program.State().TrayMenu;
+    for (const MenuItem& item : menu) {
+      if (item.Caption == "Open AdSense Account") return item.Items.size();
+    }
+    return std::size_t{99};
+  };
+  EXPECT_EQ(openAccountItems(), 0U);
+  program.Host.RunFor(1s);
+  EXPECT_EQ(openAccountItems(), 1U) << "once, not at every tick";
+}
+
+TEST(Start, AStoreThatKeepsNothingGivesWayToAFile) {
+  struct Case {
+    const char* username;
+    const char* file;
+  };
+  const Case kCases[] = {
+      {"ann", "/app/ann.ini"}, {"", "/app/Default.ini"}, {"a/b", "/app/Default.ini"}};
+  for (const Case& c : kCases) {
+    SimulatedProgram program;
+    program.Host.Store.SetKeeps(StoreKeeps::kNothing);
+    program.Host.Variables.Set("USERNAME", c.username);
+    program.Start();
+    EXPECT_THAT(program.Host.Trace({"store"}),
+                ElementsAre("store Misc/Version=1.3.0", "store Misc/RegTest=Test"))
+        << c.username;
+    const std::string text = program.Host.Files.Read(c.file).value_or("no file");
+    EXPECT_THAT(text, testing::HasSubstr("RUNS=1")) << c.username;
+    EXPECT_THAT(text, testing::Not(testing::HasSubstr("\nVERSION="))) << c.username;
+    EXPECT_EQ(program.Host.Files.All().count(c.file), 1U) << c.username;
+  }
+}
+
+TEST(Start, AStoreThatKeepsMakesNoFile) {
+  SimulatedProgram program;
+  program.UsedBefore();
+  program.Host.Variables.Set("Username", "ann");
+  program.Start();
+  EXPECT_THAT(program.Host.Files.All(), IsEmpty());
+}
+
+TEST(Start, GoesOnWhenNothingCanBeKept) {
+  SimulatedProgram program;
+  program.Host.Store.SetKeeps(StoreKeeps::kNothing);
+  program.Host.Files.SetDisk(DiskState::kReadOnly);
+  program.Start();
+  EXPECT_TRUE(program.Host.Tray.HasIcon());
+  EXPECT_THAT(program.Host.Trace({"box"}), Contains(BoxLine(kGreeting)));
+  EXPECT_FALSE(program.Host.Ended());
+}
+
+}  // namespace
+}  // namespace quillbox
