@@ -6,15 +6,12 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/tooltip_window.h"
 #include "tooltip/tooltip_rows.h"
 
 namespace quillbox {
 
 // All lengths in twips.
-struct TextSize {
-  double Width = 0;
-  double Height = 0;
-};
 
 // Measures a caption in the font of the descriptions or of the values.
 struct TooltipMeasure {

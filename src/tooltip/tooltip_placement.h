@@ -3,18 +3,9 @@
 
 #include <optional>
 
-namespace quillbox {
+#include "platform/pixel_geometry.h"
 
-// In pixels.
-struct PixelRect {
-  int Left = 0, Top = 0, Right = 0, Bottom = 0;
-};
-struct PixelPoint {
-  int X = 0, Y = 0;
-};
-struct PixelSize {
-  double Width = 0, Height = 0;
-};
+namespace quillbox {
 
 // The window's top left corner, beside the taskbar on whichever edge it stands; each coordinate is
 // rounded once, a half to the even number. Nothing when no edge fits: the window then stays where
