@@ -1,0 +1,42 @@
+#include "desktop/application_folders.h"
+
+#include <unistd.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <system_error>
+
+namespace quillbox {
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string FolderOfExecutable() {
+  std::error_code ignored;
+  return fs::read_symlink("/proc/self/exe", ignored).parent_path().string();
+}
+
+fs::path DataRoot() {
+  const char* const data = std::getenv("XDG_DATA_HOME");
+  if (data != nullptr && *data == '/') return data;
+  const char* const home = std::getenv("HOME");
+  return fs::path(home == nullptr ? "/" : home) / ".local/share";
+}
+
+std::string UsersDataFolder() {
+  const fs::path folder = DataRoot() / "Quillbox";
+  std::error_code ignored;
+  fs::create_directories(folder, ignored);
+  fs::permissions(folder, fs::perms::owner_all, ignored);
+  return folder.string();
+}
+
+}  // namespace
+
+ApplicationFolder FindApplicationFolder() {
+  const std::string program = FolderOfExecutable();
+  const bool portable = ::access(program.c_str(), W_OK) == 0;
+  return {program, portable ? program : UsersDataFolder(), '/'};
+}
+
+}  // namespace quillbox

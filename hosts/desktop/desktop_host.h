@@ -1,0 +1,56 @@
+// The desktop on which a person works: every port of the program on Qt and the system.
+#pragma once
+
+#include "config/application_folder.h"
+#include "desktop/local_single_instance.h"
+#include "desktop/qt_address_opener.h"
+#include "desktop/qt_event_pump.h"
+#include "desktop/qt_forms.h"
+#include "desktop/qt_message_boxes.h"
+#include "desktop/qt_program_exit.h"
+#include "desktop/qt_timers.h"
+#include "desktop/qt_tray_host.h"
+#include "desktop/settings_per_user_store.h"
+#include "desktop/silent_sounds.h"
+#include "platform/host.h"
+#include "system/agent_processes.h"
+#include "system/system_clock.h"
+#include "system/system_environment.h"
+#include "system/system_files.h"
+#include "system/system_network_state.h"
+
+namespace quillbox {
+
+// Needs a QApplication that outlives it.
+class DesktopHost {
+ public:
+  explicit DesktopHost(const ApplicationFolder& folder);
+  DesktopHost(const DesktopHost&) = delete;
+  DesktopHost& operator=(const DesktopHost&) = delete;
+
+  Host Ports();
+
+  // Where events are reported from now on.
+  void Connect(HostEvents& events);
+
+ private:
+  void LastActs();
+
+  SettingsPerUserStore store_;
+  SystemEnvironment variables_;
+  SystemFiles disk_;
+  SystemClock time_;
+  QtTimers timers_;
+  QtEventPump events_;
+  AgentProcesses agents_;
+  QtTrayHost tray_;
+  QtMessageBoxes boxes_;
+  QtForms windows_;
+  SilentSounds speaker_;
+  LocalSingleInstance instance_;
+  SystemNetworkState network_;
+  QtAddressOpener opener_;
+  QtProgramExit exit_;
+};
+
+}  // namespace quillbox

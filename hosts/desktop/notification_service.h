@@ -1,0 +1,38 @@
+// Balloons through the desktop's notification service.
+#pragma once
+
+#include <QMap>
+#include <QObject>
+#include <QString>
+#include <functional>
+
+class QDBusMessage;
+
+namespace quillbox {
+
+struct Balloon {
+  QString Title;
+  QString Text;
+  int TimeoutMs = 0;
+};
+
+// Never waits. A balloon with the text of an earlier one replaces it on the screen; different texts
+// never replace each other.
+class NotificationService {
+ public:
+  // `onRefused` gets what no service would show.
+  void Show(const Balloon& balloon, const std::function<void(const Balloon&)>& onRefused);
+
+ private:
+  void Ask(const QDBusMessage& question, std::function<void(const QDBusMessage&)> onAnswer);
+  void Send(const Balloon& balloon, const QDBusMessage& capabilities);
+
+  QObject pending_;              // parent of the questions that wait for their answers
+  QString server_;               // on the bus; the numbers below are its own
+  QMap<QString, uint> numbers_;  // text of a balloon, number of its notification
+};
+
+// What the service is to be told, plain text in a form that it shows as it is.
+QString BodyFor(const QString& text, bool serviceReadsMarkup);
+
+}  // namespace quillbox

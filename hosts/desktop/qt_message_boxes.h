@@ -1,0 +1,13 @@
+// Message boxes in the look of the person's desktop.
+#pragma once
+
+#include "platform/message_boxes.h"
+
+namespace quillbox {
+
+class QtMessageBoxes : public MessageBoxes {
+ public:
+  BoxAnswer Show(const Message& message) override;
+};
+
+}  // namespace quillbox

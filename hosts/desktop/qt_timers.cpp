@@ -1,0 +1,68 @@
+#include "desktop/qt_timers.h"
+
+#include <QPointer>
+#include <QTimer>
+#include <algorithm>
+#include <utility>
+
+namespace quillbox {
+namespace {
+
+using namespace std::chrono_literals;
+using SteadyClock = std::chrono::steady_clock;
+
+// Set anew after each tick, so that nothing can tick while the handler runs.
+class QtTimer : public Timer {
+ public:
+  QtTimer(std::chrono::milliseconds interval, std::function<void()> onTick)
+      : interval_(std::max(interval, 1ms)), onTick_(std::move(onTick)) {
+    timer_.setSingleShot(true);
+    // The system may put coarse ones together and wake up less often.
+    timer_.setTimerType(interval_ < 1s ? Qt::PreciseTimer : Qt::CoarseTimer);
+    QObject::connect(&timer_, &QTimer::timeout, [this] { Tick(); });
+  }
+
+  void SetEnabled(bool enabled) override {
+    if (enabled == enabled_) return;
+    enabled_ = enabled;
+    timer_.stop();
+    if (!enabled) return;
+    due_ = SteadyClock::now() + interval_;
+    if (!inHandler_) timer_.start(interval_);
+  }
+
+  bool Enabled() const override { return enabled_; }
+
+ private:
+  void Tick() {
+    const QPointer<QTimer> alive(&timer_);  // the handler may throw the timer away
+    const std::function<void()> handler = onTick_;
+    inHandler_ = true;
+    handler();
+    if (!alive) return;
+    inHandler_ = false;
+    if (enabled_) Rearm();
+  }
+
+  void Rearm() {
+    const auto now = SteadyClock::now();
+    while (due_ <= now) due_ += interval_;
+    timer_.start(std::chrono::ceil<std::chrono::milliseconds>(due_ - now));
+  }
+
+  const std::chrono::milliseconds interval_;
+  const std::function<void()> onTick_;
+  QTimer timer_;
+  SteadyClock::time_point due_;
+  bool enabled_ = false;
+  bool inHandler_ = false;
+};
+
+}  // namespace
+
+std::unique_ptr<Timer> QtTimers::NewTimer(std::chrono::milliseconds interval,
+                                          std::function<void()> onTick) {
+  return std::make_unique<QtTimer>(interval, std::move(onTick));
+}
+
+}  // namespace quillbox

@@ -1,0 +1,119 @@
+#include "desktop/qt_tray_host.h"
+
+#include <QTextDocument>
+
+#include "desktop/icon_picture.h"
+#include "desktop/tray_menu_view.h"
+#include "desktop/unicode_text.h"
+
+namespace quillbox {
+namespace {
+
+// Qt reads a tip that looks like markup as markup.
+QString TipForQt(const QString& text) {
+  return Qt::mightBeRichText(text) ? Qt::convertFromPlainText(text, Qt::WhiteSpacePre) : text;
+}
+
+}  // namespace
+
+QtTrayHost::QtTrayHost() : presence_([this] { TrayChanged(); }) {
+  QObject::connect(&menu_, &QMenu::aboutToShow, [this] { FillTrayMenu(); });
+}
+
+bool QtTrayHost::Apply(TrayOperation operation, const TrayIconRecord& record) {
+  switch (operation) {
+    case TrayOperation::kAdd:
+      return Add(record);
+    case TrayOperation::kModify:
+      return Modify(record);
+    case TrayOperation::kDelete:
+      return Delete();
+  }
+  return false;
+}
+
+bool QtTrayHost::Add(const TrayIconRecord& record) {
+  wanted_ = true;
+  if (!presence_.Present()) {
+    notice_.Begin();
+    return false;
+  }
+  notice_.Cancel();
+  if (!icon_) {
+    presence_.Choose();
+    icon_ = std::make_unique<QSystemTrayIcon>();
+    FillTrayMenu();  // some hosts look at it before they say that they show it
+    icon_->setContextMenu(&menu_);
+    // Clicks and hover of the icon (QSystemTrayIcon::activated) are to be passed on from here.
+  }
+  ShowPicture(record.hIcon);
+  ShowTip();
+  icon_->show();
+  ShowBalloon(record);
+  return true;
+}
+
+bool QtTrayHost::Modify(const TrayIconRecord& record) {
+  if (!icon_) return false;
+  if ((record.uFlags & kNifIcon) != 0) ShowPicture(record.hIcon);
+  ShowBalloon(record);
+  return true;
+}
+
+bool QtTrayHost::Delete() {
+  wanted_ = false;
+  notice_.Cancel();
+  shownPicture_.reset();
+  const bool had = icon_ != nullptr;
+  icon_.reset();
+  return had;
+}
+
+// The old tray took the icon with it, and an icon object doesn't survive its tray on every desktop.
+void QtTrayHost::TrayChanged() {
+  icon_.reset();
+  shownPicture_.reset();
+  if (!wanted_) return;
+  if (presence_.Present() && events_ != nullptr) events_->TaskbarCreated();
+}
+
+void QtTrayHost::ShowPicture(const std::string& path) {
+  if (shownPicture_ == path) return;
+  QIcon picture;
+  if (!path.empty()) picture = PictureFromFile(path);
+  icon_->setIcon(picture.isNull() ? OwnPicture() : picture);
+  shownPicture_ = path;
+}
+
+void QtTrayHost::TooltipChanged(const std::string& text) {
+  tip_ = text;
+  if (icon_) ShowTip();
+}
+
+void QtTrayHost::ShowTip() {
+  const QString tip = ToUnicodeLines(tip_);
+  icon_->setToolTip(presence_.QtDrawsTip() ? TipForQt(tip) : tip);
+}
+
+void QtTrayHost::ShowBalloon(const TrayIconRecord& record) {
+  if ((record.uFlags & kNifInfo) == 0 || record.szInfo.Text().empty()) return;
+  const Balloon balloon{ToUnicode(record.szInfoTitle.Text()), ToUnicodeLines(record.szInfo.Text()),
+                        static_cast<int>(record.uTimeout)};
+  notifications_.Show(balloon, [this](const Balloon& refused) {
+    if (!icon_) return;
+    icon_->showMessage(refused.Title, refused.Text, QSystemTrayIcon::NoIcon, refused.TimeoutMs);
+  });
+}
+
+bool QtTrayHost::CanShowPicture(const std::string& path) {
+  return !PictureFromFile(path).isNull();
+}
+
+void QtTrayHost::FillTrayMenu() {
+  if (events_ == nullptr) return;
+  FillMenu(menu_, events_->TrayMenu(), [this](const MenuItem& item) {
+    if (events_ != nullptr) events_->MenuItemChosen(item);
+  });
+}
+
+}  // namespace quillbox

@@ -1,0 +1,50 @@
+// The icon in the tray: its picture, tip, menu and balloons.
+#pragma once
+
+#include <QMenu>
+#include <QSystemTrayIcon>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "desktop/no_tray_notice.h"
+#include "desktop/notification_service.h"
+#include "desktop/tray_presence.h"
+#include "platform/host_events.h"
+#include "platform/tray_host.h"
+
+namespace quillbox {
+
+class QtTrayHost : public TrayHost {
+ public:
+  QtTrayHost();
+
+  // Where a new tray and the menu's events are reported.
+  void Connect(HostEvents& events) { events_ = &events; }
+
+  bool Apply(TrayOperation operation, const TrayIconRecord& record) override;
+  void TooltipChanged(const std::string& text) override;
+  bool CanShowPicture(const std::string& path) override;
+
+ private:
+  void TrayChanged();
+  bool Add(const TrayIconRecord& record);
+  bool Modify(const TrayIconRecord& record);
+  bool Delete();
+  void ShowPicture(const std::string& path);
+  void ShowTip();
+  void ShowBalloon(const TrayIconRecord& record);
+  void FillTrayMenu();
+
+  HostEvents* events_ = nullptr;
+  TrayPresence presence_;
+  NoTrayNotice notice_;
+  NotificationService notifications_;
+  QMenu menu_;
+  std::unique_ptr<QSystemTrayIcon> icon_;
+  std::optional<std::string> shownPicture_;  // hIcon of the picture in the tray
+  std::string tip_;
+  bool wanted_ = false;  // the program has added its icon and not removed it
+};
+
+}  // namespace quillbox

@@ -1,0 +1,15 @@
+// The person's region as Qt knows it, in the program's terms.
+#pragma once
+
+#include <QLocale>
+
+#include "platform/regional_settings.h"
+
+namespace quillbox {
+
+// What the code page lacks is replaced: a narrow blank by the no-break blank, foreign marks by
+// plain ones, a currency symbol by its three-letter code, names of days and months by the English
+// ones. A locale without a language ("C") is en-US.
+RegionalSettings RegionOf(const QLocale& locale);
+
+}  // namespace quillbox

@@ -1,0 +1,38 @@
+// Builds the desktop host and the program, joins them, and runs the event loop.
+#include <QApplication>
+#include <QLocale>
+#include <QSessionManager>
+#include <QTimer>
+
+#include "build_values.h"
+#include "desktop/application_folders.h"
+#include "desktop/desktop_host.h"
+#include "desktop/region.h"
+#include "desktop/working_files.h"
+#include "platform/single_instance.h"
+#include "shell/program.h"
+#include "system/process_protection.h"
+
+int main(int argc, char* argv[]) {
+  quillbox::ProtectProcess();
+  QApplication application(argc, argv);
+  QApplication::setApplicationName("Quillbox");
+  QApplication::setDesktopFileName("quillbox");
+  // The program's face is its icon: closing a window ends nothing, and a signing out asks nothing.
+  QApplication::setQuitOnLastWindowClosed(false);
+  QObject::connect(&application, &QGuiApplication::saveStateRequest, [](QSessionManager& session) {
+    session.setRestartHint(QSessionManager::RestartNever);
+  });
+
+  const quillbox::ApplicationFolder folder = quillbox::FindApplicationFolder();
+  quillbox::DesktopHost desktop(folder);
+  const quillbox::Host ports = desktop.Ports();
+  quillbox::Program program(ports, folder, quillbox::RegionOf(QLocale::system()),
+                            quillbox::ThisBuild());
+  desktop.Connect(program.Events());
+  QTimer::singleShot(0, [&] {
+    if (!ports.Instance.AnotherInstanceRuns()) quillbox::ClearWorkingFiles(ports.Disk, folder);
+    program.Main();
+  });
+  return QApplication::exec();
+}

@@ -1,0 +1,58 @@
+#include "desktop/fake_bus_service.h"
+
+#include <QCoreApplication>
+#include <QThread>
+#include <utility>
+
+namespace quillbox {
+
+FakeBusService::FakeBusService(const QString& busAddress, const QString& name, const QString& path,
+                               Answer answer, QString description)
+    : name_(name),
+      path_(path),
+      description_(std::move(description)),
+      answer_(std::move(answer)),
+      connection_(QDBusConnection::connectToBus(busAddress, name)) {
+  connection_.registerVirtualObject(path, this, QDBusConnection::SubPath);
+}
+
+FakeBusService::~FakeBusService() {
+  QDBusConnection::disconnectFromBus(name_);
+}
+
+void FakeBusService::Appear() {
+  connection_.registerService(name_);
+}
+
+void FakeBusService::Vanish() {
+  connection_.unregisterService(name_);
+}
+
+void FakeBusService::Signal(const QString& signal) {
+  connection_.send(QDBusMessage::createSignal(path_, name_, signal));
+}
+
+std::vector<QDBusMessage> FakeBusService::Calls(const QString& method) const {
+  std::vector<QDBusMessage> found;
+  for (const QDBusMessage& call : calls_) {
+    if (call.member() == method) found.push_back(call);
+  }
+  return found;
+}
+
+bool FakeBusService::handleMessage(const QDBusMessage& message, const QDBusConnection& connection) {
+  if (message.member() == "Introspect") return false;
+  calls_.push_back(message);
+  return connection.send(message.createReply(answer_(message)));
+}
+
+bool ComesAbout(const std::function<bool()>& wished) {
+  for (int tries = 0; tries < 1500; ++tries) {
+    QCoreApplication::processEvents();
+    if (wished()) return true;
+    QThread::msleep(20);
+  }
+  return false;
+}
+
+}  // namespace quillbox
