@@ -15,8 +15,6 @@ QString Title(FormName form) {
       return "About Quillbox";
     case FormName::kAccount:
       return "Quillbox Account";
-    case FormName::kTooltipWin:
-      break;
   }
   return "Quillbox";
 }
@@ -28,7 +26,7 @@ QtForms::~QtForms() {
 }
 
 void QtForms::Load(FormName form) {
-  if (notice_ || form == FormName::kTooltipWin) return;
+  if (notice_) return;
   notice_ = new QMessageBox(QMessageBox::Information, Title(form),
                             "This window is not part of this version of Quillbox yet.");
   notice_->setObjectName("FormNotice");

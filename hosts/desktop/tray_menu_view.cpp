@@ -38,7 +38,7 @@ void FillMenu(QMenu& menu, const Menu& items, const OnChosen& onChosen) {
   for (const MenuItem& item : items) {
     if (item.Submenu) {
       AddSubmenu(menu, item, onChosen);
-    } else if (item.Separator()) {
+    } else if (item.Separator) {
       menu.addSeparator();
     } else {
       AddItem(menu, item, onChosen);

@@ -6,7 +6,7 @@ namespace {
 
 void ShowItems(SimulatedTrace& trace, const Menu& menu, const std::string& above) {
   for (const MenuItem& item : menu) {
-    if (item.Separator()) continue;
+    if (item.Separator) continue;
     const std::string path = above + item.Caption;
     trace.Add("item", item.Enabled ? path : path + ", disabled",
               {{"path", path}, {"enabled", item.Enabled ? "True" : "False"}});

@@ -12,8 +12,6 @@ const char* NameOf(FormName form) {
       return "ReportsWin";
     case FormName::kAboutWin:
       return "AboutWin";
-    case FormName::kTooltipWin:
-      return "TooltipWin";
     case FormName::kAccount:
       return "Account";
   }
@@ -34,6 +32,23 @@ void SimulatedForms::Load(FormName form) {
 void SimulatedForms::UnloadAll() {
   for (const FormName form : loaded_) trace_.Add("close", NameOf(form));
   loaded_.clear();
+}
+
+TextSize SimulatedTooltip::Measure(std::string_view text, const TooltipFont& font) {
+  constexpr double kTwipsPerPoint = 20;
+  const double points = font.Points * static_cast<double>(text.size());
+  return {kTwipsPerPoint * points * (font.Bold ? 0.6 : 0.5), kTwipsPerPoint * font.Points * 1.2};
+}
+
+void SimulatedTooltip::Show(const TooltipPicture& picture) {
+  shown_ = picture;
+  trace_.Add("tooltip", "opens");
+}
+
+void SimulatedTooltip::Close() {
+  if (!shown_) return;
+  shown_.reset();
+  trace_.Add("tooltip", "closes");
 }
 
 void SimulatedOpener::Open(const std::string& target) {

@@ -3,17 +3,20 @@
 #pragma once
 
 #include <map>
+#include <optional>
 #include <set>
 #include <string>
 #include <vector>
 
 #include "platform/address_opener.h"
+#include "platform/cursor.h"
 #include "platform/environment.h"
 #include "platform/forms.h"
 #include "platform/network_state.h"
 #include "platform/program_exit.h"
 #include "platform/single_instance.h"
 #include "platform/sounds.h"
+#include "platform/tooltip_window.h"
 #include "simulated/simulated_trace.h"
 #include "text/letter_case.h"
 
@@ -51,6 +54,37 @@ class SimulatedSounds final : public Sounds {
 
  private:
   SimulatedTrace& trace_;
+};
+
+class SimulatedCursor final : public Cursor {
+ public:
+  void MoveTo(PixelPoint position) { position_ = position; }
+  PixelPoint Position() override { return position_; }
+
+ private:
+  PixelPoint position_;
+};
+
+// A font in which every character is as wide as every other, on a screen of 1024 by 768 pixels with
+// the taskbar at the bottom.
+class SimulatedTooltip final : public TooltipWindow {
+ public:
+  explicit SimulatedTooltip(SimulatedTrace& trace) : trace_(trace) {}
+
+  TooltipSurroundings Around{{0, 738, 1024, 768}, {1024, 768}};
+
+  // What the window shows; nothing while there is none.
+  const std::optional<TooltipPicture>& Shown() const { return shown_; }
+  void ProgramEnded() { shown_.reset(); }
+
+  TextSize Measure(std::string_view text, const TooltipFont& font) override;
+  TooltipSurroundings Surroundings() override { return Around; }
+  void Show(const TooltipPicture& picture) override;
+  void Close() override;
+
+ private:
+  SimulatedTrace& trace_;
+  std::optional<TooltipPicture> shown_;
 };
 
 class SimulatedNetwork final : public NetworkState {

@@ -16,7 +16,7 @@ std::optional<MenuItem> FindItem(const Menu& menu, std::string_view wanted) {
   std::optional<MenuItem> found;
   for (const MenuItem& item : menu) {
     const bool fits =
-        !item.Submenu && !item.Separator() && (item.Name == wanted || item.Caption == wanted);
+        !item.Submenu && !item.Separator && (item.Name == wanted || item.Caption == wanted);
     if (fits) found = item;
     if (auto inside = FindItem(item.Items, wanted)) found = std::move(inside);
   }
@@ -32,6 +32,8 @@ SimulatedHost::SimulatedHost(std::uint64_t seed)
       TimerSource(Time),
       Agents(Time, Files, Effects, seed),
       Tray(Effects),
+      TrayMenus(Time, Effects, [this](const std::string& item) { Choose(item); }),
+      Tooltip(Effects),
       Boxes(Time, Effects),
       Windows(Effects),
       Speaker(Effects),
@@ -43,8 +45,8 @@ SimulatedHost::SimulatedHost(std::uint64_t seed)
 }
 
 Host SimulatedHost::Ports() {
-  return {Store, Variables, Files,   Time,     TimerSource, Time,   Agents, Tray,
-          Boxes, Windows,   Speaker, Instance, Network,     Opener, exit_};
+  return {Store,   Variables, Files, Time,    TimerSource, Time,     Agents,  Tray,   TrayMenus,
+          Tooltip, Mouse,     Boxes, Windows, Speaker,     Instance, Network, Opener, exit_};
 }
 
 void SimulatedHost::Connect(HostEvents& events) {
@@ -95,6 +97,7 @@ void SimulatedHost::ProcessIsGone() {
   TimerSource.StopAll();
   Agents.EndAll();
   Windows.ProgramEnded();
+  Tooltip.ProgramEnded();
   Tray.LoseIcon();
   Store.ProgramEnded();
 }
@@ -116,6 +119,23 @@ void SimulatedHost::TrayRestarts() {
 
 void SimulatedHost::LaunchAgain() {
   Tell([](HostEvents& events) { events.QuillboxLaunched(); });
+}
+
+void SimulatedHost::Hover(PixelPoint cursor) {
+  Mouse.MoveTo(cursor);
+  Tell([](HostEvents& events) { events.Form_MouseMove(TrayMouse::kMove); });
+}
+
+void SimulatedHost::LeftDown() {
+  Tell([](HostEvents& events) { events.Form_MouseMove(TrayMouse::kLeftDown); });
+}
+
+void SimulatedHost::DoubleClick() {
+  Tell([](HostEvents& events) { events.Form_MouseMove(TrayMouse::kLeftDoubleClick); });
+}
+
+void SimulatedHost::RightDown() {
+  Tell([](HostEvents& events) { events.Form_MouseMove(TrayMouse::kRightDown); });
 }
 
 bool SimulatedHost::Choose(std::string_view item) {

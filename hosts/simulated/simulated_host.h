@@ -20,6 +20,7 @@
 #include "simulated/simulated_timers.h"
 #include "simulated/simulated_trace.h"
 #include "simulated/simulated_tray.h"
+#include "simulated/simulated_tray_menus.h"
 
 namespace quillbox {
 
@@ -41,6 +42,9 @@ class SimulatedHost {
   SimulatedTimers TimerSource;
   SimulatedAgents Agents;
   SimulatedTray Tray;
+  SimulatedTrayMenus TrayMenus;
+  SimulatedTooltip Tooltip;
+  SimulatedCursor Mouse;
   SimulatedBoxes Boxes;
   SimulatedForms Windows;
   SimulatedSounds Speaker;
@@ -75,6 +79,12 @@ class SimulatedHost {
   void TrayAppears();
   void TrayRestarts();
   void LaunchAgain();
+
+  // What the person does with the mouse at the icon. A double click is its two codes in a row.
+  void Hover(PixelPoint cursor);
+  void LeftDown();
+  void DoubleClick();
+  void RightDown();
 
   // Chooses the tray menu's item of this name or caption; the last one of several. False when there
   // is none or it is disabled, which the trace tells.

@@ -5,6 +5,7 @@
 
 #include "platform/address_opener.h"
 #include "platform/agent_runner.h"
+#include "platform/cursor.h"
 #include "platform/environment.h"
 #include "platform/event_pump.h"
 #include "platform/forms.h"
@@ -13,12 +14,15 @@
 #include "platform/program_exit.h"
 #include "platform/single_instance.h"
 #include "platform/timers.h"
+#include "platform/tooltip_window.h"
+#include "platform/tray_menu_host.h"
 
 namespace quillbox {
 
 // Every call is a mistake in the program: it throws std::logic_error.
 class IdlePorts final : public AddressOpener,
                         public AgentRunner,
+                        public Cursor,
                         public Environment,
                         public EventPump,
                         public Forms,
@@ -26,7 +30,9 @@ class IdlePorts final : public AddressOpener,
                         public NetworkState,
                         public ProgramExit,
                         public SingleInstance,
-                        public Timers {
+                        public Timers,
+                        public TooltipWindow,
+                        public TrayMenuHost {
  public:
   void Open(const std::string&) override { Refuse(); }
   AgentId Start(const AgentStart&) override { Refuse(); }
@@ -45,6 +51,14 @@ class IdlePorts final : public AddressOpener,
   std::unique_ptr<Timer> NewTimer(std::chrono::milliseconds, std::function<void()>) override {
     Refuse();
   }
+
+  PixelPoint Position() override { Refuse(); }
+  TextSize Measure(std::string_view, const TooltipFont&) override { Refuse(); }
+  TooltipSurroundings Surroundings() override { Refuse(); }
+  void Show(const TooltipPicture&) override { Refuse(); }
+  void Close() override { Refuse(); }
+  bool BringToForeground() override { Refuse(); }
+  void PopUp() override { Refuse(); }
 
  private:
   [[noreturn]] static void Refuse() {

@@ -3,7 +3,7 @@
 
 namespace quillbox {
 
-enum class FormName { kOpts, kReportsWin, kAboutWin, kTooltipWin, kAccount };
+enum class FormName { kOpts, kReportsWin, kAboutWin, kAccount };
 
 class Forms {
  public:

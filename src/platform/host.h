@@ -6,6 +6,7 @@ namespace quillbox {
 class AddressOpener;
 class AgentRunner;
 class Clock;
+class Cursor;
 class Environment;
 class EventPump;
 class Files;
@@ -17,7 +18,9 @@ class ProgramExit;
 class SingleInstance;
 class Sounds;
 class Timers;
+class TooltipWindow;
 class TrayHost;
+class TrayMenuHost;
 
 struct Host {
   PerUserStore& Store;
@@ -28,6 +31,9 @@ struct Host {
   EventPump& Events;
   AgentRunner& Agents;
   TrayHost& Tray;
+  TrayMenuHost& TrayMenus;
+  TooltipWindow& Tooltip;
+  Cursor& Mouse;
   MessageBoxes& Boxes;
   Forms& Windows;
   Sounds& Speaker;

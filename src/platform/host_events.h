@@ -6,6 +6,14 @@
 namespace quillbox {
 
 // All calls come on the program's one thread, from the event pump.
+// What the mouse did at the tray icon, as the codes that the tray was designed to report.
+enum class TrayMouse {
+  kMove = 512,
+  kLeftDown = 513,
+  kLeftDoubleClick = 515,
+  kRightDown = 516,
+};
+
 class HostEvents {
  public:
   virtual ~HostEvents() = default;
@@ -15,6 +23,9 @@ class HostEvents {
 
   // The program was started a second time.
   virtual void QuillboxLaunched() = 0;
+
+  // A double click is reported as a left button down followed by the double click.
+  virtual void Form_MouseMove(TrayMouse code) = 0;
 
   // The menu to show at the icon, as it is now. The reference lives until the next event.
   virtual const Menu& TrayMenu() = 0;

@@ -4,12 +4,16 @@
 
 #include "config/setting_keys.h"
 #include "evaluation/tray_stats.h"
+#include "platform/event_pump.h"
 #include "platform/forms.h"
 #include "platform/network_state.h"
 #include "platform/program_exit.h"
 #include "platform/tray_host.h"
+#include "platform/tray_menu_host.h"
+#include "retrieval/open_account.h"
 #include "retrieval/refresh_cycle.h"
 #include "shell/update_schedule.h"
+#include "shell/web_links.h"
 #include "tray/tray_icon.h"
 #include "tray/tray_menu.h"
 #include "update/version_check.h"
@@ -32,7 +36,10 @@ void ShowInNewTray(const ProgramContext& program) {
 
 }  // namespace
 
-Form1::Form1(const ProgramContext& program) : program_(program) {
+Form1::Form1(const ProgramContext& program)
+    : program_(program),
+      hover_(program),
+      clicks_(program, [this](const std::string& action) { RunTrayAction(action); }) {
   quillbox::Timers& timers = program.Host.TimerSource;
   Timer1_ = timers.NewTimer(kMinute, [this] { AutoUpdateTick(); });
   Timer2_ = timers.NewTimer(kMinute, [this] { AutoUpdateTick(); });
@@ -109,6 +116,7 @@ void Form1::RefreshNow_Click() {
 
 void Form1::Exit_Click() {
   RemoveTrayIcon(program_);
+  hover_.Stop();
   program_.Host.Windows.UnloadAll();
   program_.Host.Exit.EndProcess();
 }
@@ -128,12 +136,73 @@ const Menu& Form1::TrayMenu() {
   return program_.State.TrayMenu;
 }
 
+void Form1::Form_MouseMove(TrayMouse code) {
+  switch (code) {
+    case TrayMouse::kMove:
+      if (trayMenuTag_.empty()) hover_.MouseMoved();
+      break;
+    case TrayMouse::kLeftDown:
+      clicks_.LeftDown();
+      break;
+    case TrayMouse::kLeftDoubleClick:
+      clicks_.DoubleClick();
+      break;
+    case TrayMouse::kRightDown:
+      RightDown();
+      break;
+  }
+}
+
+// The marker stays when the program could not come to the foreground: the menu may then still be
+// up.
+void Form1::RightDown() {
+  hover_.Stop();
+  trayMenuTag_ = "Open";
+  program_.Host.Events.PumpEvents();
+  const bool inForeground = program_.Host.TrayMenus.BringToForeground();
+  program_.Host.Events.PumpEvents();
+  program_.Host.TrayMenus.PopUp();
+  if (inForeground) trayMenuTag_.clear();
+}
+
+void Form1::RunTrayAction(const std::string& action) {
+  if (action == kActionOpenAccount) OpenAccount(program_, "");
+  if (action == kActionOptions) Options_Click();
+  if (action == kActionRefresh) RefreshNow_Click();
+  if (action == kActionVisit) TWVisit_Click(program_);
+}
+
 void Form1::MenuItemChosen(const MenuItem& item) {
-  const std::string name = item.Name;  // the menu may be rebuilt before the handler is done
-  if (name == "Options") Options_Click();
-  if (name == "RefreshNow") RefreshNow_Click();
-  if (name == "CheckForNewVersion") CheckForUpdate(program_, "Yes");
-  if (name == "Exit") Exit_Click();
+  if (item.Command >= kOpenAccountCommand) {
+    OpenAccountOfCommand(item.Command);
+    return;
+  }
+  static constexpr struct {
+    std::string_view Name;
+    void (*Click)(Form1&);
+  } kHandlers[] = {
+      {"Options", [](Form1& form) { form.Options_Click(); }},
+      {"RefreshNow", [](Form1& form) { form.RefreshNow_Click(); }},
+      {"Reports", [](Form1& form) { form.program_.Host.Windows.Load(FormName::kReportsWin); }},
+      {"About", [](Form1& form) { form.program_.Host.Windows.Load(FormName::kAboutWin); }},
+      {"QuillboxManual", [](Form1& form) { QuillboxManual_Click(form.program_); }},
+      {"QuillboxSupportForums", [](Form1& form) { QuillboxSupportForums_Click(form.program_); }},
+      {"SendBugReport", [](Form1& form) { SendBugReport_Click(form.program_); }},
+      {"CheckForNewVersion", [](Form1& form) { CheckForUpdate(form.program_, "Yes"); }},
+      {"TWVisit", [](Form1& form) { TWVisit_Click(form.program_); }},
+      {"TWDonate", [](Form1& form) { TWDonate_Click(form.program_); }},
+      {"Exit", [](Form1& form) { form.Exit_Click(); }},
+  };
+  for (const auto& handler : kHandlers) {
+    if (handler.Name == item.Name) return handler.Click(*this);
+  }
+}
+
+// The menu may be older than the list of accounts.
+void Form1::OpenAccountOfCommand(int command) {
+  const auto index = static_cast<std::size_t>(command - kOpenAccountCommand);
+  const AppState& state = program_.State;
+  if (index < state.Accounts.size()) OpenAccount(program_, state.Accounts[index]);
 }
 
 }  // namespace quillbox

@@ -6,6 +6,8 @@
 
 #include "platform/host_events.h"
 #include "platform/timers.h"
+#include "shell/tooltip_hover.h"
+#include "shell/tray_clicks.h"
 #include "state/program_context.h"
 
 namespace quillbox {
@@ -25,6 +27,9 @@ class Form1 final : public HostEvents {
   // Starts the minute clock of automatic refresh at the stored rate.
   void StartTimer1();
 
+  // Carries out one of the texts of Action and SingleAction; any other text does nothing.
+  void RunTrayAction(const std::string& action);
+
   // Opens the Options dialog.
   void Options_Click();
 
@@ -37,6 +42,7 @@ class Form1 final : public HostEvents {
   // HostEvents
   void TaskbarCreated() override;
   void QuillboxLaunched() override;
+  void Form_MouseMove(TrayMouse code) override;
   const Menu& TrayMenu() override;
   void MenuItemChosen(const MenuItem& item) override;
 
@@ -46,12 +52,17 @@ class Form1 final : public HostEvents {
   void SwapTimers();
   void Timer3_Timer();
   void Timer8_Timer();
+  void RightDown();
+  void OpenAccountOfCommand(int command);
 
   const ProgramContext& program_;
   std::unique_ptr<Timer> Timer1_, Timer2_;  // one minute clock in two halves
   std::unique_ptr<Timer> Timer3_;           // fills the submenus once
   std::unique_ptr<Timer> Timer8_;           // the delayed start
   std::string timer8Tag_;
+  std::string trayMenuTag_;  // "Open" while the tray menu is up
+  TooltipHover hover_;
+  TrayClicks clicks_;
 };
 
 }  // namespace quillbox

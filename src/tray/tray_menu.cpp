@@ -18,6 +18,12 @@ MenuItem Item(std::string name, std::string caption) {
   return item;
 }
 
+MenuItem Separator(std::string name) {
+  MenuItem item = Item(std::move(name), "");
+  item.Separator = true;
+  return item;
+}
+
 MenuItem Submenu(std::string name, std::string caption, Menu items) {
   MenuItem item = Item(std::move(name), std::move(caption));
   item.Submenu = true;
@@ -29,21 +35,21 @@ MenuItem Submenu(std::string name, std::string caption, Menu items) {
 Menu DesignedTrayMenu() {
   Menu menu = {
       Item("Options", "Options..."),
-      Item("Sep1", ""),
+      Separator("Sep1"),
       Item("RefreshNow", "Refresh Now"),
-      Item("Sep3", ""),
+      Separator("Sep3"),
       Item("Reports", "Reports..."),
-      Item("sep99", ""),
+      Separator("sep99"),
       Item("About", "About..."),
       Submenu("Help", "Help",
               {Item("QuillboxManual", "Quillbox Manual"),
                Item("QuillboxSupportForums", "Quillbox Support Forums"),
                Item("SendBugReport", "Send Bug Report")}),
       Item("CheckForNewVersion", "Check for New Version"),
-      Item("Sep4", ""),
+      Separator("Sep4"),
       Item("TWVisit", "Visit Tarnwick Works"),
       Item("TWDonate", "Support Quillbox"),
-      Item("Sep2", ""),
+      Separator("Sep2"),
       Item("Exit", "Exit"),
   };
   menu.front().Default = true;

@@ -13,6 +13,7 @@ class Report : public quillbox::HostEvents {
  public:
   void TaskbarCreated() override {}
   void QuillboxLaunched() override { std::cout << "launched" << std::endl; }
+  void Form_MouseMove(quillbox::TrayMouse) override {}
   const quillbox::Menu& TrayMenu() override { return menu_; }
   void MenuItemChosen(const quillbox::MenuItem&) override {}
 

@@ -11,6 +11,7 @@
 #include "platform/address_opener.h"
 #include "platform/agent_runner.h"
 #include "platform/clock.h"
+#include "platform/cursor.h"
 #include "platform/environment.h"
 #include "platform/event_pump.h"
 #include "platform/files.h"
@@ -23,7 +24,9 @@
 #include "platform/single_instance.h"
 #include "platform/sounds.h"
 #include "platform/timers.h"
+#include "platform/tooltip_window.h"
 #include "platform/tray_host.h"
+#include "platform/tray_menu_host.h"
 #include "state/program_context.h"
 #include "test_region.h"
 
@@ -91,6 +94,7 @@ struct StandingClock : Clock {
 // What an evaluation has no business with.
 struct UnusedPorts : AddressOpener,
                      AgentRunner,
+                     Cursor,
                      Environment,
                      EventPump,
                      Forms,
@@ -98,8 +102,17 @@ struct UnusedPorts : AddressOpener,
                      NetworkState,
                      ProgramExit,
                      SingleInstance,
-                     Timers {
+                     Timers,
+                     TooltipWindow,
+                     TrayMenuHost {
   void Open(const std::string&) override { std::abort(); }
+  PixelPoint Position() override { std::abort(); }
+  TextSize Measure(std::string_view, const TooltipFont&) override { std::abort(); }
+  TooltipSurroundings Surroundings() override { std::abort(); }
+  void Show(const TooltipPicture&) override { std::abort(); }
+  void Close() override { std::abort(); }
+  bool BringToForeground() override { std::abort(); }
+  void PopUp() override { std::abort(); }
   bool IsOnline() override { std::abort(); }
   AgentId Start(const AgentStart&) override { std::abort(); }
   bool Running(AgentId) override { std::abort(); }
@@ -136,6 +149,9 @@ struct TestProgram {
                       .Events = Unused,
                       .Agents = Unused,
                       .Tray = Tray,
+                      .TrayMenus = Unused,
+                      .Tooltip = Unused,
+                      .Mouse = Unused,
                       .Boxes = Unused,
                       .Windows = Unused,
                       .Speaker = Speaker,

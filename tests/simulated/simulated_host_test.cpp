@@ -32,6 +32,7 @@ class Listener : public HostEvents {
 
   void TaskbarCreated() override { ports_.Speaker.PlaySoundFile("created"); }
   void QuillboxLaunched() override { ports_.Speaker.PlaySoundFile("launched"); }
+  void Form_MouseMove(TrayMouse) override { ports_.Speaker.PlaySoundFile("mouse"); }
   const Menu& TrayMenu() override { return menu_; }
   void MenuItemChosen(const MenuItem& item) override {
     ports_.Speaker.PlaySoundFile("chosen");
