@@ -87,6 +87,7 @@ AgentId AgentProcesses::Start(const AgentStart& start) {
   std::erase_if(children_, [](const auto& child) { return HasEnded(child.second); });
   std::vector<std::string> entries = ChangedEnvironment(start.Environment);
   std::vector<char*> environment;
+  environment.reserve(entries.size() + 1);
   for (std::string& entry : entries) environment.push_back(entry.data());
   environment.push_back(nullptr);
   char* const arguments[] = {const_cast<char*>(program_.c_str()),

@@ -79,7 +79,7 @@ int Listen(const std::string& path) {
 
 }  // namespace
 
-InstanceGate::InstanceGate(std::string folder)
+InstanceGate::InstanceGate(const std::string& folder)
     : lockPath_(folder.empty() ? "" : folder + "/quillbox.lock"),
       socketPath_(folder.empty() ? "" : folder + "/quillbox.socket") {}
 

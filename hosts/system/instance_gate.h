@@ -16,7 +16,7 @@ class InstanceGate {
  public:
   // `folder` belongs to this user alone (RuntimeFolder). With an empty one everybody passes and
   // nobody hears a knock.
-  explicit InstanceGate(std::string folder);
+  explicit InstanceGate(const std::string& folder);
   ~InstanceGate();
   InstanceGate(const InstanceGate&) = delete;
   InstanceGate& operator=(const InstanceGate&) = delete;

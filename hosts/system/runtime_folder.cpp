@@ -28,7 +28,7 @@ std::string CacheFolder() {
     cache = home + "/.cache";
   }
   ::mkdir(cache.c_str(), S_IRWXU);
-  const std::string folder = cache + "/Quillbox";
+  std::string folder = cache + "/Quillbox";
   ::mkdir(folder.c_str(), S_IRWXU);
   return folder;
 }

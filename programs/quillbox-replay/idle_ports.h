@@ -42,6 +42,7 @@ class IdlePorts final : public AddressOpener,
   void PumpEvents() override { Refuse(); }
   void Sleep(std::chrono::milliseconds) override { Refuse(); }
   void Load(FormName) override { Refuse(); }
+  void Unload(FormName) override { Refuse(); }
   void UnloadAll() override { Refuse(); }
   BoxAnswer Show(const Message&) override { Refuse(); }
   [[noreturn]] void EndProcess() override { Refuse(); }

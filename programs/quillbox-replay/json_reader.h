@@ -18,8 +18,9 @@ struct JsonLine {
 };
 
 // `line` (UTF-8, without its line feed) must outlive the result. What counts as a fault: a
-// character that the code page lacks, half of a surrogate pair, a member that an object holds
-// twice. The member "id" of the outermost object may hold any of these.
+// character that the code page lacks, a member that an object holds twice. The member "id" of the
+// outermost object may hold these. The first half of a surrogate pair without the second is not
+// JSON; a second half alone counts as a character that the code page lacks.
 JsonLine ReadJsonLine(std::string_view line);
 
 }  // namespace quillbox

@@ -1,6 +1,8 @@
 // Writing JSON, one member or item after the other.
 #pragma once
 
+#include <rapidjson/writer.h>
+
 #include <optional>
 #include <span>
 #include <string>
@@ -13,19 +15,19 @@ namespace quillbox {
 class JsonWriter {
  public:
   // Appends to `out`, which must outlive the writer.
-  explicit JsonWriter(std::string& out) : out_(out) {}
+  explicit JsonWriter(std::string& out) : output_{out}, writer_(output_) {}
 
-  void BeginObject() { Open('{'); }
-  void EndObject() { Close('}'); }
-  void BeginArray() { Open('['); }
-  void EndArray() { Close(']'); }
+  void BeginObject() { writer_.StartObject(); }
+  void EndObject() { writer_.EndObject(); }
+  void BeginArray() { writer_.StartArray(); }
+  void EndArray() { writer_.EndArray(); }
 
-  void Name(std::string_view name);
+  void Name(std::string_view name) { Text(name); }
   void Text(std::string_view text);
   void TextOrNull(const std::optional<std::string>& text);
   void Texts(std::span<const std::string> texts);
-  void Truth(bool truth) { Raw(truth ? "true" : "false"); }
-  void Null() { Raw("null"); }
+  void Truth(bool truth) { writer_.Bool(truth); }
+  void Null() { writer_.Null(); }
 
   // The shortest digits that read back the same. `number` must be finite.
   void Number(double number);
@@ -34,13 +36,16 @@ class JsonWriter {
   void Raw(std::string_view json);
 
  private:
-  void Open(char bracket);
-  void Close(char bracket);
-  void BeforeValue();
-  void Quoted(std::string_view text);
+  // Where the library puts its characters.
+  struct Output {
+    using Ch = char;
+    void Put(char c) { Out += c; }
+    void Flush() {}
+    std::string& Out;
+  };
 
-  std::string& out_;
-  bool first_ = true;  // nothing stands yet in the innermost object or list, or a name was written
+  Output output_;
+  rapidjson::Writer<Output> writer_;
 };
 
 }  // namespace quillbox

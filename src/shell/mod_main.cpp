@@ -20,7 +20,7 @@
 namespace quillbox {
 namespace {
 
-std::string OrDefault(std::string value, std::string_view whenEmpty) {
+std::string OrDefault(const std::string& value, std::string_view whenEmpty) {
   return value.empty() ? std::string(whenEmpty) : value;
 }
 

@@ -12,6 +12,12 @@ constexpr std::array<char32_t, 32> kHighControls = {
     0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
 
+// Such a text is the same in the code page and in UTF-8, and most are such.
+bool IsAscii(std::string_view text) {
+  return std::all_of(text.begin(), text.end(),
+                     [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+}
+
 void AppendUtf8(std::string& out, char32_t character) {
   const auto byte = [&out](char32_t value) { out += static_cast<char>(value); };
   if (character < 0x80) {
@@ -67,6 +73,7 @@ std::optional<unsigned char> FromCodePoint(char32_t character) {
 }
 
 std::optional<std::string> FromUtf8(std::string_view utf8) {
+  if (IsAscii(utf8)) return std::string(utf8);
   std::string text;
   text.reserve(utf8.size());
   while (!utf8.empty()) {
@@ -80,6 +87,7 @@ std::optional<std::string> FromUtf8(std::string_view utf8) {
 }
 
 std::string ToUtf8(std::string_view text) {
+  if (IsAscii(text)) return std::string(text);
   std::string utf8;
   utf8.reserve(text.size());
   for (const char c : text) AppendUtf8(utf8, ToCodePoint(static_cast<unsigned char>(c)));

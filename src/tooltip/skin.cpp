@@ -46,7 +46,7 @@ std::optional<SkinColorValue> SkinColor(std::string_view text) {
 
 Skin ReadSkin(Files& files, const std::string& path) {
   const auto read = [&](std::string_view key) { return IniRead(files, kSection, key, path); };
-  const auto orDefault = [](std::string value, std::string whenEmpty) {
+  const auto orDefault = [](const std::string& value, const std::string& whenEmpty) {
     return value.empty() ? whenEmpty : value;
   };
   Skin skin;
