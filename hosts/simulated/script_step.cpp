@@ -7,12 +7,13 @@
 
 #include "evaluation/regions.h"
 #include "simulated/script_members.h"
+#include "simulated/script_mouse.h"
 #include "simulated/script_show.h"
 
 namespace quillbox {
 namespace {
 
-using Action = std::function<void(SimulatedProgram&)>;
+using Action = ScriptAction;
 using Reader = Action (*)(ScriptMembers&);
 
 Action ReadHost(ScriptMembers& members) {
@@ -167,7 +168,9 @@ constexpr std::pair<const char*, Reader> kKinds[] = {
     {"answer", ReadAnswer},     {"start", ReadStart},
     {"run", ReadRun},           {"menu", ReadMenu},
     {"tray", ReadTray},         {"kill", ReadKill},
-    {"show", ReadShow}};
+    {"show", ReadShow},         {"hover", ReadHover},
+    {"leave", ReadLeave},       {"left", ReadLeft},
+    {"double", ReadDouble},     {"right", ReadRight}};
 
 Reader FindKind(const std::string& name) {
   for (const auto& [known, reader] : kKinds) {

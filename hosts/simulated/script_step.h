@@ -12,12 +12,14 @@
 
 namespace quillbox {
 
+using ScriptAction = std::function<void(SimulatedProgram&)>;
+
 struct ScriptStep {
   int Line = 0;
   std::string Do;                               // the kind of step
   std::optional<std::chrono::milliseconds> In;  // later, while the steps behind it go on
   std::uint64_t Seed = 0;                       // of a host step
-  std::function<void(SimulatedProgram&)> Act;
+  ScriptAction Act;
 };
 
 // Throws ScriptError when `step` isn't one. Line numbers count from 1.

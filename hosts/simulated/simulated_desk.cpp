@@ -29,6 +29,10 @@ void SimulatedForms::Load(FormName form) {
   if (loaded_.insert(form).second) trace_.Add("form", NameOf(form));
 }
 
+void SimulatedForms::Unload(FormName form) {
+  if (loaded_.erase(form) > 0) trace_.Add("close", NameOf(form));
+}
+
 void SimulatedForms::UnloadAll() {
   for (const FormName form : loaded_) trace_.Add("close", NameOf(form));
   loaded_.clear();

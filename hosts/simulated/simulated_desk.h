@@ -40,6 +40,7 @@ class SimulatedForms final : public Forms {
   void ProgramEnded() { loaded_.clear(); }
 
   void Load(FormName form) override;
+  void Unload(FormName form) override;
   void UnloadAll() override;
 
  private:

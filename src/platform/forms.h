@@ -12,6 +12,9 @@ class Forms {
   // Builds and shows the form. Loading one that is loaded does nothing.
   virtual void Load(FormName form) = 0;
 
+  // Closes the form; nothing when it isn't loaded. The next Load builds it anew.
+  virtual void Unload(FormName form) = 0;
+
   // Closes every form that is still loaded.
   virtual void UnloadAll() = 0;
 };

@@ -27,11 +27,13 @@ constexpr milliseconds kMinute{60000};
 constexpr milliseconds kSoon{1};
 constexpr milliseconds kDelayedStart{30000};
 
-// After the tray came (back): the icon, and with it the figures of the primary account.
-void ShowInNewTray(const ProgramContext& program) {
-  AddTrayIcon(program);
+// After the tray came (back): the icon, and with it the figures of the primary account. False when
+// there is no tray after all.
+bool ShowInNewTray(const ProgramContext& program) {
+  const bool added = AddTrayIcon(program);
   const std::string primary = program.Store.ReadSetting(kPrimaryAccount);
   if (!primary.empty()) UpdateTrayStats(program, primary);
+  return added;
 }
 
 }  // namespace
@@ -125,11 +127,12 @@ void Form1::TaskbarCreated() {
   ShowInNewTray(program_);
 }
 
-// A modification that fails tells that the tray has lost the icon.
+// A modification that fails tells that the tray has lost the icon. Without any tray a second start is
+// the person's one way to the program.
 void Form1::QuillboxLaunched() {
   const bool there =
       program_.Host.Tray.Apply(TrayOperation::kModify, program_.State.TrayIconRecord);
-  if (!there) ShowInNewTray(program_);
+  if (!there && !ShowInNewTray(program_)) Options_Click();
 }
 
 const Menu& Form1::TrayMenu() {

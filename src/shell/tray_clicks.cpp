@@ -27,11 +27,12 @@ void TrayClicks::DoubleClick() {
   run_(program_.State.TrayAction);
 }
 
-// Off before the action, which may pump events: one click must not run it twice, and a click during
-// a long action counts as a new one.
+// Off before the action, which may pump events: a double click that comes too late for this click
+// must find it off. Off again behind it: a click during the action is not saved up for later.
 void TrayClicks::Timer4_Timer() {
   Timer4_->SetEnabled(false);
   run_(program_.State.TraySingleAction);
+  Timer4_->SetEnabled(false);
 }
 
 }  // namespace quillbox

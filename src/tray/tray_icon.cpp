@@ -12,7 +12,7 @@ constexpr std::string_view kBalloonTitle = "Quillbox";
 
 }  // namespace
 
-void AddTrayIcon(const ProgramContext& program) {
+bool AddTrayIcon(const ProgramContext& program) {
   TrayIconRecord& record = program.State.TrayIconRecord;
   record.cbSize = kRecordSize;
   record.uID = 1;
@@ -24,7 +24,7 @@ void AddTrayIcon(const ProgramContext& program) {
   record.uTimeout = kBalloonMilliseconds;
   program.State.TooltipText = "Quillbox";
   program.Host.Tray.TooltipChanged(program.State.TooltipText);
-  program.Host.Tray.Apply(TrayOperation::kAdd, record);
+  return program.Host.Tray.Apply(TrayOperation::kAdd, record);
 }
 
 void ShowBalloon(const ProgramContext& program, std::string_view text) {

@@ -11,7 +11,8 @@ namespace quillbox {
 // Each sets the fields of TrayIconRecord that it names, leaves the rest as they were, and hands the
 // host the whole record. Failures are ignored.
 
-void AddTrayIcon(const ProgramContext& program);
+// Whether it stands in a tray now; without one it comes when a tray does.
+bool AddTrayIcon(const ProgramContext& program);
 
 // Under the title "Quillbox". `text` is the whole text; the record cuts it.
 void ShowBalloon(const ProgramContext& program, std::string_view text);

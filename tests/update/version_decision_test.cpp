@@ -31,8 +31,7 @@ TEST(VersionDecision, PublishedVersionAgainstTheInstalledOne) {
   };
   for (const Case& c : kCases) {
     EXPECT_EQ(DecideVersion(c.Installed, c.File, c.Asked, c.Announced).Outcome, c.Outcome)
-        << c.Installed << " against " << c.File.value_or("(none)") << ", announced "
-        << c.Announced;
+        << c.Installed << " against " << c.File.value_or("(none)") << ", announced " << c.Announced;
   }
 }
 

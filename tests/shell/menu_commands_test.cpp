@@ -1,0 +1,137 @@
+// The tray menu, item for item, and what its items do.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "simulated/sample_report.h"
+#include "simulated/simulated_program.h"
+
+namespace quillbox {
+namespace {
+
+using namespace std::chrono_literals;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class MenuCommandsTest : public testing::Test {
+ protected:
+  MenuCommandsTest() {
+    program_.UsedBefore();
+    program_.AddAccount("one", "ann", "x");
+    program_.Set(kDataToDownload, kDownloadContent);
+    host_.Agents.Always(Answers("0"));
+    program_.Start();
+    host_.RunFor(1s);
+    host_.Effects.Clear();
+  }
+
+  const MenuItem& Item(std::size_t position) const { return program_.State().TrayMenu[position]; }
+
+  SimulatedProgram program_;
+  SimulatedHost& host_ = program_.Host;
+};
+
+std::vector<std::string> Described(const Menu& menu) {
+  std::vector<std::string> lines;
+  for (const MenuItem& item : menu) {
+    std::string line = item.Separator ? "---" : item.Caption;
+    if (item.Submenu) line += " >";
+    if (item.Default) line += " (default)";
+    lines.push_back(item.Name + ": " + line);
+  }
+  return lines;
+}
+
+TEST_F(MenuCommandsTest, ReadsFromTopToBottom) {
+  EXPECT_THAT(
+      Described(program_.State().TrayMenu),
+      ElementsAre("Options: Options... (default)", "Sep1: ---", "RefreshNow: Refresh Now",
+                  "OpenAccountMenu: Open AdSense Account >", "Sep3: ---",
+                  "AccountsMenu: Accounts >", "Reports: Reports...", "sep99: ---",
+                  "About: About...", "Help: Help >", "CheckForNewVersion: Check for New Version",
+                  "Sep4: ---", "TWVisit: Visit Tarnwick Works", "TWDonate: Support Quillbox",
+                  "Sep2: ---", "Exit: Exit"));
+  EXPECT_THAT(Described(Item(9).Items),
+              ElementsAre("QuillboxManual: Quillbox Manual",
+                          "QuillboxSupportForums: Quillbox Support Forums",
+                          "SendBugReport: Send Bug Report"));
+}
+
+TEST_F(MenuCommandsTest, LinksLeadToTheMakersSite) {
+  struct Case {
+    const char *item, *address;
+  };
+  const Case kCases[] = {
+      {"TWVisit", "https://quillbox.example.test"},
+      {"TWDonate", "https://quillbox.example.test/Donate.asp"},
+      {"QuillboxSupportForums", "https://quillbox.example.test/Forum/index.php?c=19"},
+      {"SendBugReport",
+       "https://quillbox.example.test/BugReport.asp?Application=Quillbox&Version=1.3.0"}};
+  for (const Case& c : kCases) {
+    ASSERT_TRUE(host_.Choose(c.item));
+    EXPECT_EQ(host_.Opener.Opened().back(), c.address) << c.item;
+  }
+  EXPECT_EQ(host_.Opener.Opened().size(), std::size(kCases));
+}
+
+TEST_F(MenuCommandsTest, TheManualIsAFileOfTheApplicationFolder) {
+  host_.Files.Put("/app/ReadMe.txt", "How to");
+  host_.Choose("QuillboxManual");
+  EXPECT_THAT(host_.Opener.Opened(), ElementsAre("/app/ReadMe.txt"));
+  EXPECT_THAT(host_.Boxes.Shown(), IsEmpty());
+}
+
+TEST_F(MenuCommandsTest, AMissingManualIsSaidToBeMissing) {
+  host_.Choose("QuillboxManual");
+  EXPECT_THAT(host_.Opener.Opened(), IsEmpty());
+  ASSERT_EQ(host_.Boxes.Shown().size(), 1U);
+  const Message& box = host_.Boxes.Shown()[0];
+  EXPECT_EQ(box.Title, "Quillbox");
+  EXPECT_EQ(box.Text, "The Help File is missing!  Reinstall Quillbox to correct this problem.");
+  EXPECT_EQ(box.Icon, BoxIcon::kExclamation);
+}
+
+TEST_F(MenuCommandsTest, EachFormIsLoadedOnce) {
+  struct Case {
+    const char *item, *form;
+  };
+  const Case kCases[] = {
+      {"Options", "form Opts"}, {"Reports", "form ReportsWin"}, {"About", "form AboutWin"}};
+  for (const Case& c : kCases) {
+    host_.Effects.Clear();
+    host_.Choose(c.item);
+    host_.Choose(c.item);
+    EXPECT_THAT(host_.Trace({"form"}), ElementsAre(c.form)) << c.item;
+  }
+}
+
+TEST_F(MenuCommandsTest, StatisticsAreOnlyThereToBeRead) {
+  host_.Choose("RefreshNow");
+  host_.Effects.Clear();
+  const Menu popups = Item(5).Items;
+  ASSERT_EQ(popups.size(), 1U);
+  EXPECT_EQ(popups[0].Caption, "one");
+  ASSERT_THAT(popups[0].Items, testing::Not(IsEmpty()));
+  for (const MenuItem& line : popups[0].Items) {
+    EXPECT_LT(line.Command, 500) << line.Caption;
+    if (line.Separator || line.Submenu) continue;
+    EXPECT_TRUE(host_.Choose(line.Caption)) << line.Caption;
+  }
+  for (const TraceEntry& entry : host_.Effects.Entries()) EXPECT_EQ(entry.What, "menu");
+}
+
+TEST_F(MenuCommandsTest, RefreshNowRestsDuringACycle) {
+  host_.After(200ms, [this] {
+    EXPECT_FALSE(Item(2).Enabled);
+    EXPECT_FALSE(host_.Choose("RefreshNow"));
+    EXPECT_TRUE(host_.Choose("TWVisit")) << "no other item changes";
+  });
+  EXPECT_TRUE(host_.Choose("RefreshNow"));
+  EXPECT_TRUE(Item(2).Enabled);
+  EXPECT_EQ(host_.Agents.Starts().size(), 1U);
+}
+
+}  // namespace
+}  // namespace quillbox

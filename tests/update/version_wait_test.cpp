@@ -1,0 +1,116 @@
+// How long a check waits, and that there is one at a time.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "simulated/simulated_program.h"
+
+namespace quillbox {
+namespace {
+
+using namespace std::chrono_literals;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+class VersionWaitTest : public testing::Test {
+ protected:
+  void Start(const AgentBehaviour& agent) {
+    program_.UsedBefore();
+    host_.Agents.Always(agent);
+    program_.Start();
+    host_.Effects.Clear();
+  }
+  void Ask() { host_.Choose("CheckForNewVersion"); }
+
+  SimulatedProgram program_;
+  SimulatedHost& host_ = program_.Host;
+};
+
+TEST_F(VersionWaitTest, EndsWithTheLogOrWithTheAgentOrAfterTwoMinutes) {
+  AgentBehaviour answers;
+  answers.Data = "1.3.0";
+  answers.EmptyLogAfter = 1s;
+  answers.Log = "0";
+  answers.LogAfter = 5s;
+  AgentBehaviour silent;
+  silent.Data = "1.3.1";
+  AgentBehaviour empty;
+  empty.EmptyLogAfter = 1s;
+  AgentBehaviour crashes;
+  crashes.EndAfter = 2s;
+  AgentBehaviour missing;
+  missing.Starts = false;
+
+  struct Case {
+    const char* what;
+    AgentBehaviour agent;
+    std::chrono::milliseconds time;
+    const char* box;
+  };
+  const Case kCases[] = {{"a log that fills", answers, 5s, "latest version"},
+                         {"silence", silent, 120s, "failed!"},
+                         {"an empty log", empty, 120s, "failed!"},
+                         {"an agent that ended", crashes, 2s, "failed!"},
+                         {"no agent", missing, 0s, "failed!"}};
+  for (const Case& c : kCases) {
+    SimulatedProgram program;
+    program.UsedBefore();
+    program.Host.Agents.Always(c.agent);
+    program.Start();
+    const TimePoint asked = program.Host.Time.Now();
+    program.Host.Choose("CheckForNewVersion");
+    EXPECT_GE(program.Host.Time.Now() - asked, c.time) << c.what;
+    EXPECT_LT(program.Host.Time.Now() - asked, c.time + 10ms) << c.what;
+    ASSERT_THAT(program.Host.Boxes.Shown(), SizeIs(1)) << c.what;
+    EXPECT_THAT(program.Host.Boxes.Shown()[0].Text, testing::HasSubstr(c.box)) << c.what;
+    EXPECT_EQ(program.Host.Agents.RunningCount(), 0U) << c.what;
+  }
+}
+
+TEST_F(VersionWaitTest, ASecondCheckIsSkippedWhileOneWaitsOrAsks) {
+  AgentBehaviour agent;
+  agent.Data = "1.3.1";
+  agent.Log = "0";
+  agent.LogAfter = 10s;
+  Start(agent);
+  host_.After(3s, [this] { Ask(); });
+  host_.Boxes.Add({.Part = "available", .WhileOpen = [this] { Ask(); }});
+  Ask();
+  EXPECT_THAT(host_.Agents.Starts(), SizeIs(1));
+  EXPECT_THAT(host_.Boxes.Shown(), SizeIs(1));
+  Ask();
+  EXPECT_THAT(host_.Agents.Starts(), SizeIs(2)) << "the next one is free again";
+}
+
+TEST_F(VersionWaitTest, ARefreshCanRunInsideOfACheck) {
+  AgentBehaviour agent;
+  agent.Data = "1.3.0";
+  agent.Log = "1";
+  agent.LogAfter = 3s;
+  program_.AddAccount("one", "ann", "x");
+  program_.Set(kDataToDownload, kDownloadContent);
+  Start(agent);
+  host_.After(1s, [this] { host_.Choose("RefreshNow"); });
+  Ask();
+  EXPECT_THAT(
+      host_.Trace({"agent", "balloon", "box"}),
+      ElementsAre("agent start 1 che.wt", "agent write 1 che.wt", "agent start 2 Content.dat",
+                  "agent write 2 Content.dat", "agent write 1 chet.wt", "agent write 2 Content.log",
+                  "balloon Quillbox: Could not connect to example.test!",
+                  "box You are using the latest version of Quillbox."));
+}
+
+TEST_F(VersionWaitTest, AnExitLeavesTheCheckWhereItStands) {
+  AgentBehaviour silent;
+  Start(silent);
+  host_.After(5s, [this] { host_.Choose("Exit"); });
+  Ask();
+  EXPECT_TRUE(host_.Ended());
+  EXPECT_THAT(host_.Boxes.Shown(), IsEmpty());
+  program_.Start();
+  Ask();
+  EXPECT_THAT(host_.Boxes.Shown(), SizeIs(1)) << "the new process may check";
+}
+
+}  // namespace
+}  // namespace quillbox
