@@ -1,0 +1,94 @@
+#include "sound/wave.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "sound/tone.h"
+
+namespace quillbox {
+namespace {
+
+using namespace std::chrono_literals;
+
+TEST(Wave, HasTheFormThatItsHeaderTells) {
+  struct Case {
+    Tone Made;
+    SampleForm Form;
+  };
+  const Case kCases[] = {
+      {{.Bits = 8}, SampleForm::kUnsigned8},
+      {{.Bits = 16}, SampleForm::kSigned16},
+      {{.Channels = 2, .Bits = 24}, SampleForm::kSigned24},
+      {{.Rate = 44100, .Bits = 32}, SampleForm::kSigned32},
+      {{.Bits = 32, .IsFloat = true}, SampleForm::kFloat32},
+      {{.Channels = 2, .Bits = 16, .IsExtensible = true}, SampleForm::kSigned16},
+      {{.Bits = 32, .IsFloat = true, .IsExtensible = true}, SampleForm::kFloat32},
+  };
+  for (const Case& row : kCases) {
+    SCOPED_TRACE(testing::Message() << row.Made.Bits << " bits, float " << row.Made.IsFloat
+                                    << ", extensible " << row.Made.IsExtensible);
+    const std::string file = WaveFile(row.Made);
+    const auto wave = ReadWave(file);
+    ASSERT_TRUE(wave);
+    EXPECT_EQ(wave->Form, row.Form);
+    EXPECT_EQ(wave->Rate, row.Made.Rate);
+    EXPECT_EQ(wave->Channels, row.Made.Channels);
+    EXPECT_EQ(LengthOf(*wave), 400ms);
+  }
+}
+
+// Chunks between, one of an odd size and so followed by a byte that belongs to none.
+TEST(Wave, FindsTheSoundBehindOtherChunks) {
+  std::string file = WaveFile({});
+  file.insert(36, std::string("LIST\x03\x00\x00\x00"
+                              "abc\x00"
+                              "data?\x00\x00\x00",
+                              8 + 4)
+                      .append(std::string("junk\x00\x00\x00\x00", 8)));
+  const auto wave = ReadWave(file);
+  ASSERT_TRUE(wave);
+  EXPECT_EQ(LengthOf(*wave), 400ms);
+}
+
+TEST(Wave, GivesTheWholeFramesThatAreThere) {
+  const std::string file = WaveFile({.Channels = 2}).substr(0, 44 + 4 * 100 + 3);
+  const auto wave = ReadWave(file);
+  ASSERT_TRUE(wave);
+  EXPECT_EQ(wave->Frames.size(), 400U);
+}
+
+TEST(Wave, RefusesWhatHoldsNoSound) {
+  const std::string good = WaveFile({});
+  const auto with = [&](std::size_t at, const std::string& bytes) {
+    return std::string(good).replace(at, bytes.size(), bytes);
+  };
+  struct Case {
+    const char* What;
+    std::string File;
+  };
+  const Case kCases[] = {
+      {"nothing", ""},
+      {"a text", "This is no sound at all, however long it may be."},
+      {"a picture", "\x89PNG\r\n\x1a\n" + std::string(100, 'x')},
+      {"the name alone", good.substr(0, 12)},
+      {"half a header", good.substr(0, 30)},
+      {"no samples", good.substr(0, 44)},
+      {"half a frame", good.substr(0, 45)},
+      {"another kind of RIFF", with(8, "AVI ")},
+      {"no format", with(12, "fmT ")},
+      {"a codec", with(20, std::string("\x02\x00", 2))},
+      {"no channels", with(22, std::string("\x00\x00", 2))},
+      {"a thousand channels", with(22, std::string("\xE8\x03", 2))},
+      {"a rate of 0", with(24, std::string(4, '\0'))},
+      {"an endless rate", with(24, "\xFF\xFF\xFF\xFF")},
+      {"12 bits", with(34, std::string("\x0C\x00", 2))},
+      {"a chunk that fills the address space", with(16, "\xFF\xFF\xFF\xFF")},
+  };
+  for (const Case& row : kCases) {
+    EXPECT_FALSE(ReadWave(row.File)) << row.What;
+  }
+}
+
+}  // namespace
+}  // namespace quillbox
