@@ -4,15 +4,18 @@
 #include "config/application_folder.h"
 #include "desktop/local_single_instance.h"
 #include "desktop/qt_address_opener.h"
+#include "desktop/qt_cursor.h"
 #include "desktop/qt_event_pump.h"
 #include "desktop/qt_forms.h"
 #include "desktop/qt_message_boxes.h"
 #include "desktop/qt_program_exit.h"
 #include "desktop/qt_timers.h"
+#include "desktop/qt_tooltip_window.h"
 #include "desktop/qt_tray_host.h"
+#include "desktop/qt_tray_menu_host.h"
 #include "desktop/settings_per_user_store.h"
-#include "desktop/silent_sounds.h"
 #include "platform/host.h"
+#include "sound/sound_player.h"
 #include "system/agent_processes.h"
 #include "system/system_clock.h"
 #include "system/system_environment.h"
@@ -30,8 +33,8 @@ class DesktopHost {
 
   Host Ports();
 
-  // Where events are reported from now on.
-  void Connect(HostEvents& events);
+  // Where events are reported from now on, and what the windows show.
+  void Connect(HostEvents& events, const FormModels& models);
 
  private:
   void LastActs();
@@ -44,9 +47,12 @@ class DesktopHost {
   QtEventPump events_;
   AgentProcesses agents_;
   QtTrayHost tray_;
+  QtTrayMenuHost menus_;
+  QtTooltipWindow tooltip_;
+  QtCursor mouse_{tray_};
   QtMessageBoxes boxes_;
   QtForms windows_;
-  SilentSounds speaker_;
+  SoundPlayer speaker_;
   LocalSingleInstance instance_;
   SystemNetworkState network_;
   QtAddressOpener opener_;

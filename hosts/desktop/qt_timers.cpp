@@ -11,11 +11,14 @@ namespace {
 using namespace std::chrono_literals;
 using SteadyClock = std::chrono::steady_clock;
 
+// A screen shows no more, and each tick wakes the processor.
+constexpr std::chrono::milliseconds kFinest = 15ms;
+
 // Set anew after each tick, so that nothing can tick while the handler runs.
 class QtTimer : public Timer {
  public:
   QtTimer(std::chrono::milliseconds interval, std::function<void()> onTick)
-      : interval_(std::max(interval, 1ms)), onTick_(std::move(onTick)) {
+      : interval_(std::max(interval, kFinest)), onTick_(std::move(onTick)) {
     timer_.setSingleShot(true);
     // The system may put coarse ones together and wake up less often.
     timer_.setTimerType(interval_ < 1s ? Qt::PreciseTimer : Qt::CoarseTimer);

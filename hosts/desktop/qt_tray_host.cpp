@@ -1,20 +1,10 @@
 #include "desktop/qt_tray_host.h"
 
-#include <QTextDocument>
-
 #include "desktop/icon_picture.h"
 #include "desktop/tray_menu_view.h"
 #include "desktop/unicode_text.h"
 
 namespace quillbox {
-namespace {
-
-// Qt reads a tip that looks like markup as markup.
-QString TipForQt(const QString& text) {
-  return Qt::mightBeRichText(text) ? Qt::convertFromPlainText(text, Qt::WhiteSpacePre) : text;
-}
-
-}  // namespace
 
 QtTrayHost::QtTrayHost() : presence_([this] { TrayChanged(); }) {
   QObject::connect(&menu_, &QMenu::aboutToShow, [this] { FillTrayMenu(); });
@@ -42,13 +32,19 @@ bool QtTrayHost::Add(const TrayIconRecord& record) {
   if (!icon_) {
     presence_.Choose();
     icon_ = std::make_unique<QSystemTrayIcon>();
-    FillTrayMenu();  // some hosts look at it before they say that they show it
-    icon_->setContextMenu(&menu_);
-    // Clicks and hover of the icon (QSystemTrayIcon::activated) are to be passed on from here.
+    if (!presence_.IsDock()) {
+      FillTrayMenu();  // some hosts look at it before they say that they show it
+      icon_->setContextMenu(&menu_);
+    }
   }
   ShowPicture(record.hIcon);
   ShowTip();
   icon_->show();
+  if (!mouse_) {
+    mouse_ = std::make_unique<TrayIconMouse>(*icon_, presence_.IsDock(),
+                                             [this](TrayMouse code) { Report(code); });
+    ShowTip();
+  }
   ShowBalloon(record);
   return true;
 }
@@ -65,12 +61,14 @@ bool QtTrayHost::Delete() {
   notice_.Cancel();
   shownPicture_.reset();
   const bool had = icon_ != nullptr;
+  mouse_.reset();
   icon_.reset();
   return had;
 }
 
 // The old tray took the icon with it, and an icon object doesn't survive its tray on every desktop.
 void QtTrayHost::TrayChanged() {
+  mouse_.reset();
   icon_.reset();
   shownPicture_.reset();
   if (!wanted_) return;
@@ -90,9 +88,19 @@ void QtTrayHost::TooltipChanged(const std::string& text) {
   if (icon_) ShowTip();
 }
 
+// In a dock the program's own window takes its place, unless nothing would tell when to open it.
 void QtTrayHost::ShowTip() {
-  const QString tip = ToUnicodeLines(tip_);
-  icon_->setToolTip(presence_.QtDrawsTip() ? TipForQt(tip) : tip);
+  if (!presence_.IsDock() || (mouse_ && !mouse_->SeesMoves()))
+    icon_->setToolTip(ToUnicodeLines(tip_));
+}
+
+// A move is only noted. What a click leads to may pump events, and in those the tray can go and
+// take the icon with it, so the icon must be done with the click first.
+void QtTrayHost::Report(TrayMouse code) {
+  if (events_ == nullptr) return;
+  if (code == TrayMouse::kMove) return events_->Form_MouseMove(code);
+  QMetaObject::invokeMethod(
+      &clicks_, [this, code] { events_->Form_MouseMove(code); }, Qt::QueuedConnection);
 }
 
 void QtTrayHost::ShowBalloon(const TrayIconRecord& record) {

@@ -22,8 +22,8 @@ class TrayPresence {
   // Call just before the first use of Qt's tray icon class.
   void Choose();
 
-  // Whether Qt draws the icon's tip itself; else the desktop does.
-  bool QtDrawsTip() const { return chosen_ == Kind::kX11; }
+  // Whether it is an X11 dock, which holds a window of ours; else the icon is drawn by the desktop.
+  bool IsDock() const { return chosen_ == Kind::kX11; }
 
  private:
   enum class Kind { kStatusNotifier, kX11 };

@@ -1,40 +1,20 @@
 #include "desktop/x11_tray.h"
 
-#include <xcb/xcb.h>
 #include <xcb/xfixes.h>
 
 #include <QGuiApplication>
-#include <cstdlib>
-#include <memory>
 #include <string_view>
 #include <utility>
 
+#include "desktop/x11_server.h"
+
 namespace quillbox {
 namespace {
-
-// Answers of the server are the caller's to free.
-template <class Answer>
-std::unique_ptr<Answer, decltype(&std::free)> Owned(Answer* answer) {
-  return {answer, &std::free};
-}
 
 constexpr std::string_view kSelection = "_NET_SYSTEM_TRAY_S0";
 constexpr std::uint32_t kChanges = XCB_XFIXES_SELECTION_EVENT_MASK_SET_SELECTION_OWNER |
                                    XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_WINDOW_DESTROY |
                                    XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_CLIENT_CLOSE;
-
-xcb_connection_t* ConnectionOfQt() {
-  const auto* const x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-  return x11 == nullptr ? nullptr : x11->connection();
-}
-
-xcb_atom_t Atom(xcb_connection_t* connection, std::string_view name) {
-  const auto answer = Owned(xcb_intern_atom_reply(
-      connection,
-      xcb_intern_atom(connection, 0, static_cast<std::uint16_t>(name.size()), name.data()),
-      nullptr));
-  return answer ? answer->atom : xcb_atom_t{XCB_ATOM_NONE};
-}
 
 xcb_window_t Owner(xcb_connection_t* connection, xcb_atom_t selection) {
   const auto answer = Owned(xcb_get_selection_owner_reply(
@@ -53,9 +33,8 @@ X11Tray::X11Tray(std::function<void()> onChange)
   // The server serves the extension only to who has said which version it knows.
   Owned(xcb_xfixes_query_version_reply(
       connection_, xcb_xfixes_query_version(connection_, XCB_XFIXES_MAJOR_VERSION, 0), nullptr));
-  selection_ = Atom(connection_, kSelection);
-  const xcb_window_t root = xcb_setup_roots_iterator(xcb_get_setup(connection_)).data->root;
-  xcb_xfixes_select_selection_input(connection_, root, selection_, kChanges);
+  selection_ = AtomNamed(connection_, kSelection);
+  xcb_xfixes_select_selection_input(connection_, RootWindow(connection_), selection_, kChanges);
   qGuiApp->installNativeEventFilter(this);
   owner_ = Owner(connection_, selection_);
 }

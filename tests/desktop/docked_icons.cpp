@@ -2,10 +2,12 @@
 
 #include <xcb/xcb.h>
 
+#include <cstdint>
 #include <cstdlib>
 #include <functional>
 #include <memory>
 #include <string>
+#include <string_view>
 
 namespace quillbox {
 namespace {
@@ -61,6 +63,16 @@ class Windows {
     return attributes && attributes->override_redirect != 0;
   }
 
+  bool IsTip(xcb_window_t window) const {
+    const auto property = Owned(xcb_get_property_reply(
+        connection_,
+        xcb_get_property(connection_, 0, window, Atom("_NET_WM_WINDOW_TYPE"), XCB_ATOM_ATOM, 0, 1),
+        nullptr));
+    if (!property || xcb_get_property_value_length(property.get()) == 0) return false;
+    return *static_cast<const xcb_atom_t*>(xcb_get_property_value(property.get())) ==
+           Atom("_NET_WM_WINDOW_TYPE_TOOLTIP");
+  }
+
   QPoint Centre(xcb_window_t window) const {
     const auto place =
         Owned(xcb_get_geometry_reply(connection_, xcb_get_geometry(connection_, window), nullptr));
@@ -75,6 +87,14 @@ class Windows {
   }
 
  private:
+  xcb_atom_t Atom(std::string_view name) const {
+    const auto atom = Owned(xcb_intern_atom_reply(
+        connection_,
+        xcb_intern_atom(connection_, 0, static_cast<std::uint16_t>(name.size()), name.data()),
+        nullptr));
+    return atom ? atom->atom : xcb_atom_t{XCB_ATOM_NONE};
+  }
+
   xcb_connection_t* connection_;
 };
 
@@ -98,7 +118,7 @@ bool MenuIsOpen(const QString& display) {
   const Windows windows(display);
   for (const xcb_window_t window : windows.Children(windows.Root())) {
     if (windows.IsOurs(window) && windows.IsViewable(window) &&
-        windows.BypassesWindowManager(window)) {
+        windows.BypassesWindowManager(window) && !windows.IsTip(window)) {
       return true;
     }
   }

@@ -47,6 +47,7 @@ TEST_F(NotificationServiceTest, TextIsShownAsItIsWhetherOrNotMarkupIsRead) {
   EXPECT_EQ(Show("<b>1 & 2</b>").at(4).toString(), "<b>1 & 2</b>");
   capabilities_.append("body-markup");
   EXPECT_EQ(Show("<b>1 & 2</b>").at(4).toString(), "&lt;b&gt;1 &amp; 2&lt;/b&gt;");
+  EXPECT_EQ(Show("\"it's\"").at(4).toString(), "\"it's\"");
   EXPECT_EQ(Show("x").at(7).toInt(), 30000);
 }
 

@@ -2,67 +2,28 @@
 #include <gmock/gmock.h>
 #include <signal.h>
 
-#include <QDBusVariant>
-#include <QTemporaryDir>
 #include <filesystem>
 #include <fstream>
 
 #include "config/account_list.h"
-#include "config/settings_store.h"
 #include "desktop/docked_icons.h"
 #include "desktop/fake_bus_service.h"
-#include "desktop/private_desktop.h"
+#include "desktop/played_watcher.h"
+#include "desktop/quillbox_on_desktop.h"
 #include "desktop/rounds.h"
-#include "desktop/settings_per_user_store.h"
-#include "system/system_files.h"
 
 namespace quillbox {
 namespace {
 
 namespace fs = std::filesystem;
 
-const QString kWatcher = "org.kde.StatusNotifierWatcher";
-const QString kWatcherDescription =
-    "<interface name='org.kde.StatusNotifierWatcher'>"
-    "<property name='IsStatusNotifierHostRegistered' type='b' access='read'/>"
-    "<method name='RegisterStatusNotifierItem'><arg type='s' direction='in'/></method>"
-    "</interface>";
-
-class TrayTest : public testing::Test {
+class TrayTest : public QuillboxOnDesktop {
  protected:
-  void SetUp() override {
-    // A copy, so that the fetch program beside it is the test's own.
-    fs::copy_file(QUILLBOX_PROGRAM, Path("quillbox"));
-    fs::remove_all(SettingsFile().parent_path());
-    SettingBatch settings;
-    settings.Write(kRuns, "1").Write(kCheckForNewVersion, kFalse).Write(kCheckPrompted, kTrue);
-    Store(settings);
-  }
-
-  void Store(const SettingBatch& settings) { SettingsPerUserStore().Apply(settings.Changes()); }
-
-  static fs::path SettingsFile() {
-    return fs::path(std::getenv("XDG_CONFIG_HOME")) / "Quillbox" / "Quillbox.conf";
-  }
-  static std::string Settings() { return SystemFiles().Read(SettingsFile()).value_or(""); }
-
-  std::string Path(const char* name) const { return folder_.filePath(name).toStdString(); }
-
-  OwnedProcess StartQuillbox() { return desktop_.Start(folder_.filePath("quillbox")); }
-
-  bool IconComes() {
-    return ComesAbout([&] { return DockedIcons(desktop_.Display()).size() == 1; });
-  }
-  bool IconGoes() {
-    return ComesAbout([&] { return DockedIcons(desktop_.Display()).empty(); });
-  }
-
   void ChooseLastMenuItem() {
-    const QPoint icon = DockedIcons(desktop_.Display()).at(0);
-    desktop_.Output("xdotool", {"mousemove", QString::number(icon.x()), QString::number(icon.y()),
-                                "click", "3"});
-    ASSERT_TRUE(ComesAbout([&] { return MenuIsOpen(desktop_.Display()); }));
-    desktop_.Output("xdotool", {"key", "Up", "Return"});
+    PointAtIcon();
+    Mouse("click 3");
+    ASSERT_TRUE(MenuComes());
+    Mouse("key Up Return");
   }
 
   // Of the icon that this connection has offered.
@@ -78,9 +39,6 @@ class TrayTest : public testing::Test {
                      "array:string:"})
                     .contains("\"Exit\""));
   }
-
-  const QTemporaryDir folder_;
-  PrivateDesktop desktop_;
 };
 
 TEST_F(TrayTest, IconComesBackEachTimeTheTrayWasRestarted) {
@@ -99,7 +57,7 @@ TEST_F(TrayTest, IconComesBackEachTimeTheTrayWasRestarted) {
 TEST_F(TrayTest, IconComesWhenTheTrayIsLate) {
   const auto quillbox = StartQuillbox();
   const std::string before = Settings();
-  ASSERT_TRUE(ComesAbout([&] { return Settings().find("Runs=2") != std::string::npos; })) << before;
+  ASSERT_TRUE(ComesAbout(HasBegun)) << before;
   EXPECT_TRUE(DockedIcons(desktop_.Display()).empty());
   desktop_.StartTray();
   EXPECT_TRUE(IconComes());
@@ -109,7 +67,7 @@ TEST_F(TrayTest, ASecondStartEndsAndLeavesNoTrace) {
   desktop_.StartTray();
   const auto quillbox = StartQuillbox();
   ASSERT_TRUE(IconComes());
-  ASSERT_TRUE(ComesAbout([] { return Settings().find("Runs=2") != std::string::npos; }));
+  ASSERT_TRUE(ComesAbout(HasBegun));
   std::ofstream(Path("Content.dat")) << "of the first one";
   const std::string settings = Settings();
 
@@ -123,25 +81,18 @@ TEST_F(TrayTest, ASecondStartEndsAndLeavesNoTrace) {
 }
 
 TEST_F(TrayTest, StatusNotifierHostGetsIconTipAndMenuHoweverLateItComes) {
-  bool hasHost = false;
-  FakeBusService watcher(
-      desktop_.BusAddress(), kWatcher, "/StatusNotifierWatcher",
-      [&](const QDBusMessage& call) {
-        if (call.member() != "Get") return QVariantList();
-        return QVariantList{QVariant::fromValue(QDBusVariant(hasHost))};
-      },
-      kWatcherDescription);
+  PlayedWatcher watcher(desktop_.BusAddress());
   const auto items = [&] { return watcher.Calls("RegisterStatusNotifierItem"); };
   const auto quillbox = StartQuillbox();
-  ASSERT_TRUE(ComesAbout([] { return Settings().find("Runs=2") != std::string::npos; }));
+  ASSERT_TRUE(ComesAbout(HasBegun));
   for (int round = 0; round < Rounds(); ++round) {
     const std::size_t before = items().size();
     const std::size_t asked = watcher.Calls("Get").size();
-    hasHost = false;
+    watcher.HasHost = false;
     watcher.Appear();
     ASSERT_TRUE(ComesAbout([&] { return watcher.Calls("Get").size() > asked; })) << round;
     EXPECT_EQ(items().size(), before) << "there is no host yet";
-    hasHost = true;
+    watcher.HasHost = true;
     watcher.Signal("StatusNotifierHostRegistered");
     ASSERT_TRUE(ComesAbout([&] { return items().size() > before; })) << round;
     ExpectTipAndMenu(items().back().service());
@@ -151,9 +102,8 @@ TEST_F(TrayTest, StatusNotifierHostGetsIconTipAndMenuHoweverLateItComes) {
 }
 
 TEST_F(TrayTest, ExitInTheMenuEndsTheProcessAndItsAgentsInTheMiddleOfARefresh) {
-  std::ofstream(Path("dl")) << "#!/bin/sh\necho $$ > " << Path("agent.new") << "; mv "
-                            << Path("agent.new") << " " << Path("agent") << "\nexec sleep 600\n";
-  fs::permissions(Path("dl"), fs::perms::owner_all);
+  WriteScript("dl", "echo $$ > " + Path("agent.new") + "; mv " + Path("agent.new") + " " +
+                        Path("agent") + "\nexec sleep 600");
   SettingBatch settings;
   SaveAccountList(settings, {{"one"}, {"a@example.test"}, {"secret"}});
   settings.Write(kRefreshTooltip, kTrue).Write(kDataToDownload, kDownloadContent);

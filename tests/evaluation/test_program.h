@@ -121,6 +121,7 @@ struct UnusedPorts : AddressOpener,
   void PumpEvents() override { std::abort(); }
   void Sleep(std::chrono::milliseconds) override { std::abort(); }
   void Load(FormName) override { std::abort(); }
+  void Unload(FormName) override { std::abort(); }
   void UnloadAll() override { std::abort(); }
   BoxAnswer Show(const Message&) override { std::abort(); }
   void EndProcess() override { std::abort(); }
