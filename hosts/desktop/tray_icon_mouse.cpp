@@ -26,7 +26,8 @@ TrayIconMouse::TrayIconMouse(const QSystemTrayIcon& icon, bool inDock,
           inDock ? &TrayIconMouse::ActivatedInDock : &TrayIconMouse::ActivatedByHost);
 }
 
-// Qt keeps the window of a docked icon to itself, and says nothing of the moves that it gets.
+// Qt keeps the window of a docked icon to itself, and says nothing of the moves that it gets. When
+// a tray has come it throws the window away once more and makes another.
 void TrayIconMouse::WatchDockedWindow() {
   for (QWidget* const window : QApplication::topLevelWidgets()) {
     if (window->inherits("QSystemTrayIconSys")) window_ = window;
@@ -34,6 +35,8 @@ void TrayIconMouse::WatchDockedWindow() {
   if (!window_) return;
   window_->setMouseTracking(true);
   window_->installEventFilter(this);
+  connect(
+      window_, &QObject::destroyed, this, [this] { WatchDockedWindow(); }, Qt::QueuedConnection);
 }
 
 // A cursor that jumps onto the icon enters without a move.

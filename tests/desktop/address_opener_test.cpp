@@ -36,7 +36,7 @@ class AddressOpenerTest : public testing::Test {
 
   const QTemporaryDir folder_;
   const QByteArray path_;
-  QtAddressOpener opener_{ApplicationFolder("/opt/quillbox", "/home/a/data", '/')};
+  QtAddressOpener opener_{ApplicationFolder("/opt/quillbox", "/srv/data", '/')};
 };
 
 TEST_F(AddressOpenerTest, HandsOverAddressesAndOwnFilesByteForByteAndNothingElse) {
@@ -50,7 +50,7 @@ TEST_F(AddressOpenerTest, HandsOverAddressesAndOwnFilesByteForByteAndNothingElse
       {"http://h/", "http://h/"},
       {"mailto:a@example.test", "mailto:a@example.test"},
       {"/opt/quillbox/ReadMe.txt", "/opt/quillbox/ReadMe.txt"},
-      {"/home/a/data/x.html", "/home/a/data/x.html"},
+      {"/srv/data/x.html", "/srv/data/x.html"},
       {"/opt/quillbox/../../etc/passwd", nullptr},
       {"/opt/quillbox2/x", nullptr},
       {"/etc/passwd", nullptr},

@@ -31,6 +31,7 @@ Menu TestMenu() {
                Item("Options", "Options")};
   menu[0].Enabled = false;
   menu[1].Submenu = true;
+  menu[2].Separator = true;
   menu[1].Items = {account};
   menu[3].Default = true;
   return menu;

@@ -1,0 +1,87 @@
+// The real program at a real StatusNotifier host, the panel of Xfce.
+#include <gtest/gtest.h>
+
+#include <fstream>
+
+#include "config/setting_keys.h"
+#include "desktop/fake_bus_service.h"
+#include "desktop/quillbox_on_desktop.h"
+#include "desktop/rounds.h"
+
+namespace quillbox {
+namespace {
+
+// A panel as small as what it holds, which is one icon.
+constexpr char kPanelSettings[] = R"(<?xml version="1.0" encoding="UTF-8"?>
+<channel name="xfce4-panel" version="1.0">
+  <property name="configver" type="int" value="2"/>
+  <property name="panels" type="array">
+    <value type="int" value="1"/>
+    <property name="panel-1" type="empty">
+      <property name="position" type="string" value="p=10;x=0;y=0"/>
+      <property name="length" type="uint" value="1"/>
+      <property name="size" type="uint" value="30"/>
+      <property name="plugin-ids" type="array"><value type="int" value="1"/></property>
+    </property>
+  </property>
+  <property name="plugins" type="empty">
+    <property name="plugin-1" type="string" value="systray"/>
+  </property>
+</channel>
+)";
+
+class StatusNotifierHostTest : public QuillboxOnDesktop {
+ protected:
+  void SetUp() override {
+    QuillboxOnDesktop::SetUp();
+    Store(SettingBatch().Write(kTraySingleAction, kActionVisit));
+    const auto folder =
+        SettingsFile().parent_path().parent_path() / "xfce4" / "xfconf" / "xfce-perchannel-xml";
+    std::filesystem::create_directories(folder);
+    std::ofstream(folder / "xfce4-panel.xml") << kPanelSettings;
+  }
+
+  void StartPanel() { panel_ = desktop_.Start("xfce4-panel", {"--disable-wm-check"}); }
+
+  bool IconIsRegistered() {
+    const QString watcher = "org.kde.StatusNotifierWatcher";
+    return desktop_
+        .Output("dbus-send", {"--print-reply", "--dest=" + watcher, "/StatusNotifierWatcher",
+                              "org.freedesktop.DBus.Properties.Get", "string:" + watcher,
+                              "string:RegisteredStatusNotifierItems"})
+        .contains("StatusNotifierItem");
+  }
+  bool Registers() {
+    return ComesAbout([&] { return IconIsRegistered(); });
+  }
+
+  OwnedProcess panel_;
+};
+
+TEST_F(StatusNotifierHostTest, IconComesBackEachTimeAndItsButtonsWork) {
+  const auto quillbox = StartQuillbox();
+  ASSERT_TRUE(ComesAbout(HasBegun));
+  for (int round = 0; round < Rounds(); ++round) {
+    StartPanel();
+    ASSERT_TRUE(Registers()) << round;
+    std::filesystem::remove(Path("opened"));
+    // The panel draws the icon when it has the time for it.
+    ASSERT_TRUE(ComesAbout([&] {
+      PointElsewhere();
+      Mouse("mousemove 400 585 click 1");
+      return !Opened().empty();
+    })) << round;
+    EXPECT_EQ(Opened().front(), "https://quillbox.example.test") << round;
+
+    Mouse("click 2");
+    EXPECT_TRUE(ComesAbout([&] { return TooltipIsShown(); })) << round;
+    PointElsewhere();
+    EXPECT_TRUE(ComesAbout([&] { return !TooltipIsShown(); })) << round;
+    panel_.reset();
+    ASSERT_TRUE(ComesAbout([&] { return !IconIsRegistered(); })) << round;
+  }
+  EXPECT_EQ(quillbox->state(), QProcess::Running);
+}
+
+}  // namespace
+}  // namespace quillbox
