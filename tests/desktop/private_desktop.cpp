@@ -1,6 +1,7 @@
 #include "desktop/private_desktop.h"
 
 #include <QProcessEnvironment>
+#include <QThread>
 #include <stdexcept>
 
 namespace quillbox {
@@ -33,6 +34,21 @@ PrivateDesktop::PrivateDesktop() {
       "Xvfb", {"-displayfd", "1", "-screen", "0", "800x600x24", "-nolisten", "tcp", "-noreset"});
   display_ = ":" + FirstLine(*server_);
   windowManager_ = Start("openbox");
+  AwaitWindowManager();
+}
+
+// A window that comes before the manager does may never be given the focus.
+void PrivateDesktop::AwaitWindowManager() {
+  constexpr int kTries = 500;
+  for (int tries = 0; tries < kTries; ++tries) {
+    if (Output("xprop", {"-root", "_NET_SUPPORTING_WM_CHECK"}).contains("window id")) return;
+    QThread::msleep(20);
+  }
+  throw std::runtime_error("the window manager did not start");
+}
+
+void PrivateDesktop::NudgeWindowManager() {
+  Output("xprop", {"-root", "-f", "QUILLBOX_NUDGE", "8s", "-set", "QUILLBOX_NUDGE", "nudge"});
 }
 
 void PrivateDesktop::StartTray() {

@@ -24,6 +24,9 @@ class PrivateDesktop {
   // A program on this desktop.
   OwnedProcess Start(const QString& program, const QStringList& arguments = {});
 
+  // openbox can leave a new window unmapped until the next event that it hears of; this is one.
+  void NudgeWindowManager();
+
   // Runs it to its end and gives its output.
   QString Output(const QString& program, const QStringList& arguments);
 
@@ -31,6 +34,8 @@ class PrivateDesktop {
   const QString& BusAddress() const { return busAddress_; }
 
  private:
+  void AwaitWindowManager();
+
   QString display_, busAddress_;
   OwnedProcess bus_, server_, windowManager_, tray_;
 };

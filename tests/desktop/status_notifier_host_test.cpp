@@ -1,7 +1,9 @@
 // The real program at a real StatusNotifier host, the panel of Xfce.
 #include <gtest/gtest.h>
 
+#include <QThread>
 #include <fstream>
+#include <functional>
 
 #include "config/setting_keys.h"
 #include "desktop/fake_bus_service.h"
@@ -55,6 +57,16 @@ class StatusNotifierHostTest : public QuillboxOnDesktop {
     return ComesAbout([&] { return IconIsRegistered(); });
   }
 
+  // Clicks until it is so, a second apart.
+  bool After(const char* click, const std::function<bool()>& wished) {
+    for (int tries = 0; tries < 10; ++tries) {
+      Mouse(click);
+      QThread::sleep(1);
+      if (wished()) return true;
+    }
+    return false;
+  }
+
   OwnedProcess panel_;
 };
 
@@ -65,16 +77,11 @@ TEST_F(StatusNotifierHostTest, IconComesBackEachTimeAndItsButtonsWork) {
     StartPanel();
     ASSERT_TRUE(Registers()) << round;
     std::filesystem::remove(Path("opened"));
-    // The panel draws the icon when it has the time for it.
-    ASSERT_TRUE(ComesAbout([&] {
-      PointElsewhere();
-      Mouse("mousemove 400 585 click 1");
-      return !Opened().empty();
-    })) << round;
+    Mouse("mousemove 400 585");
+    // The panel draws the icon when it has the time for it, and a press then may be in vain.
+    ASSERT_TRUE(After("click 1", [&] { return !Opened().empty(); })) << round;
     EXPECT_EQ(Opened().front(), "https://quillbox.example.test") << round;
-
-    Mouse("click 2");
-    EXPECT_TRUE(ComesAbout([&] { return TooltipIsShown(); })) << round;
+    EXPECT_TRUE(After("click 2", [&] { return TooltipIsShown(); })) << round;
     PointElsewhere();
     EXPECT_TRUE(ComesAbout([&] { return !TooltipIsShown(); })) << round;
     panel_.reset();

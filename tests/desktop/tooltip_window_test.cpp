@@ -161,6 +161,7 @@ class TooltipWindowTest : public testing::Test {
          QString("%1x%2+%3+%4").arg(area.width()).arg(area.height()).arg(area.x()).arg(area.y()),
          "Another window"});
     EXPECT_TRUE(ComesAbout([&] {
+      desktop_.NudgeWindowManager();
       const QString id = desktop_.Output("xdotool", {"search", "--onlyvisible", "--name", name});
       if (id.isEmpty()) return false;
       desktop_.Output("xdotool", {"windowactivate", id.section('\n', 0, 0)});
