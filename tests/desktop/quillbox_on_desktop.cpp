@@ -1,7 +1,9 @@
 #include "desktop/quillbox_on_desktop.h"
 
+#include <QThread>
 #include <cstdlib>
 #include <fstream>
+#include <utility>
 
 #include "config/setting_keys.h"
 #include "desktop/docked_icons.h"
@@ -49,9 +51,15 @@ bool QuillboxOnDesktop::IconGoes() {
   return ComesAbout([&] { return DockedIcons(desktop_.Display()).empty(); });
 }
 
+// A tray moves an icon that it has just taken in, and Qt puts it in once more when the tray is new.
 void QuillboxOnDesktop::PointAtIcon() {
-  const QPoint icon = DockedIcons(desktop_.Display()).at(0);
-  Mouse(QString("mousemove %1 %2").arg(icon.x()).arg(icon.y()));
+  std::vector<QPoint> before, now;
+  ASSERT_TRUE(ComesAbout([&] {
+    before = std::exchange(now, DockedIcons(desktop_.Display()));
+    QThread::msleep(100);
+    return now.size() == 1 && now == before;
+  }));
+  Mouse(QString("mousemove %1 %2").arg(now[0].x()).arg(now[0].y()));
 }
 
 bool QuillboxOnDesktop::TooltipIsShown() {
