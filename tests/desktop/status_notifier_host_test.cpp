@@ -70,7 +70,7 @@ class StatusNotifierHostTest : public QuillboxOnDesktop {
   OwnedProcess panel_;
 };
 
-TEST_F(StatusNotifierHostTest, IconComesBackEachTimeAndItsButtonsWork) {
+TEST_F(StatusNotifierHostTest, IconComesBackEachTimeAndItsButtonWorks) {
   const auto quillbox = StartQuillbox();
   ASSERT_TRUE(ComesAbout(HasBegun));
   for (int round = 0; round < Rounds(); ++round) {
@@ -81,9 +81,6 @@ TEST_F(StatusNotifierHostTest, IconComesBackEachTimeAndItsButtonsWork) {
     // The panel draws the icon when it has the time for it, and a press then may be in vain.
     ASSERT_TRUE(After("click 1", [&] { return !Opened().empty(); })) << round;
     EXPECT_EQ(Opened().front(), "https://quillbox.example.test") << round;
-    EXPECT_TRUE(After("click 2", [&] { return TooltipIsShown(); })) << round;
-    PointElsewhere();
-    EXPECT_TRUE(ComesAbout([&] { return !TooltipIsShown(); })) << round;
     panel_.reset();
     ASSERT_TRUE(ComesAbout([&] { return !IconIsRegistered(); })) << round;
   }
