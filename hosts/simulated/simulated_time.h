@@ -20,7 +20,8 @@ class SimulatedTime final : public Clock, public EventPump {
   struct EventId {
     TimePoint Due;
     std::uint64_t Number;
-    auto operator<=>(const EventId&) const = default;  // NOLINT(modernize-use-nullptr): no pointer here
+    auto operator<=>(const EventId&) const =
+        default;  // NOLINT(modernize-use-nullptr): no pointer here
   };
 
   // A moment that has passed already is due at once.

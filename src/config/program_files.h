@@ -9,8 +9,9 @@
 
 namespace quillbox {
 
-// The full path of the file of that name, in any case: the one in the data folder, else the one that
-// came with the program. When neither is there, the path that it would have in the data folder.
+// The full path of the file of that name, in any case: the one in the data folder, else the one
+// that came with the program. When neither is there, the path that it would have in the data
+// folder.
 std::string FindProgramFile(Files& files, const ApplicationFolder& folder, std::string_view name);
 
 }  // namespace quillbox

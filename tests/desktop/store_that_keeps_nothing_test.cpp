@@ -128,7 +128,9 @@ TEST_F(StoreThatKeepsNothing, DiskIsFull) {
       return Probe();
     });
   };
-  EXPECT_EQ(InChildAs(0, probe), kFileMode);
+  const int outcome = InChildAs(0, probe);
+  if (outcome == kNoPreparation) GTEST_SKIP() << "no small disk can be mounted here";
+  EXPECT_EQ(outcome, kFileMode);
 }
 
 }  // namespace

@@ -13,16 +13,11 @@ TEST(SkinColor, ThreeWholeNumbersOrBlack) {
     std::optional<SkinColorValue> Color;
   };
   const Case kCases[] = {
-      {"", std::nullopt},
-      {"NO_SUCH_KEY", std::nullopt},
-      {"0,26,53", 0x351A00},
-      {" 255 , 0,1 ", 0x0100FF},
-      {"300,0,0", 255},
-      {"12,34", 0},
-      {"1,2,3,4", 0},
-      {"1,x,3", 0},
-      {"1,2,40000", 0},
-      {"-1,2,3", 0},
+      {"", std::nullopt},    {"NO_SUCH_KEY", std::nullopt},
+      {"0,26,53", 0x351A00}, {" 255 , 0,1 ", 0x0100FF},
+      {"300,0,0", 255},      {"12,34", 0},
+      {"1,2,3,4", 0},        {"1,x,3", 0},
+      {"1,2,40000", 0},      {"-1,2,3", 0},
   };
   for (const Case& c : kCases) EXPECT_EQ(SkinColor(c.Text), c.Color) << c.Text;
 }

@@ -14,16 +14,25 @@ TEST(TooltipPlacement, StandsBesideTheTaskbar) {
   };
   const Case kCases[] = {
       {"bottom", {0, 738, 1024, 768}, {1024, 768}, {144, 48}, PixelPoint{870, 690}},
-      {"bottom, wider than the screen", {0, 738, 1100, 768}, {1024, 768}, {144, 48},
+      {"bottom, wider than the screen",
+       {0, 738, 1100, 768},
+       {1024, 768},
+       {144, 48},
        PixelPoint{946, 690}},
       {"top", {0, 0, 1024, 30}, {1024, 768}, {144, 48}, PixelPoint{870, 30}},
       {"left", {0, 0, 60, 768}, {1024, 768}, {144, 48}, PixelPoint{60, 710}},
       {"right", {964, 0, 1024, 768}, {1024, 768}, {144, 48}, PixelPoint{820, 720}},
       {"none", {0, 0, 0, 0}, {1024, 768}, {144, 48}, PixelPoint{0, 710}},
       {"no edge", {0, 100, 500, 200}, {1024, 768}, {144, 48}, std::nullopt},
-      {"half to the even pixel", {0, 738, 1024, 768}, {1024, 768}, {143.5, 47.5},
+      {"half to the even pixel",
+       {0, 738, 1024, 768},
+       {1024, 768},
+       {143.5, 47.5},
        PixelPoint{870, 690}},
-      {"half to the even pixel, the other way", {0, 739, 1024, 768}, {1024, 768}, {144.5, 47.5},
+      {"half to the even pixel, the other way",
+       {0, 739, 1024, 768},
+       {1024, 768},
+       {144.5, 47.5},
        PixelPoint{870, 692}},
   };
   for (const Case& c : kCases) {
