@@ -5,6 +5,7 @@
 
 #include "config/atomic_write.h"
 #include "text/letter_case.h"
+#include "text/trimmed.h"
 
 namespace quillbox {
 namespace {
@@ -16,13 +17,6 @@ constexpr std::string_view kLineBreakers = "\r\n\0"sv;
 
 bool IsLineEnd(char c) {
   return c == '\r' || c == '\n';
-}
-
-std::string_view Trimmed(std::string_view text) {
-  constexpr std::string_view kBlanks = " \t";
-  const std::size_t first = text.find_first_not_of(kBlanks);
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
 }
 
 // Positions in a file's text: a line's own characters end at End, its line end at Next.
@@ -42,7 +36,7 @@ Line LineAt(std::string_view text, std::size_t begin) {
 
 // The name in a section line.
 std::optional<std::string_view> SectionName(std::string_view line) {
-  line = Trimmed(line);
+  line = Trimmed(line, kBlankAndTab);
   if (!line.starts_with('[')) return std::nullopt;
   const std::size_t end = line.find(']');
   if (end == std::string_view::npos) return std::nullopt;
@@ -65,7 +59,7 @@ bool CanBeKey(std::string_view key) {
 std::optional<std::string_view> ValueOf(std::string_view line, std::string_view key) {
   const std::size_t equals = line.find('=');
   if (equals == std::string_view::npos) return std::nullopt;
-  const std::string_view found = Trimmed(line.substr(0, equals));
+  const std::string_view found = Trimmed(line.substr(0, equals), kBlankAndTab);
   if (!CanBeKey(found) || !EqualIgnoringCase(found, key)) return std::nullopt;
   return line.substr(equals + 1);
 }
@@ -93,7 +87,7 @@ Place FindPlace(std::string_view text, std::string_view section, std::string_vie
       place.Value = ValueOf(content, key);
       place.KeyLine = line;
       if (place.Value) return place;
-      if (!Trimmed(content).empty()) place.LastLine = line;
+      if (!Trimmed(content, kBlankAndTab).empty()) place.LastLine = line;
     }
   }
   return place;
@@ -116,12 +110,12 @@ void InsertLine(std::string& text, std::size_t position, const std::string& line
 
 std::string ReadProfileValue(std::string_view text, std::string_view section,
                              std::string_view key) {
-  return std::string(FindPlace(text, section, Trimmed(key)).Value.value_or(""));
+  return std::string(FindPlace(text, section, Trimmed(key, kBlankAndTab)).Value.value_or(""));
 }
 
 std::string WithProfileValue(std::string text, std::string_view section, std::string_view key,
                              std::string_view value) {
-  key = Trimmed(key);
+  key = Trimmed(key, kBlankAndTab);
   if (!CanBeSection(section) || !CanBeKey(key)) return text;
 
   const std::string line =

@@ -5,6 +5,7 @@
 
 #include "evaluation/failure_rule.h"
 #include "evaluation/number_text.h"
+#include "text/trimmed.h"
 
 namespace quillbox {
 namespace {
@@ -75,9 +76,7 @@ std::string KeepNumberChars(std::string_view text) {
   std::string kept;
   std::ranges::copy_if(text, std::back_inserter(kept),
                        [&](char c) { return kKept.find(c) != kKept.npos; });
-  const std::size_t first = kept.find_first_not_of(' ');
-  if (first == kept.npos) return {};
-  return kept.substr(first, kept.find_last_not_of(' ') + 1 - first);
+  return std::string(Trimmed(kept, kBlank));
 }
 
 }  // namespace quillbox

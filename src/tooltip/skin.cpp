@@ -6,6 +6,7 @@
 
 #include "config/profile_file.h"
 #include "text/text_list.h"
+#include "text/trimmed.h"
 
 namespace quillbox {
 namespace {
@@ -13,15 +14,9 @@ namespace {
 constexpr std::string_view kSection = "Skin";
 constexpr SkinColorValue kDefaultFontColor = 0 | 26 << 8 | 53 << 16;
 
-std::string_view Trimmed(std::string_view text) {
-  const std::size_t first = text.find_first_not_of(" \t");
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(" \t") - first + 1);
-}
-
 // A whole number of 16 bits, with blanks round it.
 std::optional<int> ColorPart(std::string_view text) {
-  text = Trimmed(text);
+  text = Trimmed(text, kBlankAndTab);
   std::int16_t value = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
   if (error != std::errc() || end != text.data() + text.size() || value < 0) return std::nullopt;

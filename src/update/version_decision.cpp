@@ -1,23 +1,18 @@
 #include "update/version_decision.h"
 
 #include "text/text_list.h"
+#include "text/trimmed.h"
 
 namespace quillbox {
 namespace {
 
 constexpr std::size_t kLongestVersion = 20;
 
-std::string_view WithoutOuterBlanks(std::string_view text) {
-  const std::size_t first = text.find_first_not_of(' ');
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(' ') - first + 1);
-}
-
 }  // namespace
 
 std::optional<std::string> PublishedVersion(const std::optional<std::string>& file) {
   if (!file) return std::nullopt;
-  std::string published(WithoutOuterBlanks(*file));
+  std::string published(Trimmed(*file, kBlank));
   if (published.size() > kLongestVersion) return std::nullopt;
   return published;
 }
