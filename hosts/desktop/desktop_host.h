@@ -2,13 +2,16 @@
 #pragma once
 
 #include "config/application_folder.h"
+#include "desktop/autostart_entry.h"
 #include "desktop/local_single_instance.h"
 #include "desktop/qt_address_opener.h"
 #include "desktop/qt_cursor.h"
 #include "desktop/qt_event_pump.h"
+#include "desktop/qt_file_chooser.h"
 #include "desktop/qt_forms.h"
 #include "desktop/qt_message_boxes.h"
 #include "desktop/qt_program_exit.h"
+#include "desktop/qt_report_browser.h"
 #include "desktop/qt_timers.h"
 #include "desktop/qt_tooltip_window.h"
 #include "desktop/qt_tray_host.h"
@@ -33,8 +36,8 @@ class DesktopHost {
 
   Host Ports();
 
-  // Where events are reported from now on, and what the windows show.
-  void Connect(HostEvents& events, const FormModels& models);
+  // Where events are reported from now on.
+  void Connect(HostEvents& events);
 
  private:
   void LastActs();
@@ -52,10 +55,13 @@ class DesktopHost {
   QtCursor mouse_{tray_};
   QtMessageBoxes boxes_;
   QtForms windows_;
+  QtFileChooser chooser_;
+  QtReportBrowser browser_;
   SoundPlayer speaker_;
   LocalSingleInstance instance_;
   SystemNetworkState network_;
   QtAddressOpener opener_;
+  AutostartEntry startUp_;
   QtProgramExit exit_;
 };
 

@@ -3,31 +3,37 @@
 
 #include <QPointer>
 #include <QWidget>
+#include <functional>
 #include <map>
-#include <optional>
 
-#include "platform/form_models.h"
 #include "platform/forms.h"
 
 namespace quillbox {
 
-// A form that this version does not have yet is a box that says so.
 class QtForms : public Forms {
  public:
   ~QtForms() override;
 
-  // What the windows show; before this there is nothing to load. The models must outlive them.
-  void Connect(const FormModels& models) { models_.emplace(models); }
-
-  void Load(FormName form) override;
+  void Load(AboutWin& form) override;
+  void Load(Opts& form) override;
+  void Load(Account& form) override;
+  void Load(ReportsWin& form) override;
+  void Hide(FormName form) override;
   void Unload(FormName form) override;
   void UnloadAll() override;
 
  private:
-  QWidget* NewWindow(FormName form) const;
+  struct Window {
+    QPointer<QWidget> Widget;  // deletes itself when it is closed
+    std::function<void()> Closed;
+  };
 
-  std::optional<FormModels> models_;
-  std::map<FormName, QPointer<QWidget>> windows_;  // each deletes itself when it is closed
+  bool IsLoaded(FormName form) const;
+  void Show(FormName form, QWidget* window, std::function<void()> closed);
+  void TellClosed(FormName form);
+
+  std::map<FormName, Window> windows_;
+  bool hiding_ = false;  // a window goes out of sight, but stays loaded
 };
 
 }  // namespace quillbox

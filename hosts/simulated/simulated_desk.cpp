@@ -2,40 +2,19 @@
 #include "simulated/simulated_desk.h"
 
 namespace quillbox {
-namespace {
-
-const char* NameOf(FormName form) {
-  switch (form) {
-    case FormName::kOpts:
-      return "Opts";
-    case FormName::kReportsWin:
-      return "ReportsWin";
-    case FormName::kAboutWin:
-      return "AboutWin";
-    case FormName::kAccount:
-      return "Account";
-  }
-  return "";
-}
-
-}  // namespace
-
 std::string SimulatedEnvironment::Variable(std::string_view name) {
   const auto value = values_.find(name);
   return value == values_.end() ? std::string() : value->second;
 }
 
-void SimulatedForms::Load(FormName form) {
-  if (loaded_.insert(form).second) trace_.Add("form", NameOf(form));
+void SimulatedStartUp::Make() {
+  present_ = true;
+  trace_.Add("start-up entry", "made");
 }
 
-void SimulatedForms::Unload(FormName form) {
-  if (loaded_.erase(form) > 0) trace_.Add("close", NameOf(form));
-}
-
-void SimulatedForms::UnloadAll() {
-  for (const FormName form : loaded_) trace_.Add("close", NameOf(form));
-  loaded_.clear();
+void SimulatedStartUp::Remove() {
+  present_ = false;
+  trace_.Add("start-up entry", "removed");
 }
 
 TextSize SimulatedTooltip::Measure(std::string_view text, const TooltipFont& font) {

@@ -1,21 +1,20 @@
-// The small ports: environment, windows, sounds, network, opened addresses, the other instance, the
-// way out.
+// The small ports: environment, sounds, start-up entry, network, opened addresses, the other
+// instance, the way out.
 #pragma once
 
 #include <map>
 #include <optional>
-#include <set>
 #include <string>
 #include <vector>
 
 #include "platform/address_opener.h"
 #include "platform/cursor.h"
 #include "platform/environment.h"
-#include "platform/forms.h"
 #include "platform/network_state.h"
 #include "platform/program_exit.h"
 #include "platform/single_instance.h"
 #include "platform/sounds.h"
+#include "platform/start_up_entry.h"
 #include "platform/tooltip_window.h"
 #include "simulated/simulated_trace.h"
 #include "text/letter_case.h"
@@ -31,23 +30,6 @@ class SimulatedEnvironment final : public Environment {
   std::map<std::string, std::string, LessIgnoringCase> values_;
 };
 
-class SimulatedForms final : public Forms {
- public:
-  explicit SimulatedForms(SimulatedTrace& trace) : trace_(trace) {}
-  bool Loaded(FormName form) const { return loaded_.contains(form); }
-
-  // The process is gone, and its windows with it.
-  void ProgramEnded() { loaded_.clear(); }
-
-  void Load(FormName form) override;
-  void Unload(FormName form) override;
-  void UnloadAll() override;
-
- private:
-  SimulatedTrace& trace_;
-  std::set<FormName> loaded_;
-};
-
 class SimulatedSounds final : public Sounds {
  public:
   explicit SimulatedSounds(SimulatedTrace& trace) : trace_(trace) {}
@@ -55,6 +37,19 @@ class SimulatedSounds final : public Sounds {
 
  private:
   SimulatedTrace& trace_;
+};
+
+class SimulatedStartUp final : public StartUpEntry {
+ public:
+  explicit SimulatedStartUp(SimulatedTrace& trace) : trace_(trace) {}
+
+  bool Present() override { return present_; }
+  void Make() override;
+  void Remove() override;
+
+ private:
+  SimulatedTrace& trace_;
+  bool present_ = false;
 };
 
 class SimulatedCursor final : public Cursor {

@@ -36,17 +36,21 @@ SimulatedHost::SimulatedHost(std::uint64_t seed)
       Tooltip(Effects),
       Boxes(Time, Effects),
       Windows(Effects),
+      Chooser(Effects),
+      Browser(Time, Effects),
       Speaker(Effects),
       Instance(Effects),
       Opener(Effects),
+      StartUp(Effects),
       exit_(Effects) {
   Time.SetLocalTime(kBegin);
   Files.TraceTo(&Effects);
 }
 
 Host SimulatedHost::Ports() {
-  return {Store,   Variables, Files, Time,    TimerSource, Time,     Agents,  Tray,   TrayMenus,
-          Tooltip, Mouse,     Boxes, Windows, Speaker,     Instance, Network, Opener, exit_};
+  return {Store,   Variables, Files,    Time,    TimerSource, Time,    Agents,
+          Tray,    TrayMenus, Tooltip,  Mouse,   Boxes,       Windows, Chooser,
+          Browser, Speaker,   Instance, Network, Opener,      StartUp, exit_};
 }
 
 void SimulatedHost::Connect(HostEvents& events) {

@@ -13,8 +13,11 @@
 #include "platform/host_events.h"
 #include "simulated/simulated_agents.h"
 #include "simulated/simulated_boxes.h"
+#include "simulated/simulated_browser.h"
+#include "simulated/simulated_chooser.h"
 #include "simulated/simulated_desk.h"
 #include "simulated/simulated_files.h"
+#include "simulated/simulated_forms.h"
 #include "simulated/simulated_store.h"
 #include "simulated/simulated_time.h"
 #include "simulated/simulated_timers.h"
@@ -47,10 +50,13 @@ class SimulatedHost {
   SimulatedCursor Mouse;
   SimulatedBoxes Boxes;
   SimulatedForms Windows;
+  SimulatedChooser Chooser;
+  SimulatedBrowser Browser;
   SimulatedSounds Speaker;
   SimulatedInstance Instance;
   SimulatedNetwork Network;
   SimulatedOpener Opener;
+  SimulatedStartUp StartUp;
 
   // For the program; refers to the parts.
   Host Ports();

@@ -13,7 +13,7 @@
 #include "quillbox-replay/date_argument.h"
 #include "quillbox-replay/operations.h"
 #include "quillbox-replay/region_argument.h"
-#include "shell/update_schedule.h"
+#include "retrieval/update_schedule.h"
 #include "system/system_clock.h"
 #include "text/form_encoding.h"
 #include "tooltip/skin.h"

@@ -14,7 +14,7 @@
 #include "platform/regional_settings.h"
 #include "platform/sounds.h"
 #include "platform/tray_host.h"
-#include "quillbox-replay/idle_ports.h"
+#include "simulated/idle_ports.h"
 #include "state/program_context.h"
 
 namespace quillbox {
@@ -69,10 +69,13 @@ class EvaluationHost {
               .Mouse = idle_,
               .Boxes = idle_,
               .Windows = idle_,
+              .Chooser = idle_,
+              .Browser = idle_,
               .Speaker = Speaker,
               .Instance = idle_,
               .Network = idle_,
               .Opener = idle_,
+              .StartUp = idle_,
               .Exit = idle_},
         store_(store, files, folder_, State.SettingsProfile),
         Program{State, store_, host_, folder_, region, build_} {}

@@ -29,7 +29,7 @@ int main(int argc, char* argv[]) {
   const quillbox::Host ports = desktop.Ports();
   quillbox::Program program(ports, folder, quillbox::RegionOf(QLocale::system()),
                             quillbox::ThisBuild());
-  desktop.Connect(program.Events(), program.Models());
+  desktop.Connect(program.Events());
   QTimer::singleShot(0, [&] {
     if (!ports.Instance.AnotherInstanceRuns()) quillbox::ClearWorkingFiles(ports.Disk, folder);
     program.Main();

@@ -5,11 +5,9 @@
 #include "config/setting_keys.h"
 #include "evaluation/tray_stats.h"
 #include "platform/event_pump.h"
-#include "platform/network_state.h"
 #include "platform/tray_host.h"
 #include "platform/tray_menu_host.h"
 #include "retrieval/refresh_cycle.h"
-#include "shell/update_schedule.h"
 #include "tray/tray_icon.h"
 #include "tray/tray_menu.h"
 #include "update/version_check.h"
@@ -19,7 +17,6 @@ namespace {
 
 using std::chrono::milliseconds;
 
-constexpr milliseconds kMinute{60000};
 constexpr milliseconds kSoon{1};
 constexpr milliseconds kDelayedStart{30000};
 
@@ -36,11 +33,13 @@ bool ShowInNewTray(const ProgramContext& program) {
 
 Form1::Form1(const ProgramContext& program)
     : program_(program),
+      autoUpdate_(program),
       hover_(program),
-      clicks_(program, [this](const std::string& action) { RunTrayAction(action); }) {
+      clicks_(program, [this](const std::string& action) { RunTrayAction(action); }),
+      openDialog_(program.Host.Chooser, program.Folder.Separator()),
+      reportsWin_(program),
+      aboutWin_(program.Build, program.Host.Opener, program.Host.Windows) {
   quillbox::Timers& timers = program.Host.TimerSource;
-  Timer1_ = timers.NewTimer(kMinute, [this] { AutoUpdateTick(); });
-  Timer2_ = timers.NewTimer(kMinute, [this] { AutoUpdateTick(); });
   Timer3_ = timers.NewTimer(kSoon, [this] { Timer3_Timer(); });
   Timer8_ = timers.NewTimer(kDelayedStart, [this] { Timer8_Timer(); });
 }
@@ -57,36 +56,8 @@ void Form1::StartTimer8(std::string tag) {
 }
 
 void Form1::StartTimer1() {
-  SetAutoUpdateRate();
-  program_.State.UpdateMinuteCount = 0;
-  Timer1_->SetEnabled(true);
-}
-
-void Form1::SetAutoUpdateRate() {
-  program_.State.UpdateRateMinutes = RateMinutes(program_.Store.ReadSetting(kAutoUpdateRate));
-}
-
-// A tick that comes during a cycle is skipped whole: no count, no swap.
-void Form1::AutoUpdateTick() {
-  AppState& state = program_.State;
-  if (state.RefreshRunning) return;
-  state.UpdateMinuteCount = CountMinute(state.UpdateMinuteCount);
-  if (RefreshDue(state.UpdateMinuteCount, state.UpdateRateMinutes)) {
-    const bool onlyWhenOnline = program_.Store.ReadSetting(kAutoUpdateWhenConnected) == kTrue;
-    if (onlyWhenOnline && !program_.Host.Network.IsOnline()) return;
-    state.UpdateMinuteCount = 0;
-    RefreshAllAccounts(program_);
-  }
-  SwapTimers();
-}
-
-// The other half of the minute clock starts a fresh minute. A clock that was stopped meanwhile
-// stays so.
-void Form1::SwapTimers() {
-  if (!Timer1_->Enabled() && !Timer2_->Enabled()) return;
-  const bool first = Timer1_->Enabled();
-  Timer1_->SetEnabled(!first);
-  Timer2_->SetEnabled(first);
+  autoUpdate_.SetAutoUpdateRate();
+  autoUpdate_.Start();
 }
 
 void Form1::Timer3_Timer() {

@@ -4,8 +4,13 @@
 #include <memory>
 #include <string>
 
+#include "about/about_win.h"
+#include "options/open_dialog.h"
+#include "options/opts.h"
 #include "platform/host_events.h"
 #include "platform/timers.h"
+#include "reports/reports_win.h"
+#include "retrieval/auto_update.h"
 #include "shell/tooltip_hover.h"
 #include "shell/tray_clicks.h"
 #include "state/program_context.h"
@@ -24,13 +29,13 @@ class Form1 final : public HostEvents {
   // The delayed start: 30 seconds from now, does what `Tag` names ("Refresh", "Check").
   void StartTimer8(std::string tag);
 
-  // Starts the minute clock of automatic refresh at the stored rate.
+  // Starts automatic refresh at the stored rate.
   void StartTimer1();
 
   // Carries out one of the texts of Action and SingleAction; any other text does nothing.
   void RunTrayAction(const std::string& action);
 
-  // Opens the Options dialog.
+  // Opens the Options dialog; nothing when it is open.
   void Options_Click();
 
   // A refresh on request; nothing while one is running.
@@ -47,22 +52,23 @@ class Form1 final : public HostEvents {
   void MenuItemChosen(const MenuItem& item) override;
 
  private:
-  void SetAutoUpdateRate();
-  void AutoUpdateTick();
-  void SwapTimers();
   void Timer3_Timer();
   void Timer8_Timer();
   void RightDown();
   void OpenAccountOfCommand(int command);
 
   const ProgramContext& program_;
-  std::unique_ptr<Timer> Timer1_, Timer2_;  // one minute clock in two halves
-  std::unique_ptr<Timer> Timer3_;           // fills the submenus once
-  std::unique_ptr<Timer> Timer8_;           // the delayed start
+  AutoUpdate autoUpdate_;
+  std::unique_ptr<Timer> Timer3_;  // fills the submenus once
+  std::unique_ptr<Timer> Timer8_;  // the delayed start
   std::string timer8Tag_;
   std::string trayMenuTag_;  // "Open" while the tray menu is up
   TooltipHover hover_;
   TrayClicks clicks_;
+  OpenDialog openDialog_;
+  std::unique_ptr<Opts> opts_;  // of the last opening
+  ReportsWin reportsWin_;
+  AboutWin aboutWin_;
 };
 
 }  // namespace quillbox

@@ -13,7 +13,9 @@
 namespace quillbox {
 
 void Form1::Options_Click() {
-  program_.Host.Windows.Load(FormName::kOpts);
+  if (opts_ && opts_->Loaded()) return;
+  opts_ = std::make_unique<Opts>(program_, autoUpdate_, openDialog_);
+  opts_->Load();
 }
 
 void Form1::RefreshNow_Click() {
@@ -49,8 +51,8 @@ void Form1::MenuItemChosen(const MenuItem& item) {
   } kHandlers[] = {
       {"Options", [](Form1& form) { form.Options_Click(); }},
       {"RefreshNow", [](Form1& form) { form.RefreshNow_Click(); }},
-      {"Reports", [](Form1& form) { form.program_.Host.Windows.Load(FormName::kReportsWin); }},
-      {"About", [](Form1& form) { form.program_.Host.Windows.Load(FormName::kAboutWin); }},
+      {"Reports", [](Form1& form) { form.reportsWin_.Load(); }},
+      {"About", [](Form1& form) { form.program_.Host.Windows.Load(form.aboutWin_); }},
       {"QuillboxManual", [](Form1& form) { QuillboxManual_Click(form.program_); }},
       {"QuillboxSupportForums", [](Form1& form) { QuillboxSupportForums_Click(form.program_); }},
       {"SendBugReport", [](Form1& form) { SendBugReport_Click(form.program_); }},

@@ -14,8 +14,7 @@ Program::Program(const Host& host, ApplicationFolder folder, RegionalSettings re
       build_(std::move(build)),
       store_(host_.Store, host_.Disk, folder_, state_.SettingsProfile),
       context_{state_, store_, host_, folder_, region_, build_},
-      form_(context_),
-      aboutWin_(build_, host_.Opener, host_.Windows) {}
+      form_(context_) {}
 
 void Program::Main() {
   quillbox::Main(context_, form_);

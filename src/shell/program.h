@@ -1,10 +1,8 @@
 // The whole program on one host: owns the state and joins the rooms together.
 #pragma once
 
-#include "about/about_win.h"
 #include "config/application_folder.h"
 #include "config/settings_store.h"
-#include "platform/form_models.h"
 #include "platform/host.h"
 #include "platform/host_events.h"
 #include "platform/regional_settings.h"
@@ -28,9 +26,6 @@ class Program {
   // Where the host reports what happens; it may call as soon as Main has begun.
   HostEvents& Events() { return form_; }
 
-  // What the host's windows show.
-  FormModels Models() { return {aboutWin_}; }
-
   const AppState& State() const { return state_; }
 
  private:
@@ -42,7 +37,6 @@ class Program {
   SettingsStore store_;
   ProgramContext context_;
   Form1 form_;
-  AboutWin aboutWin_;
 };
 
 }  // namespace quillbox

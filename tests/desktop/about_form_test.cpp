@@ -49,8 +49,7 @@ void ClickAtBeginning(QWidget* widget) {
 class AboutFormTest : public testing::Test {
  protected:
   AboutFormTest() {
-    forms_.Connect({about_});
-    forms_.Load(FormName::kAboutWin);
+    forms_.Load(about_);
     window_ = Window();
   }
 
@@ -92,21 +91,21 @@ TEST_F(AboutFormTest, LinksOpenSiteAndLetter) {
 }
 
 TEST_F(AboutFormTest, ASecondLoadLeavesTheOneThatIsThere) {
-  forms_.Load(FormName::kAboutWin);
+  forms_.Load(about_);
   EXPECT_EQ(Window(), window_);
 }
 
 TEST_F(AboutFormTest, OkClosesItAndTheNextLoadBuildsItAnew) {
   Find<QPushButton>("OK")->click();
   EXPECT_EQ(Window(), nullptr);
-  forms_.Load(FormName::kAboutWin);
+  forms_.Load(about_);
   EXPECT_NE(Window(), nullptr);
   EXPECT_NE(Window(), window_);
 }
 
 TEST_F(AboutFormTest, ReturnAndEscapeCloseIt) {
   for (const int key : {Qt::Key_Return, Qt::Key_Escape}) {
-    forms_.Load(FormName::kAboutWin);
+    forms_.Load(about_);
     window_ = Window();
     ASSERT_NE(window_, nullptr);
     Press(window_, key);

@@ -2,31 +2,18 @@
 // host.
 #pragma once
 
-#include <cstdlib>
 #include <map>
 #include <set>
 #include <string>
 #include <vector>
 
-#include "platform/address_opener.h"
-#include "platform/agent_runner.h"
 #include "platform/clock.h"
-#include "platform/cursor.h"
-#include "platform/environment.h"
-#include "platform/event_pump.h"
 #include "platform/files.h"
-#include "platform/forms.h"
 #include "platform/host.h"
-#include "platform/message_boxes.h"
-#include "platform/network_state.h"
 #include "platform/per_user_store.h"
-#include "platform/program_exit.h"
-#include "platform/single_instance.h"
 #include "platform/sounds.h"
-#include "platform/timers.h"
-#include "platform/tooltip_window.h"
 #include "platform/tray_host.h"
-#include "platform/tray_menu_host.h"
+#include "simulated/idle_ports.h"
 #include "state/program_context.h"
 #include "test_region.h"
 
@@ -91,47 +78,6 @@ struct StandingClock : Clock {
   std::chrono::local_seconds Local = std::chrono::local_days(std::chrono::year(2007) / 1 / 31);
 };
 
-// What an evaluation has no business with.
-struct UnusedPorts : AddressOpener,
-                     AgentRunner,
-                     Cursor,
-                     Environment,
-                     EventPump,
-                     Forms,
-                     MessageBoxes,
-                     NetworkState,
-                     ProgramExit,
-                     SingleInstance,
-                     Timers,
-                     TooltipWindow,
-                     TrayMenuHost {
-  void Open(const std::string&) override { std::abort(); }
-  PixelPoint Position() override { std::abort(); }
-  TextSize Measure(std::string_view, const TooltipFont&) override { std::abort(); }
-  TooltipSurroundings Surroundings() override { std::abort(); }
-  void Show(const TooltipPicture&) override { std::abort(); }
-  void Close() override { std::abort(); }
-  bool BringToForeground() override { std::abort(); }
-  void PopUp() override { std::abort(); }
-  bool IsOnline() override { std::abort(); }
-  AgentId Start(const AgentStart&) override { std::abort(); }
-  bool Running(AgentId) override { std::abort(); }
-  void End(AgentId) override { std::abort(); }
-  std::string Variable(std::string_view) override { std::abort(); }
-  void PumpEvents() override { std::abort(); }
-  void Sleep(std::chrono::milliseconds) override { std::abort(); }
-  void Load(FormName) override { std::abort(); }
-  void Unload(FormName) override { std::abort(); }
-  void UnloadAll() override { std::abort(); }
-  BoxAnswer Show(const Message&) override { std::abort(); }
-  void EndProcess() override { std::abort(); }
-  bool AnotherInstanceRuns() override { std::abort(); }
-  void WakeRunningInstance() override { std::abort(); }
-  std::unique_ptr<Timer> NewTimer(std::chrono::milliseconds, std::function<void()>) override {
-    std::abort();
-  }
-};
-
 struct TestProgram {
   std::string& Setting(const std::string& sectionAndKey) { return Store.Values[sectionAndKey]; }
 
@@ -141,7 +87,7 @@ struct TestProgram {
   TracedTray Tray{Did};
   TracedSounds Speaker{Did};
   StandingClock Time;
-  UnusedPorts Unused;
+  IdlePorts Unused;
   quillbox::Host Host{.Store = Store,
                       .Variables = Unused,
                       .Disk = Disk,
@@ -155,10 +101,13 @@ struct TestProgram {
                       .Mouse = Unused,
                       .Boxes = Unused,
                       .Windows = Unused,
+                      .Chooser = Unused,
+                      .Browser = Unused,
                       .Speaker = Speaker,
                       .Instance = Unused,
                       .Network = Unused,
                       .Opener = Unused,
+                      .StartUp = Unused,
                       .Exit = Unused};
   ApplicationFolder Folder{"/app", "/app", '/'};
   AppState State;

@@ -12,7 +12,7 @@ using testing::ElementsAre;
 
 class AboutWinTest : public testing::Test {
  protected:
-  AboutWinTest() { host_.Windows.Load(FormName::kAboutWin); }
+  AboutWinTest() { host_.Windows.Load(about_); }
 
   SimulatedHost host_;
   BuildValues build_{"", "", "https://maker.example.test", "help@maker.example.test", "1.3.0"};

@@ -54,7 +54,7 @@ TEST(Start, TheGreetingIsInFrontAndLeadsToTheOptions) {
   EXPECT_EQ(greeting.Icon, BoxIcon::kInformation);
   EXPECT_EQ(greeting.Buttons, BoxButtons::kYesNo);
   EXPECT_TRUE(greeting.InForeground);
-  EXPECT_TRUE(program.Host.Windows.Loaded(FormName::kOpts));
+  EXPECT_NE(program.Host.Windows.Opts(), nullptr);
 }
 
 TEST(Start, AsksOnceForVersionChecks) {

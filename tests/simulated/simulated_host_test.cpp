@@ -75,7 +75,8 @@ TEST_F(SimulatedHostTest, NothingOfTheProcessRunsAfterItsEnd) {
       ports_.TimerSource.NewTimer(1s, [this] { ports_.Speaker.PlaySoundFile("tick"); });
   timer->SetEnabled(true);
   ports_.Agents.Start({"https://h/v|/d/a.dat|/d/a.log", {}});
-  ports_.Windows.Load(FormName::kOpts);
+  AboutWin about({}, ports_.Opener, ports_.Windows);
+  ports_.Windows.Load(about);
   host_.Choose("Exit");
   EXPECT_FALSE(host_.Choose("Exit"));
   host_.Effects.Clear();
@@ -84,7 +85,7 @@ TEST_F(SimulatedHostTest, NothingOfTheProcessRunsAfterItsEnd) {
   host_.RunFor(1h);
   EXPECT_THAT(host_.Trace(), IsEmpty());
   EXPECT_EQ(host_.Agents.RunningCount(), 0U);
-  EXPECT_FALSE(host_.Windows.Loaded(FormName::kOpts));
+  EXPECT_EQ(host_.Windows.AboutWin(), nullptr);
 }
 
 TEST_F(SimulatedHostTest, EventsGoOnWhileABoxIsOpen) {

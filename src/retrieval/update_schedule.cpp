@@ -1,4 +1,4 @@
-#include "shell/update_schedule.h"
+#include "retrieval/update_schedule.h"
 
 #include <limits>
 

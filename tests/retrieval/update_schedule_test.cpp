@@ -1,5 +1,5 @@
 // The rate table and the minute count.
-#include "shell/update_schedule.h"
+#include "retrieval/update_schedule.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-// The ports that evaluation and tray texts have no use for.
+// The ports that evaluation and tray texts have no use for, for a host of their own.
 #pragma once
 
 #include <stdexcept>
@@ -8,11 +8,14 @@
 #include "platform/cursor.h"
 #include "platform/environment.h"
 #include "platform/event_pump.h"
+#include "platform/file_chooser.h"
 #include "platform/forms.h"
 #include "platform/message_boxes.h"
 #include "platform/network_state.h"
 #include "platform/program_exit.h"
+#include "platform/report_browser.h"
 #include "platform/single_instance.h"
+#include "platform/start_up_entry.h"
 #include "platform/timers.h"
 #include "platform/tooltip_window.h"
 #include "platform/tray_menu_host.h"
@@ -25,11 +28,14 @@ class IdlePorts final : public AddressOpener,
                         public Cursor,
                         public Environment,
                         public EventPump,
+                        public FileChooser,
                         public Forms,
                         public MessageBoxes,
                         public NetworkState,
                         public ProgramExit,
+                        public ReportBrowser,
                         public SingleInstance,
+                        public StartUpEntry,
                         public Timers,
                         public TooltipWindow,
                         public TrayMenuHost {
@@ -41,9 +47,20 @@ class IdlePorts final : public AddressOpener,
   std::string Variable(std::string_view) override { Refuse(); }
   void PumpEvents() override { Refuse(); }
   void Sleep(std::chrono::milliseconds) override { Refuse(); }
-  void Load(FormName) override { Refuse(); }
+  std::optional<std::string> Choose(const FileQuestion&) override { Refuse(); }
+  void Load(AboutWin&) override { Refuse(); }
+  void Load(Opts&) override { Refuse(); }
+  void Load(Account&) override { Refuse(); }
+  void Load(ReportsWin&) override { Refuse(); }
+  void Hide(FormName) override { Refuse(); }
   void Unload(FormName) override { Refuse(); }
   void UnloadAll() override { Refuse(); }
+  void Navigate(const std::string&) override { Refuse(); }
+  int ReadyState() override { Refuse(); }
+  void SetBody(const std::string&) override { Refuse(); }
+  bool Present() override { Refuse(); }
+  void Make() override { Refuse(); }
+  void Remove() override { Refuse(); }
   BoxAnswer Show(const Message&) override { Refuse(); }
   [[noreturn]] void EndProcess() override { Refuse(); }
   bool IsOnline() override { Refuse(); }

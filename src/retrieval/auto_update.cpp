@@ -1,0 +1,62 @@
+#include "retrieval/auto_update.h"
+
+#include "config/setting_keys.h"
+#include "platform/network_state.h"
+#include "retrieval/refresh_cycle.h"
+#include "retrieval/update_schedule.h"
+
+namespace quillbox {
+namespace {
+
+constexpr std::chrono::minutes kMinute{1};
+
+}  // namespace
+
+AutoUpdate::AutoUpdate(const ProgramContext& program) : program_(program) {
+  quillbox::Timers& timers = program.Host.TimerSource;
+  Timer1_ = timers.NewTimer(kMinute, [this] { Tick(); });
+  Timer2_ = timers.NewTimer(kMinute, [this] { Tick(); });
+}
+
+void AutoUpdate::SetAutoUpdateRate() {
+  program_.State.UpdateRateMinutes = RateMinutes(program_.Store.ReadSetting(kAutoUpdateRate));
+}
+
+bool AutoUpdate::Running() const {
+  return Timer1_->Enabled() || Timer2_->Enabled();
+}
+
+void AutoUpdate::Start() {
+  program_.State.UpdateMinuteCount = 0;
+  Timer1_->SetEnabled(true);
+}
+
+void AutoUpdate::Stop() {
+  Timer1_->SetEnabled(false);
+  Timer2_->SetEnabled(false);
+}
+
+// A tick that comes during a cycle is skipped whole: no count, no swap.
+void AutoUpdate::Tick() {
+  AppState& state = program_.State;
+  if (state.RefreshRunning) return;
+  state.UpdateMinuteCount = CountMinute(state.UpdateMinuteCount);
+  if (RefreshDue(state.UpdateMinuteCount, state.UpdateRateMinutes)) {
+    const bool onlyWhenOnline = program_.Store.ReadSetting(kAutoUpdateWhenConnected) == kTrue;
+    if (onlyWhenOnline && !program_.Host.Network.IsOnline()) return;
+    state.UpdateMinuteCount = 0;
+    RefreshAllAccounts(program_);
+  }
+  SwapTimers();
+}
+
+// The other half of the minute clock starts a fresh minute. A clock that was stopped meanwhile
+// stays so.
+void AutoUpdate::SwapTimers() {
+  if (!Running()) return;
+  const bool first = Timer1_->Enabled();
+  Timer1_->SetEnabled(!first);
+  Timer2_->SetEnabled(first);
+}
+
+}  // namespace quillbox

@@ -1,0 +1,33 @@
+// Automatic update: the minute clock that starts refreshes at the chosen rate.
+#pragma once
+
+#include <memory>
+
+#include "platform/timers.h"
+#include "state/program_context.h"
+
+namespace quillbox {
+
+class AutoUpdate {
+ public:
+  // Stopped at first. The context must outlive the clock.
+  explicit AutoUpdate(const ProgramContext& program);
+
+  // Takes the stored rate into use; minutes counted so far stay.
+  void SetAutoUpdateRate();
+
+  bool Running() const;
+
+  // Begins to count at 0; call it on a stopped clock.
+  void Start();
+  void Stop();
+
+ private:
+  void Tick();
+  void SwapTimers();
+
+  const ProgramContext& program_;
+  std::unique_ptr<Timer> Timer1_, Timer2_;  // one minute clock in two halves
+};
+
+}  // namespace quillbox
