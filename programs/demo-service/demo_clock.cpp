@@ -19,10 +19,14 @@ std::tm LocalTime(system_clock::time_point time) {
 
 }  // namespace
 
-DemoClock::DemoClock(double speed) : speed_(speed), start_(system_clock::now()) {}
+DemoClock::DemoClock(double speed, seconds skew) : speed_(speed), skew_(skew), start_(Time()) {}
+
+system_clock::time_point DemoClock::Time() const {
+  return system_clock::now() + skew_;
+}
 
 Moment DemoClock::Now() const {
-  const system_clock::time_point now = system_clock::now();
+  const system_clock::time_point now = Time();
   const std::tm local = LocalTime(now);
   const std::chrono::year_month_day today(
       std::chrono::year(local.tm_year + 1900),

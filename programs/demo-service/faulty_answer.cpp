@@ -2,6 +2,8 @@
 
 #include <chrono>
 
+#include "error_answers.h"
+
 namespace quillbox {
 namespace {
 
@@ -18,16 +20,6 @@ void SetHead(const GoodAnswer& good, httplib::Response& response) {
 void Send(const GoodAnswer& good, httplib::Response& response) {
   SetHead(good, response);
   response.set_content(good.Body, good.ContentType);
-}
-
-GoodAnswer ErrorPage(int status) {
-  const std::string what = "Error " + std::to_string(status);
-  return {status,
-          "<html><head><title>" + what + "</title></head><body>" + what + "</body></html>\n"};
-}
-
-void Refuse(const std::string& path, httplib::Response& response) {
-  Send(path.starts_with("/accounts/") ? SignInPage() : ErrorPage(403), response);
 }
 
 // The answer announces its whole length and ends after the half of it.
@@ -54,24 +46,16 @@ void Drip(const GoodAnswer& good, FaultSwitch& faults, httplib::Response& respon
 
 }  // namespace
 
-GoodAnswer SignInPage() {
-  return {200,
-          "<html><head><title>Sign in</title></head><body>"
-          "<form method=\"post\" action=\"/accounts/ServiceLoginAuth\">"
-          "<input name=\"Email\"><input name=\"Passwd\" type=\"password\">"
-          "<input type=\"submit\" value=\"Sign in\"></form></body></html>\n"};
-}
-
 void Answer(const FaultRule& rule, const std::string& path, const GoodAnswer& good,
             FaultSwitch& faults, httplib::Response& response) {
   switch (rule.Kind) {
     case Fault::kRefuse:
-      return Refuse(path, response);
+      return Send(RefusalAt(path), response);
     case Fault::kStatus:
-      return Send(ErrorPage(rule.Status), response);
+      return Send(ErrorAt(path, rule.Status), response);
     case Fault::kStall:
       faults.Hold(kStallLimit);
-      return Send(ErrorPage(503), response);
+      return Send(ErrorAt(path, 503), response);
     case Fault::kDrip:
       return Drip(good, faults, response);
     case Fault::kCut:

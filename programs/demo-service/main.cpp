@@ -40,7 +40,8 @@ void Serve(const ServiceOptions& options) {
   const int port = service.Bind();
   std::thread worker([&] { service.Run(); });
   WriteFile(options.PortFile, std::to_string(port) + "\n");
-  std::cout << "listening on https://localhost:" + std::to_string(port) + "\n" << std::flush;
+  std::cout << "listening on https://" + service.Host() + ":" + std::to_string(port) + "\n"
+            << std::flush;
   int received = 0;
   ::sigwait(&endSignals, &received);
   service.Stop();

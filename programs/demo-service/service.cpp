@@ -3,17 +3,22 @@
 #include <openssl/ssl.h>
 #include <sys/socket.h>
 
+#include <chrono>
+#include <ctime>
 #include <iostream>
+#include <set>
 #include <stdexcept>
+#include <string_view>
 
+#include "error_answers.h"
 #include "reports/report_query.h"
 #include "reports/report_table.h"
 
 namespace quillbox {
 namespace {
 
-constexpr const char* kHost = "127.0.0.1";
 constexpr const char* kNames = "DNS:localhost,IP:127.0.0.1,IP:::1";
+constexpr std::string_view kBearer = "Bearer ";
 constexpr std::size_t kWorkers = 32;  // a stalled request keeps one busy
 
 bool UseCertificate(SSL* connection, const Certificate& certificate) {
@@ -27,16 +32,38 @@ void ReuseAddressAlone(socket_t socket) {
   ::setsockopt(socket, SOL_SOCKET, SO_REUSEADDR, &yes, sizeof yes);
 }
 
+// Who may sign in, and who has granted access already.
+std::set<std::string> EmailsOf(const ServiceOptions& options) {
+  std::set<std::string> emails;
+  for (const auto& [email, password] : options.Accounts) emails.insert(email);
+  for (const auto& [token, email] : options.Api.Grants) emails.insert(email);
+  return emails;
+}
+
+// As the head of an answer writes it.
+std::string DateHeader(std::chrono::system_clock::time_point time) {
+  const std::time_t seconds = std::chrono::system_clock::to_time_t(time);
+  std::tm utc{};
+  ::gmtime_r(&seconds, &utc);
+  char text[64];
+  std::strftime(text, sizeof text, "%a, %d %b %Y %H:%M:%S GMT", &utc);
+  return text;
+}
+
 }  // namespace
 
 Service::Service(const ServiceOptions& options)
     : options_(options),
-      clock_(options.Speed),
+      clock_(options.Speed, options.ClockSkew),
       authority_("Quillbox demo authority"),
-      good_(authority_.Issue(kNames)),
-      wrongName_(authority_.Issue("DNS:elsewhere.example.test")),
-      untrusted_(ThrowawayAuthority("Quillbox demo authority").Issue(kNames)),
+      good_(authority_.Issue({.Names = kNames})),
+      wrongName_(authority_.Issue({.Names = "DNS:elsewhere.example.test"})),
+      untrusted_(ThrowawayAuthority("Quillbox demo authority").Issue({.Names = kNames})),
       signIns_(options.Accounts),
+      grants_(options.Api.Grants, options.Api.TokenLife),
+      consent_(options.Api, EmailsOf(options), grants_),
+      tokens_(options.Api, grants_),
+      api_(options, EmailsOf(options), clock_),
       server_([this](SSL_CTX& context) {
         SSL_CTX_set_cert_cb(
             &context,
@@ -50,7 +77,9 @@ Service::Service(const ServiceOptions& options)
   server_.set_socket_options(ReuseAddressAlone);
   server_.new_task_queue = [] { return new httplib::ThreadPool(kWorkers); };
   server_.set_keep_alive_timeout(1);
-  AddRoutes();
+  AddOldRoutes();
+  AddApiRoutes();
+  AddFaultRoute();
 }
 
 int Service::ChooseCertificate(SSL* connection) const {
@@ -65,9 +94,10 @@ int Service::ChooseCertificate(SSL* connection) const {
 }
 
 int Service::Bind() {
-  const int port = options_.Port == 0                           ? server_.bind_to_any_port(kHost)
-                   : server_.bind_to_port(kHost, options_.Port) ? options_.Port
-                                                                : -1;
+  const char* const host = options_.Listen.c_str();
+  const int port = options_.Port == 0                          ? server_.bind_to_any_port(host)
+                   : server_.bind_to_port(host, options_.Port) ? options_.Port
+                                                               : -1;
   if (port < 0) throw std::runtime_error("the port is not free");
   return port;
 }
@@ -81,36 +111,29 @@ void Service::Stop() {
   server_.stop();
 }
 
-void Service::AddRoutes() {
-  AddRoute("/accounts/ServiceLoginAuth", &Service::SignIn, true);
-  AddRoute("/accounts/ServiceLoginAuth", &Service::SignIn);
-  AddRoute("/adsense/gaiaauth", &Service::Welcome);
-  AddRoute("/adsense/report/aggregate", &Service::Report);
-  AddRoute("/adsense/report/referrals", &Service::Report);
-  AddRoute("/versionqb.txt", &Service::Version);
-  const auto switchFault = [this](const httplib::Request& request, httplib::Response& response) {
-    SwitchFault(request, response);
-  };
-  server_.Get("/demo/fail", switchFault);
-  server_.Post("/demo/fail", switchFault);
+void Service::AnswerRequest(const Maker& make, const httplib::Request& request,
+                            httplib::Response& response) {
+  std::cout << request.method + " " + request.path + "\n" << std::flush;
+  const std::string account = AccountOf(request);
+  const FaultRule rule = faults_.For(request.path, account);
+  response.set_header("Date", DateHeader(clock_.Time()));
+  // What is answered with an error was not done either.
+  const bool fails = rule.Kind == Fault::kStatus || rule.Kind == Fault::kRefuse;
+  Answer(rule, request.path, fails ? GoodAnswer{} : make(request, account), faults_, response);
 }
 
-void Service::AddRoute(const char* path, Maker make, bool posted) {
-  const auto handler = [this, make](const httplib::Request& request, httplib::Response& response) {
-    std::cout << request.method + " " + request.path + "\n" << std::flush;
-    const std::string account = AccountOf(request);
-    const FaultRule rule = faults_.For(request.path, account);
-    const GoodAnswer good = (this->*make)(request, account);
-    Answer(rule, request.path, good, faults_, response);
-  };
-  posted ? server_.Post(path, handler) : server_.Get(path, handler);
-}
-
-// While signing in it is the one that asks; afterwards the one that the cookie stands for.
+// While signing in it is the one that asks; afterwards the one that cookie, code or token stands
+// for.
 std::string Service::AccountOf(const httplib::Request& request) const {
-  return request.path.starts_with("/accounts/")
-             ? request.get_param_value("Email")
-             : signIns_.AccountOf(request.get_header_value("Cookie"));
+  const auto field = [&](const char* name) { return FieldOf(request.params, name); };
+  if (request.path.starts_with("/accounts/")) return field("Email");
+  if (request.path == "/authorize") return field("account") + field("login_hint");
+  if (request.path == "/token") return grants_.OwnerOf(field("code") + field("refresh_token"));
+  if (request.path.starts_with("/v2")) {
+    const std::string header = request.get_header_value("Authorization");
+    return header.starts_with(kBearer) ? grants_.AccountOf(header.substr(kBearer.size())) : "";
+  }
+  return signIns_.AccountOf(request.get_header_value("Cookie"));
 }
 
 GoodAnswer Service::SignIn(const httplib::Request& request, const std::string& account) {
@@ -123,22 +146,12 @@ GoodAnswer Service::SignIn(const httplib::Request& request, const std::string& a
            {"Location", "/adsense/gaiaauth"}}};
 }
 
-GoodAnswer Service::Welcome(const httplib::Request&, const std::string& account) {
-  if (account.empty()) return SignInPage();
-  return {200, "<html><head><title>Welcome</title></head><body>Signed in.</body></html>\n"};
-}
-
-GoodAnswer Service::Report(const httplib::Request& request, const std::string& account) {
+GoodAnswer Service::Report(const httplib::Request& request, const std::string& account) const {
   if (account.empty()) return SignInPage();
   const auto query = ParseReportQuery(request.params);
   if (!query) return {400, "No such report\n", "text/plain"};
   return {200, ReportTable(*query, options_.Seed, account, clock_.Now()),
           "text/tab-separated-values"};
-}
-
-// Without a line end: readers of the version count each character.
-GoodAnswer Service::Version(const httplib::Request&, const std::string&) {
-  return {200, options_.VersionText, "text/plain"};
 }
 
 void Service::SwitchFault(const httplib::Request& request, httplib::Response& response) {

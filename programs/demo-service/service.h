@@ -3,14 +3,19 @@
 
 #include <httplib.h>
 
+#include <functional>
 #include <string>
 
+#include "api_pages.h"
 #include "certificates/throwaway_authority.h"
+#include "consent_page.h"
 #include "demo_clock.h"
 #include "faults/fault_switch.h"
 #include "faulty_answer.h"
+#include "oauth/grants.h"
 #include "service_options.h"
 #include "sign_ins.h"
+#include "token_pages.h"
 
 namespace quillbox {
 
@@ -26,22 +31,28 @@ class Service {
   // std::runtime_error when that fails.
   int Bind();
 
+  // The host as addresses name it.
+  std::string Host() const { return options_.Listen == "::1" ? "[::1]" : "localhost"; }
+
   // Answers requests until Stop is called, from another thread.
   void Run();
   void Stop();
 
  private:
-  using Maker = GoodAnswer (Service::*)(const httplib::Request&, const std::string& account);
+  using Maker =
+      std::function<GoodAnswer(const httplib::Request& request, const std::string& account)>;
 
-  void AddRoutes();
-  void AddRoute(const char* path, Maker make, bool posted = false);
+  void AddOldRoutes();
+  void AddApiRoutes();
+  void AddFaultRoute();
+  void AddRoute(const char* method, const char* path, const Maker& make);
+  void AnswerRequest(const Maker& make, const httplib::Request& request,
+                     httplib::Response& response);
   std::string AccountOf(const httplib::Request& request) const;
   int ChooseCertificate(SSL* connection) const;
 
-  GoodAnswer SignIn(const httplib::Request&, const std::string&);
-  GoodAnswer Welcome(const httplib::Request&, const std::string&);
-  GoodAnswer Report(const httplib::Request&, const std::string&);
-  GoodAnswer Version(const httplib::Request&, const std::string&);
+  GoodAnswer SignIn(const httplib::Request& request, const std::string& account);
+  GoodAnswer Report(const httplib::Request& request, const std::string& account) const;
   void SwitchFault(const httplib::Request& request, httplib::Response& response);
 
   const ServiceOptions options_;
@@ -52,6 +63,10 @@ class Service {
   const Certificate untrusted_;
   FaultSwitch faults_;
   SignIns signIns_;
+  Grants grants_;
+  ConsentPage consent_;
+  TokenPages tokens_;
+  ApiPages api_;
   httplib::SSLServer server_;
 };
 

@@ -1,10 +1,17 @@
 #include "service_options.h"
 
+#include <algorithm>
 #include <charconv>
 #include <functional>
 
 namespace quillbox {
 namespace {
+
+using std::chrono::seconds;
+
+constexpr std::size_t kOne = 1;
+constexpr std::size_t kMany = 10'000;
+constexpr int kSkew = 400 * 86'400;
 
 using Setter = std::function<void(ServiceOptions&, const std::string&)>;
 
@@ -41,6 +48,33 @@ void SetFolder(ServiceOptions& options, const std::string& folder) {
   options.PortFile = folder + "/port";
 }
 
+void SetClient(ServiceOptions& options, const std::string& text) {
+  const std::size_t colon = std::min(text.find(':'), text.size());
+  options.Api.ClientId = text.substr(0, colon);
+  options.Api.ClientSecret = text.substr(std::min(colon + 1, text.size()));
+}
+
+void SetConsent(ServiceOptions& options, const std::string& text) {
+  const std::map<std::string, Consent> kinds = {
+      {"page", Consent::kPage}, {"auto", Consent::kAuto}, {"deny", Consent::kDeny}};
+  const auto kind = kinds.find(text);
+  if (kind == kinds.end()) throw BadCommandLine("--consent needs page, auto or deny");
+  options.Api.Asks = kind->second;
+}
+
+void AddGrant(ServiceOptions& options, const std::string& text) {
+  const std::size_t colon = text.find(':');
+  if (colon == std::string::npos) throw BadCommandLine("--grant needs EMAIL:TOKEN");
+  options.Api.Grants[text.substr(colon + 1)] = text.substr(0, colon);
+}
+
+void SetListen(ServiceOptions& options, const std::string& text) {
+  if (text != "127.0.0.1" && text != "::1") {
+    throw BadCommandLine("--listen needs 127.0.0.1 or ::1");
+  }
+  options.Listen = text;
+}
+
 const std::map<std::string, Setter>& Setters() {
   static const std::map<std::string, Setter> setters = {
       {"--port", [](auto& o, auto& text) { o.Port = ParseNumber(text, 0, 65535); }},
@@ -51,7 +85,21 @@ const std::map<std::string, Setter>& Setters() {
       {"--seed",
        [](auto& o, auto& text) { o.Seed = ParseNumber<std::uint64_t>(text, 0, UINT64_MAX); }},
       {"--speed", [](auto& o, auto& text) { o.Speed = ParseNumber(text, 1.0, 1e6); }},
-      {"--version-text", SetVersionText}};
+      {"--version-text", SetVersionText},
+      {"--client", SetClient},
+      {"--consent", SetConsent},
+      {"--grant", AddGrant},
+      {"--token-life",
+       [](auto& o, auto& text) { o.Api.TokenLife = seconds(ParseNumber(text, 0, 1 << 30)); }},
+      {"--publishers",
+       [](auto& o, auto& text) { o.Api.PublishersPerEmail = ParseNumber(text, kOne, kMany); }},
+      {"--page-limit",
+       [](auto& o, auto& text) { o.Api.PageLimit = ParseNumber(text, kOne, kMany); }},
+      {"--currency", [](auto& o, auto& text) { o.Api.Currency = text; }},
+      {"--warning", [](auto& o, auto& text) { o.Api.Warnings.push_back(text); }},
+      {"--clock-skew",
+       [](auto& o, auto& text) { o.ClockSkew = seconds(ParseNumber(text, -kSkew, kSkew)); }},
+      {"--listen", SetListen}};
   return setters;
 }
 

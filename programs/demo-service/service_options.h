@@ -1,6 +1,8 @@
 // The command line of the demo service.
 #pragma once
 
+#include <chrono>
+#include <cstddef>
 #include <cstdint>
 #include <map>
 #include <span>
@@ -12,6 +14,21 @@
 
 namespace quillbox {
 
+enum class Consent { kPage, kAuto, kDeny };
+
+// Of the API and of the access to it.
+struct ApiOptions {
+  std::string ClientId = "quillbox-demo";
+  std::string ClientSecret = "no-secret";
+  Consent Asks = Consent::kPage;
+  std::map<std::string, std::string> Grants;  // refresh tokens and e-mail addresses
+  std::chrono::seconds TokenLife{3600};
+  std::size_t PublishersPerEmail = 1;
+  std::size_t PageLimit = 10'000;
+  std::string Currency = "USD";
+  std::vector<std::string> Warnings;
+};
+
 struct ServiceOptions {
   int Port = 0;               // 0: any free one
   std::string AuthorityFile;  // where the authority's certificate is written; empty: nowhere
@@ -21,6 +38,9 @@ struct ServiceOptions {
   std::uint64_t Seed = 1;
   double Speed = 1;
   std::string VersionText = "1.3.0";
+  std::string Listen = "127.0.0.1";  // or ::1
+  std::chrono::seconds ClockSkew{0};
+  ApiOptions Api;
 };
 
 // What is wrong with the command line, in a sentence for people.

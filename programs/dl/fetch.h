@@ -14,8 +14,9 @@ struct Fetched {
   std::string Body;  // as received; has meaning with kSuccess alone
 };
 
-// A signed-in request whose address is not https sends nothing and gives kNotSecure; an address
-// that can't be understood gives kNoConnection.
+// Where the password is a grant's name, the report is fetched from the service of today, in the
+// same form. A signed-in request whose address is not https sends nothing and gives kNotSecure; an
+// address that can't be understood gives kNoConnection.
 Fetched Fetch(Session& session, const AgentRequest& request);
 
 }  // namespace quillbox

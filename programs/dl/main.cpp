@@ -1,78 +1,50 @@
-// The fetch program: one run fetches one address and leaves a data file and a log file.
-#include <cstdio>
+// The fetch program: one run fetches one address and leaves a data file and a log file, or makes or
+// checks a sign-in.
 #include <cstdlib>
 #include <new>
 #include <optional>
 #include <string>
 
-#include "curl_library.h"
-#include "fetch.h"
-#include "request/agent_text.h"
-#include "request/limits.h"
-#include "result_files.h"
+#include "authorize.h"
+#include "check.h"
+#include "fetch_run.h"
 #include "secrecy.h"
-#include "session.h"
 
 namespace quillbox {
 namespace {
 
-std::string EnvironmentText(const char* name) {
-  const char* const text = std::getenv(name);
-  return text == nullptr ? "" : text;
-}
-
-// The variables that users of OpenSSL and of the curl command know; libcurl itself reads neither.
-std::string AuthorityFile() {
-  const std::string file = EnvironmentText("SSL_CERT_FILE");
-  return file.empty() ? EnvironmentText("CURL_CA_BUNDLE") : file;
-}
-
-Fetched FetchText(const std::string& text) {
-  const std::optional<AgentRequest> request = ParseAgentRequest(text);
-  const CurlLibrary curl = LoadCurl();
-  if (!request || !curl.Loaded()) return {ResultCode::kNoConnection, {}};
-  Session session(curl, ShortenedLimits(EnvironmentText("QUILLBOX_DL_LIMITS")), AuthorityFile());
-  return Fetch(session, *request);
-}
-
-Fetched FetchOrFail(const std::string& text) {
+std::string TakeArgumentsSurely(int argc, char** argv) {
   try {
-    return FetchText(text);
+    return TakeArguments(argc, argv);
   } catch (const std::bad_alloc&) {
-    return {ResultCode::kNoAnswer, {}};
+    return TakeArguments(argc, argv);
   }
 }
 
-bool WriteLog(const AgentText& text, ResultCode code) {
-  return WriteWholeFile(text.LogPath, std::to_string(static_cast<int>(code)));
+// What stands behind `command` and a blank; nothing when the text is another command.
+std::optional<std::string> ArgumentOf(const std::string& text, const std::string& command) {
+  if (text == command) return "";
+  if (!text.starts_with(command + " ")) return std::nullopt;
+  return text.substr(command.size() + 1);
 }
 
-// The log goes first and comes last: whoever finds one finds the data of the same run.
-bool Run(const AgentText& text) {
-  RemoveOldFile(text.LogPath);
-  RemoveOldFile(text.DataPath);
-  const Fetched fetched = FetchOrFail(text.Request);
-  ResultCode code = fetched.Code;
-  if (code == ResultCode::kSuccess && !WriteWholeFile(text.DataPath, fetched.Body)) {
-    code = ResultCode::kNoAnswer;
-  }
-  if (WriteLog(text, code)) return true;
-  // On a full disk the data may stand where the log should; the log matters more.
-  RemoveOldFile(text.DataPath);
-  return WriteLog(text, code == ResultCode::kSuccess ? ResultCode::kNoAnswer : code);
+int Obey(const std::string& text, unsigned fileMask) {
+  if (text.find('|') != std::string::npos) return RunFetch(text);
+  if (const auto email = ArgumentOf(text, "authorize")) return Authorize(*email, fileMask);
+  if (const auto email = ArgumentOf(text, "check")) return Check(*email);
+  return RunFetch(text);
 }
 
 }  // namespace
 }  // namespace quillbox
 
 int main(int argc, char** argv) {
-  quillbox::NarrowFileMask();
-  const std::string text = quillbox::TakeArguments(argc, argv);
+  const unsigned fileMask = quillbox::NarrowFileMask();
+  const std::string text = quillbox::TakeArgumentsSurely(argc, argv);
   quillbox::GuardProcess();
-  const auto parts = quillbox::SplitAgentText(text);
-  if (!parts) {
-    std::fputs("dl: expected one argument: REQUEST|DATA FILE|LOG FILE\n", stderr);
-    return 2;
+  try {
+    return quillbox::Obey(text, fileMask);
+  } catch (const std::bad_alloc&) {
+    return EXIT_FAILURE;
   }
-  return quillbox::Run(*parts) ? EXIT_SUCCESS : EXIT_FAILURE;
 }

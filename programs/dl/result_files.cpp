@@ -40,8 +40,12 @@ void RemoveOldFile(const std::string& path) {
   ::unlink(path.c_str());
 }
 
+std::string PartPath(const std::string& path) {
+  return path + "." + std::to_string(::getpid()) + ".part";
+}
+
 bool WriteWholeFile(const std::string& path, std::string_view content) {
-  const std::string part = path + "." + std::to_string(::getpid()) + ".part";
+  const std::string part = PartPath(path);
   const bool written = WriteFlushed(part, content) && std::rename(part.c_str(), path.c_str()) == 0;
   if (!written) ::unlink(part.c_str());
   return written;

@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 
 #include <csignal>
+#include <cstring>
 
 namespace quillbox {
 namespace {
@@ -16,7 +17,10 @@ void Overwrite(volatile char* text) {
 }  // namespace
 
 std::string TakeArguments(int argc, char** argv) {
+  std::size_t size = 0;
+  for (int i = 1; i < argc; ++i) size += std::strlen(argv[i]) + 1;
   std::string text;
+  text.reserve(size);
   for (int i = 1; i < argc; ++i) {
     if (i > 1) text += ' ';
     text += argv[i];
@@ -25,8 +29,8 @@ std::string TakeArguments(int argc, char** argv) {
   return text;
 }
 
-void NarrowFileMask() {
-  ::umask(077);
+unsigned NarrowFileMask() {
+  return ::umask(077);
 }
 
 void GuardProcess() {

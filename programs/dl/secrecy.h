@@ -6,11 +6,12 @@
 namespace quillbox {
 
 // The whole argument text, the arguments joined by blanks when there are several. They are
-// overwritten in the process's own memory, where the process list reads them.
+// overwritten in the process's own memory, where the process list reads them. When the memory is
+// out (std::bad_alloc) none was touched yet.
 std::string TakeArguments(int argc, char** argv);
 
-// Files made from here on are for their owner alone.
-void NarrowFileMask();
+// Files made from here on are for their owner alone. Gives the mask that was in force.
+unsigned NarrowFileMask();
 
 // From here on the process leaves no core file, and a connection that breaks ends in an error
 // where it is used, not in a signal.

@@ -61,11 +61,15 @@ void Session::SetSecurity() {
   Set(CURLOPT_PROXY_CAPATH, static_cast<const char*>(nullptr));
 }
 
-void Session::SetTimes() {
+std::chrono::milliseconds Session::TimeLeft() const {
   const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(
       end_ - std::chrono::steady_clock::now());
+  return std::max(left, std::chrono::milliseconds(0));
+}
+
+void Session::SetTimes() {
   // 0 would mean no limit.
-  const auto inAll = std::max(left, std::chrono::milliseconds(1));
+  const auto inAll = std::max(TimeLeft(), std::chrono::milliseconds(1));
   const auto connect = std::clamp(limits_.Connect, std::chrono::milliseconds(1), inAll);
   Set(CURLOPT_CONNECTTIMEOUT_MS, static_cast<long>(connect.count()));
   Set(CURLOPT_TIMEOUT_MS, static_cast<long>(inAll.count()));
@@ -102,6 +106,15 @@ Answer Session::PostForm(const std::string& address, const std::string& form) {
   return Perform();
 }
 
+Answer Session::GetWithToken(const std::string& address, const std::string& token) {
+  SetCommon(address);
+  Set(CURLOPT_PROTOCOLS_STR, "https");
+  Set(CURLOPT_FOLLOWLOCATION, 0L);
+  Set(CURLOPT_HTTPAUTH, static_cast<long>(CURLAUTH_BEARER));
+  Set(CURLOPT_XOAUTH2_BEARER, token.c_str());
+  return Perform();
+}
+
 Answer Session::Perform() {
   BodyCollector collector(limits_);
   Set(CURLOPT_WRITEFUNCTION, &TakeBody);
@@ -130,7 +143,8 @@ Answer Session::Outcome(CURLcode result) const {
           .ContentType = Text(CURLINFO_CONTENT_TYPE),
           .Address = Text(CURLINFO_EFFECTIVE_URL),
           .Redirect = Text(CURLINFO_REDIRECT_URL),
-          .Body = {}};
+          .Body = {},
+          .RetryAfter = std::chrono::seconds(Figure<curl_off_t>(CURLINFO_RETRY_AFTER))};
 }
 
 std::string Session::Text(CURLINFO what) const {

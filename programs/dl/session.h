@@ -31,6 +31,13 @@ class Session {
   // to another one.
   Answer PostForm(const std::string& address, const std::string& form);
 
+  // https alone, with an access token ("Authorization: Bearer"). No redirect is followed.
+  Answer GetWithToken(const std::string& address, const std::string& token);
+
+  // The total limit, and what is left of it, never below 0.
+  std::chrono::milliseconds WholeTime() const { return limits_.Total; }
+  std::chrono::milliseconds TimeLeft() const;
+
  private:
   template <typename Value>
   void Set(CURLoption option, Value value);

@@ -1,80 +1,114 @@
 // Every result code, and every way in which the demo service can fail.
 #include <gtest/gtest.h>
 
-#include <netinet/in.h>
 #include <sys/socket.h>
-#include <unistd.h>
 
-#include "dl/support/demo_service.h"
-#include "dl/support/dl_run.h"
+#include <sstream>
+
+#include "dl/support/grants.h"
+#include "dl/support/listening_program.h"
 
 namespace quillbox {
 namespace {
 
 constexpr const char* kReferralReport =
     "/adsense/report/referrals?product=ref&dateRange.simpleDate=thismonth";
-constexpr const char* kQuick = "5000,400,5000";       // milliseconds: nothing for long is an error
+constexpr const char* kVersion = "/versionqb.txt";
+constexpr const char* kUsual = "5000,5000,15000";     // milliseconds
+constexpr const char* kQuick = "5000,400,5000";       // nothing for long is an error
 constexpr const char* kQuickInAll = "5000,5000,900";  // too little for a dripping answer
 
 struct Case {
   const char* name;
-  const char* fail;      // a failure of the service, or none
-  const char* password;  // null: the plain form
-  const char* path;
+  const char* options;   // of the service, a blank between two
+  const char* password;  // or a grant's name; null: the plain form
   const char* code;
-  const char* limits = "5000,5000,15000";
+  const char* limits = kUsual;
+  const char* path = kContentReport;
 };
 
 const Case kCases[] = {
-    {"content report", "none", kPassword, kContentReport, "0"},
-    {"referral report", "none", kPassword, kReferralReport, "0"},
-    {"version", "none", nullptr, "/versionqb.txt", "0"},
-    {"wrong password", "none", "thyme", kContentReport, "3"},
-    {"empty password", "none", "", kContentReport, "3"},
-    {"not signed in, a page comes", "none", nullptr, kContentReport, "0"},
-    {"refused at the sign-in", "refuse:/accounts", kPassword, kContentReport, "3"},
-    {"refused at the report", "refuse:/adsense/report", kPassword, kContentReport, "3"},
-    {"this account refused", "refuse:someone@example.test", kPassword, kContentReport, "3"},
-    {"another account refused", "refuse:other@example.test", kPassword, kContentReport, "0"},
-    {"401", "401:/adsense/report", kPassword, kContentReport, "3"},
-    {"401 at the sign-in", "401:/accounts", kPassword, kContentReport, "3"},
-    {"403 in the plain form", "403", nullptr, "/versionqb.txt", "3"},
-    {"error page", "error", kPassword, kContentReport, "2"},
-    {"error page at the report", "error:/adsense/report", kPassword, kContentReport, "2"},
-    {"error page at the page behind the sign-in", "error:/adsense/gaia", kPassword, kContentReport,
-     "2"},
-    {"404", "404", nullptr, "/versionqb.txt", "2"},
-    {"unknown path", "none", nullptr, "/nothing", "2"},
-    {"stall at the sign-in", "stall:/accounts", kPassword, kContentReport, "2", kQuick},
-    {"stall at the report", "stall:/adsense/report", kPassword, kContentReport, "2", kQuick},
-    {"stall in the plain form", "stall", nullptr, "/versionqb.txt", "2", kQuick},
-    {"drip, slow but moving", "drip:/adsense/report", kPassword, kContentReport, "2", kQuickInAll},
-    {"drip that ends in time", "drip:/accounts", kPassword, kContentReport, "0"},
-    {"cut off", "cut", nullptr, "/versionqb.txt", "2"},
-    {"report cut off", "cut:/adsense/report", kPassword, kContentReport, "2"},
-    {"redirect to http", "downgrade:/adsense/report", kPassword, kContentReport, "2"},
-    {"redirect of the sign-in to http", "downgrade:/accounts", kPassword, kContentReport, "2"},
-    {"certificate for another name", "wrong-name", kPassword, kContentReport, "4"},
-    {"certificate of another authority", "untrusted", kPassword, kContentReport, "4"},
-    {"untrusted in the plain form", "untrusted", nullptr, "/versionqb.txt", "4"},
+    {"content report", "", kPassword, "0"},
+    {"referral report", "", kPassword, "0", kUsual, kReferralReport},
+    {"version", "", nullptr, "0", kUsual, kVersion},
+    {"wrong password", "", "thyme", "3"},
+    {"empty password", "", "", "3"},
+    {"not signed in, a page comes", "", nullptr, "0"},
+    {"refused at the sign-in", "--fail refuse:/accounts", kPassword, "3"},
+    {"refused at the report", "--fail refuse:/adsense/report", kPassword, "3"},
+    {"this account refused", "--fail refuse:someone@example.test", kPassword, "3"},
+    {"another account refused", "--fail refuse:other@example.test", kPassword, "0"},
+    {"401", "--fail 401:/adsense/report", kPassword, "3"},
+    {"401 at the sign-in", "--fail 401:/accounts", kPassword, "3"},
+    {"403 in the plain form", "--fail 403", nullptr, "3", kUsual, kVersion},
+    {"error page", "--fail error", kPassword, "2"},
+    {"error page at the report", "--fail error:/adsense/report", kPassword, "2"},
+    {"error page behind the sign-in", "--fail error:/adsense/gaia", kPassword, "2"},
+    {"404", "--fail 404", nullptr, "2", kUsual, kVersion},
+    {"unknown path", "", nullptr, "2", kUsual, "/nothing"},
+    {"stall at the sign-in", "--fail stall:/accounts", kPassword, "2", kQuick},
+    {"stall at the report", "--fail stall:/adsense/report", kPassword, "2", kQuick},
+    {"stall in the plain form", "--fail stall", nullptr, "2", kQuick, kVersion},
+    {"drip, slow but moving", "--fail drip:/adsense/report", kPassword, "2", kQuickInAll},
+    {"drip that ends in time", "--fail drip:/accounts", kPassword, "0"},
+    {"cut off", "--fail cut", nullptr, "2", kUsual, kVersion},
+    {"report cut off", "--fail cut:/adsense/report", kPassword, "2"},
+    {"redirect to http", "--fail downgrade:/adsense/report", kPassword, "2"},
+    {"redirect of the sign-in to http", "--fail downgrade:/accounts", kPassword, "2"},
+    {"certificate for another name", "--fail wrong-name", kPassword, "4"},
+    {"certificate of another authority", "--fail untrusted", kPassword, "4"},
+    {"untrusted in the plain form", "--fail untrusted", nullptr, "4", kUsual, kVersion},
+
+    {"grant", "", kGrantName, "0"},
+    {"a page of warnings", "--warning one --warning two", kGrantName, "0"},
+    {"a clock far ahead", "--clock-skew 86400", kGrantName, "0"},
+    {"a clock far behind", "--clock-skew -86400", kGrantName, "0"},
+    {"grant revoked", "--fail refuse:/token", kGrantName, "3"},
+    {"grant of another client", "--client other:secret", kGrantName, "3"},
+    {"not permitted", "--fail refuse:/v2", kGrantName, "3"},
+    {"the token isn't taken", "--token-life 0", kGrantName, "3"},
+    {"401 to a token", "--fail 401:/v2", kGrantName, "3"},
+    {"quota", "--fail 429:/v2", kGrantName, "2"},
+    {"quota that passes", "--fail 429*2:/v2", kGrantName, "0"},
+    {"quota at the third too", "--fail 429*3:/v2", kGrantName, "2"},
+    {"fault of the server that passes", "--fail 503*2:/v2", kGrantName, "0"},
+    {"fault of the token endpoint that passes", "--fail 500*1:/token", kGrantName, "0"},
+    {"fault of the token endpoint", "--fail 500:/token", kGrantName, "2"},
+    {"another mistake", "--fail 404:/v2", kGrantName, "2"},
+    {"a page in the place of a token", "--fail downgrade:/token", kGrantName, "2"},
+    {"a redirect of the granted report", "--fail downgrade:/v2", kGrantName, "2"},
+    {"token stalls", "--fail stall:/token", kGrantName, "2", kQuick},
+    {"granted report stalls", "--fail stall:/v2", kGrantName, "2", kQuick},
+    {"granted report cut off", "--fail cut:/v2", kGrantName, "2"},
+    {"not the grant's service", "--fail wrong-name", kGrantName, "4"},
+    {"untrusted with a grant", "--fail untrusted", kGrantName, "4"},
 };
 
 void PrintTo(const Case& c, std::ostream* out) {
   *out << c.name;
 }
 
+std::vector<std::string> Words(const std::string& text) {
+  std::istringstream words(text);
+  return {std::istream_iterator<std::string>(words), {}};
+}
+
+DlStart StartOf(const Case& c, const DemoService& service, const GrantHome& home) {
+  if (c.password == nullptr) return service.Plain(c.path);
+  if (c.password == std::string(kGrantName)) return Granted(service, home, c.path);
+  return service.Signed(c.path, c.password);
+}
+
 class Codes : public testing::TestWithParam<Case> {};
 
 TEST_P(Codes, AreLeftInTheLogAndDataWithSuccessAlone) {
   const Case& c = GetParam();
-  DemoService service({"--account", std::string(kEmail) + ":" + kPassword, "--fail", c.fail});
-  const std::string address = service.Address(c.path);
+  DemoService service(Words(c.options));
+  const GrantHome home;
   const DlRun run;
-  EXPECT_EQ(run.Run({c.password == nullptr ? address : SignedIn(kEmail, c.password, address),
-                     service.AuthorityFile(),
-                     c.limits,
-                     {}}),
-            0);
+  DlStart start = StartOf(c, service, home);
+  start.Limits = c.limits;
+  EXPECT_EQ(run.Run(start), 0);
   EXPECT_EQ(run.Log(), c.code);
   EXPECT_EQ(run.Data().has_value(), std::string(c.code) == "0");
   EXPECT_EQ(service.Process().End(), 0) << "the service ends cleanly whatever it was doing";
@@ -85,93 +119,47 @@ INSTANTIATE_TEST_SUITE_P(OfTheDemoService, Codes, testing::ValuesIn(kCases));
 TEST(Faults, AreSwitchedWhileTheServiceRuns) {
   const DemoService service;
   const DlRun run;
-  const auto code = [&](const char* path) {
-    run.Run({service.Address(path), service.AuthorityFile()});
-    return run.Log();
-  };
-  EXPECT_EQ(code("/versionqb.txt"), "0");
-  EXPECT_EQ(code("/demo/fail?mode=403:/version"), "0");
-  EXPECT_EQ(code("/versionqb.txt"), "3");
-  EXPECT_EQ(code("/demo/fail?mode=nonsense"), "2");
-  EXPECT_EQ(code("/demo/fail?mode=none"), "0");
-  EXPECT_EQ(code("/versionqb.txt"), "0");
+  const std::pair<const char*, const char*> kSteps[] = {{kVersion, "0"},
+                                                        {"/demo/fail?mode=403:/version", "0"},
+                                                        {kVersion, "3"},
+                                                        {"/demo/fail?mode=nonsense", "2"},
+                                                        {"/demo/fail?mode=none", "0"},
+                                                        {kVersion, "0"}};
+  for (const auto& [path, code] : kSteps) EXPECT_EQ(run.CodeOf(service.Plain(path)), code) << path;
 }
 
-// Absent: nobody listens. Deaf: its queue is full, so that connections are not taken. Silent: it
-// takes them and never says a word.
-enum class Manner { kAbsent, kDeaf, kSilent };
-
-class MuteServer {
- public:
-  explicit MuteServer(Manner manner) {
-    const int server = Socket(0);
-    sockaddr_in address{};
-    address.sin_family = AF_INET;
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    socklen_t size = sizeof address;
-    auto* const general = reinterpret_cast<sockaddr*>(&address);
-    EXPECT_EQ(::bind(server, general, size), 0);
-    EXPECT_EQ(::getsockname(server, general, &size), 0);
-    port_ = ntohs(address.sin_port);
-    if (manner != Manner::kAbsent) {
-      EXPECT_EQ(::listen(server, manner == Manner::kDeaf ? 0 : 8), 0);
-    }
-    for (int i = 0; manner == Manner::kDeaf && i < 3; ++i) {
-      ::connect(Socket(SOCK_NONBLOCK), general, size);
-    }
-  }
-  ~MuteServer() {
-    for (const int socket : sockets_) ::close(socket);
-  }
-
-  std::string Address() const { return "https://127.0.0.1:" + std::to_string(port_) + "/x"; }
-
- private:
-  int Socket(int flags) {
-    sockets_.push_back(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC | flags, 0));
-    return sockets_.back();
-  }
-
-  std::vector<int> sockets_;
-  int port_ = 0;
-};
-
+// Deaf: its queue is full, so that connections are not taken. Silent: it takes them and never says
+// a word.
 TEST(Connection, IsToldFromAnAnswer) {
-  struct MuteCase {
-    Manner manner;
-    const char *code, *name;
-  };
-  const MuteCase kMute[] = {{Manner::kAbsent, "1", "absent"},
-                            {Manner::kDeaf, "1", "deaf"},
-                            {Manner::kSilent, "2", "silent"}};
-  for (const MuteCase& c : kMute) {
-    const MuteServer server(c.manner);
+  const LoopbackSocket absent, deaf, silent, first(SOCK_NONBLOCK), second(SOCK_NONBLOCK),
+      third(SOCK_NONBLOCK);
+  const int deafPort = deaf.Bind();
+  deaf.Listen(0);
+  for (const LoopbackSocket* client : {&first, &second, &third}) client->Connect(deafPort);
+  const int silentPort = silent.Bind();
+  silent.Listen(8);
+  for (const auto& [port, code] :
+       {std::pair{absent.Bind(), "1"}, {deafPort, "1"}, {silentPort, "2"}}) {
     const DlRun run;
-    run.Run({SignedIn(kEmail, kPassword, server.Address()), "", "400,5000,5000", {}});
-    EXPECT_EQ(run.Log(), c.code) << c.name;
+    const std::string address = "https://127.0.0.1:" + std::to_string(port) + "/x";
+    EXPECT_EQ(run.CodeOf({SignedIn(kEmail, kPassword, address), "", "400,5000,5000"}), code)
+        << address << " of " << deafPort << " deaf, " << silentPort << " silent";
   }
 }
 
-TEST(Connection, AnUnknownHostIs1) {
-  const DlRun run;
-  run.Run({SignedIn(kEmail, kPassword, "https://nowhere.invalid/x"), "", kQuick, {}});
-  EXPECT_EQ(run.Log(), "1");
-}
-
-TEST(Connection, WhatCannotBeUnderstoodOrMustNotBeSentHasACodeToo) {
-  struct BadRequest {
-    const char *request, *code;
-  };
-  const BadRequest kBad[] = {{"", "1"},
-                             {"ftp://localhost/x", "1"},
-                             {"https://user@localhost/x", "1"},
-                             {"Email=a%#%https://localhost/x", "1"},
-                             {"Email=a&Passwd=b%#%http://localhost/x", "4"}};
-  for (const BadRequest& bad : kBad) {
+TEST(Connection, WhatCannotBeUnderstoodFoundOrSentHasACodeToo) {
+  const std::pair<const char*, const char*> kRequests[] = {
+      {"", "1"},
+      {"ftp://localhost/x", "1"},
+      {"https://user@localhost/x", "1"},
+      {"Email=a%#%https://localhost/x", "1"},
+      {"Email=a&Passwd=b%#%https://nowhere.invalid/x", "1"},
+      {"Email=a&Passwd=b%#%http://localhost/x", "4"}};
+  for (const auto& [request, code] : kRequests) {
     const DlRun run;
-    EXPECT_EQ(run.Run({bad.request, "", kQuick, {}}), 0) << bad.request;
-    EXPECT_EQ(run.Log(), bad.code) << bad.request;
-    EXPECT_FALSE(run.Data()) << bad.request;
+    EXPECT_EQ(run.Run({request, "", kQuick}), 0) << request;
+    EXPECT_EQ(run.Log(), code) << request;
+    EXPECT_FALSE(run.Data()) << request;
   }
 }
 

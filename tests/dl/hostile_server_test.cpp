@@ -1,187 +1,151 @@
-// Servers that want more than they should get.
+// Servers that are not what they say, or want more than they should get: nothing secret goes
+// anywhere but to the host that was asked and has proved its name.
 #include <gmock/gmock.h>
-#include <httplib.h>
+#include <openssl/ssl.h>
 
-#include <functional>
-#include <mutex>
-#include <thread>
-
-#include "certificates/throwaway_authority.h"
 #include "dl/support/dl_run.h"
+#include "dl/support/listening_server.h"
 
 namespace quillbox {
 namespace {
 
-constexpr std::size_t kMiB = std::size_t{1} << 20;
-constexpr const char* kSignInPath = "/accounts/ServiceLoginAuth";
+using std::chrono::hours;
 
-// A server of our own on a free port of the loopback interface, which notes what it is asked.
-template <typename Server>
-class Listening {
- public:
-  template <typename... Arguments>
-  explicit Listening(Arguments&&... arguments) : server_(std::forward<Arguments>(arguments)...) {
-    port_ = server_.bind_to_any_port("127.0.0.1");
-    server_.set_logger([this](const httplib::Request& request, const httplib::Response&) {
-      const std::lock_guard lock(mutex_);
-      requests_.push_back(request);
-    });
-  }
-  ~Listening() {
-    server_.stop();
-    if (thread_.joinable()) thread_.join();
-  }
+constexpr const char* kGoodNames = "DNS:localhost,IP:127.0.0.1";
 
-  Server& Routes() { return server_; }
-  void Listen() {
-    thread_ = std::thread([this] { server_.listen_after_bind(); });
-    while (!server_.is_running()) std::this_thread::yield();
-  }
-  std::string Host(const std::string& name) const { return name + ":" + std::to_string(port_); }
-  std::vector<httplib::Request> Requests() const {
-    const std::lock_guard lock(mutex_);
-    return requests_;
-  }
+enum class Proof { kOfWish, kOfOtherAuthority, kOfAServer, kByOldProtocol, kNone };
 
- private:
-  Server server_;
-  int port_ = 0;
-  std::thread thread_;
-  mutable std::mutex mutex_;
-  std::vector<httplib::Request> requests_;
+// The server that is asked, under the name "localhost".
+struct Case {
+  const char* name;
+  // As for Reply; {other} is a host that has proved its name but wasn't asked, {impostor} one that
+  // can't prove it, {open} one that speaks http.
+  const char* signInAnswer;
+  const char* reportAnswer;
+  const char* code;
+  bool isProved = true;
+  Proof proof = Proof::kOfWish;
+  CertificateWish wish = {kGoodNames};
 };
 
-class HostileServer : public testing::Test {
+Case Unproved(const char* name, const CertificateWish& wish, Proof proof = Proof::kOfWish) {
+  return {name, "200", "200", "4", false, proof, wish};
+}
+
+const Case kUnproved[] = {
+    Unproved("certificate of another authority", {kGoodNames}, Proof::kOfOtherAuthority),
+    Unproved("certificate for another name", {"DNS:elsewhere.test"}),
+    Unproved("certificate for no name", {""}),
+    Unproved("certificate for every name", {"DNS:*"}),
+    Unproved("certificate for another address", {"IP:127.0.0.2"}),
+    Unproved("expired certificate", {kGoodNames, hours(-48), hours(-24)}),
+    Unproved("certificate of tomorrow", {kGoodNames, hours(24), hours(48)}),
+    Unproved("a client's certificate", {.Names = kGoodNames, .Use = "clientAuth"}),
+    Unproved("certificate signed by a server", {kGoodNames}, Proof::kOfAServer),
+    Unproved("TLS 1.1", {kGoodNames}, Proof::kByOldProtocol),
+    Unproved("no TLS at all", {kGoodNames}, Proof::kNone),
+};
+
+const Case kProved[] = {
+    {"all is well", "302\nLocation: /welcome", "200", "0"},
+    {"form to another host, 302", "302\nLocation: {other}/x", "200", "0"},
+    {"form to another host, 307", "307\nLocation: {other}/x", "200", "0"},
+    {"form to another host, 308", "308\nLocation: {other}/x", "200", "0"},
+    {"form to http", "307\nLocation: {open}/x", "200", "2"},
+    {"form to an impostor", "307\nLocation: {impostor}/x", "200", "4"},
+    {"form to a user's host", "307\nLocation: https://localhost@{host}/", "200", "1"},
+    {"form to a file", "302\nLocation: file:///etc/hostname", "200", "2"},
+    {"report to another host", "200", "302\nLocation: {other}/x", "0"},
+    {"report to another host, no scheme", "200", "302\nLocation: //{host}/x", "0"},
+    {"report to a host with backslashes", "200", "302\nLocation: \\\\{host}\\x", "0"},
+    {"report to http", "200", "302\nLocation: {open}/x", "2"},
+    {"report to an impostor", "200", "302\nLocation: {impostor}/x", "4"},
+    {"report to a file", "200", "302\nLocation: file:///etc/hostname", "2"},
+    {"report to ftp", "200", "302\nLocation: ftp://{host}/x", "2"},
+    {"report in a circle", "200", "302\nLocation: /report", "2"},
+    {"report to the sign-in", "200", "302\nLocation: /accounts/Login", "3"},
+    {"asks for Basic", "200", "401\nWWW-Authenticate: Basic realm=\"x\"", "3"},
+    {"names another service", "200", "200\nAlt-Svc: h2=\"{host}\"; ma=9", "0"},
+    {"cookie for another host",
+     "302\nLocation: {other}/x\nSet-Cookie: B=canary-cookie; Domain=127.0.0.1", "200", "0"},
+};
+
+void PrintTo(const Case& c, std::ostream* out) {
+  *out << c.name;
+}
+
+class HostileServer : public testing::TestWithParam<Case> {
  protected:
-  HostileServer() {
-    WriteWhole(authorityFile_, authority_.Pem());
-    server_.Routes().Post(kSignInPath, [this](const auto&, auto& response) {
-      response.set_header("Set-Cookie", "SID=1; Path=/; Secure");
-      signedIn_(response);
+  std::unique_ptr<httplib::Server> ServerOf(const Case& c) const {
+    if (c.proof == Proof::kNone) return std::make_unique<httplib::Server>();
+    return std::make_unique<httplib::SSLServer>([&](SSL_CTX& context) {
+      ThrowawayAuthority signer = authority_;
+      if (c.proof == Proof::kOfOtherAuthority) signer = ThrowawayAuthority("test");
+      if (c.proof == Proof::kOfAServer) signer = ThrowawayAuthority(good_);
+      const Certificate certificate = signer.Issue(c.wish);
+      if (c.proof == Proof::kByOldProtocol) {
+        SSL_CTX_set_security_level(&context, 0);
+        SSL_CTX_set_min_proto_version(&context, TLS1_1_VERSION);
+        SSL_CTX_set_max_proto_version(&context, TLS1_1_VERSION);
+      }
+      if (c.proof == Proof::kOfAServer) SSL_CTX_add1_chain_cert(&context, good_.Public.get());
+      return SSL_CTX_use_certificate(&context, certificate.Public.get()) == 1 &&
+             SSL_CTX_use_PrivateKey(&context, certificate.Key.get()) == 1;
     });
   }
 
-  using Handler = httplib::Server::Handler;
-  void At(const char* path, Handler handler) { server_.Routes().Get(path, std::move(handler)); }
-
-  std::string Code(const std::string& request) {
-    server_.Listen();
-    run_.Run({request, authorityFile_});
-    return run_.Log().value_or("no log");
+  std::unique_ptr<httplib::Server> Asked(const Case& c) const {
+    auto server = ServerOf(c);
+    server->Post("/accounts/ServiceLoginAuth", [this, c](const auto&, auto& response) {
+      response.headers.emplace("Set-Cookie", "SID=canary-cookie; Path=/; Secure");
+      Reply(c.signInAnswer, places_, response);
+    });
+    server->Get("/report", [this, c](const auto&, auto& response) {
+      Reply(c.reportAnswer, places_, response);
+    });
+    return AnswerAll(std::move(server));
   }
-  std::string FetchSignedIn() {
-    return Code(SignedIn(kEmail, kPassword, "https://" + server_.Host("localhost") + "/report"));
-  }
-  std::string FetchPlain() { return Code("https://" + server_.Host("localhost") + "/report"); }
 
-  std::function<void(httplib::Response&)> signedIn_ = [](auto& response) {
-    response.set_content("welcome", "text/plain");
-  };
-  DlRun run_;
-  Folder folder_;
-  const std::string authorityFile_ = folder_.Path("authority.pem");
-  ThrowawayAuthority authority_{"test"};
-  Certificate certificate_ = authority_.Issue("DNS:localhost,IP:127.0.0.1");
-  Listening<httplib::SSLServer> server_{certificate_.Public.get(), certificate_.Key.get()};
+  const ThrowawayAuthority authority_{"test"};
+  const Certificate good_ = authority_.Issue({kGoodNames});
+  const ListeningServer other_{AnswerAll(SecureServer(good_))};
+  const ListeningServer impostor_{
+      AnswerAll(SecureServer(ThrowawayAuthority("test").Issue({"DNS:localhost"})))};
+  const ListeningServer open_{AnswerAll(std::make_unique<httplib::Server>())};
+  const std::vector<std::pair<std::string, std::string>> places_ = {
+      {"{host}", other_.Host("127.0.0.1")},
+      {"{other}", "https://" + other_.Host("127.0.0.1")},
+      {"{impostor}", "https://" + impostor_.Host("localhost")},
+      {"{open}", "http://" + open_.Host("localhost")}};
 };
 
-TEST_F(HostileServer, TheFormIsNotSentOnToAnotherHost) {
-  const std::string elsewhere = "https://" + server_.Host("127.0.0.1") + "/elsewhere";
-  signedIn_ = [elsewhere](auto& response) { response.set_redirect(elsewhere, 307); };
-  At("/elsewhere", [](const auto&, auto& response) { response.set_content("", "text/plain"); });
-  At("/report", [](const auto&, auto& response) { response.set_content("r", "text/plain"); });
-  EXPECT_EQ(FetchSignedIn(), "0");
-  bool arrived = false;
-  for (const httplib::Request& request : server_.Requests()) {
-    if (request.path != "/elsewhere") continue;
-    arrived = true;
-    EXPECT_EQ(request.method, "GET");
-    EXPECT_EQ(request.body, "");
-    EXPECT_FALSE(request.has_header("Cookie")) << "the cookie belongs to the first host";
-  }
-  EXPECT_TRUE(arrived);
-}
-
-TEST_F(HostileServer, CookiesGoBackToTheirHost) {
-  At("/report", [](const httplib::Request& request, auto& response) {
-    response.set_content(request.get_header_value("Cookie"), "text/plain");
-  });
-  EXPECT_EQ(FetchSignedIn(), "0");
-  EXPECT_EQ(run_.Data(), "SID=1");
-}
-
-TEST_F(HostileServer, NothingIsAskedOverHttp) {
-  Listening<httplib::Server> open;
-  open.Listen();
-  const std::string address = "http://" + open.Host("localhost") + "/report";
-  At("/report", [address](const auto&, auto& response) { response.set_redirect(address); });
-  EXPECT_EQ(FetchSignedIn(), "2");
-  EXPECT_THAT(open.Requests(), testing::IsEmpty());
-  EXPECT_FALSE(run_.Data());
-}
-
-TEST_F(HostileServer, NothingIsAskedOverHttpAfterTheSignInEither) {
-  Listening<httplib::Server> open;
-  open.Listen();
-  const std::string address = "http://" + open.Host("localhost") + "/welcome";
-  signedIn_ = [address](auto& response) { response.set_redirect(address); };
-  EXPECT_EQ(FetchSignedIn(), "2");
-  EXPECT_THAT(open.Requests(), testing::IsEmpty());
-}
-
-TEST_F(HostileServer, RedirectsInACircleEnd) {
-  At("/report", [](const auto&, auto& response) { response.set_redirect("/report"); });
-  EXPECT_EQ(FetchPlain(), "2");
-}
-
-TEST_F(HostileServer, ARedirectToTheSignInIsARefusal) {
-  At("/report", [](const auto&, auto& response) { response.set_redirect("/accounts/Login"); });
-  At("/accounts/Login",
-     [](const auto&, auto& response) { response.set_content("who are you?", "text/plain"); });
-  EXPECT_EQ(FetchSignedIn(), "3");
-}
-
-void SendMegabytes(std::size_t count, httplib::Response& response) {
-  response.set_chunked_content_provider("text/plain",
-                                        [count](std::size_t offset, httplib::DataSink& sink) {
-                                          const std::string piece(kMiB, 'x');
-                                          if (offset >= count * kMiB) {
-                                            sink.done();
-                                            return true;
-                                          }
-                                          return sink.write(piece.data(), piece.size());
-                                        });
-}
-
-TEST_F(HostileServer, ABodyThatFillsTheLimitIsTaken) {
-  At("/report", [](const auto&, auto& response) { SendMegabytes(64, response); });
-  EXPECT_EQ(FetchPlain(), "0");
-  EXPECT_EQ(run_.Data().value_or("").size(), 64 * kMiB);
-}
-
-TEST_F(HostileServer, ABodyBeyondTheLimitIsRefused) {
-  At("/report", [](const auto&, auto& response) { SendMegabytes(65, response); });
-  EXPECT_EQ(FetchPlain(), "2");
-  EXPECT_FALSE(run_.Data());
-}
-
-TEST_F(HostileServer, AnEmptyBodyIsASuccessWithAnEmptyFile) {
-  At("/report", [](const auto&, auto& response) { response.set_content("", "text/plain"); });
-  EXPECT_EQ(FetchSignedIn(), "0");
-  EXPECT_EQ(run_.Data(), "");
-}
-
-TEST(PlainHttp, IsAskedWhenTheAddressSaysSo) {
-  Listening<httplib::Server> open;
-  open.Routes().Get("/version", [](const auto&, auto& response) {
-    response.set_content("1.3.1\r\n", "text/plain");
-  });
-  open.Listen();
+TEST_P(HostileServer, GetsNoSecretOfAnother) {
+  const Case& c = GetParam();
+  const ListeningServer asked(Asked(c));
   const DlRun run;
-  run.Run({"http://" + open.Host("127.0.0.1") + "/version"});
-  EXPECT_EQ(run.Log(), "0");
-  EXPECT_EQ(run.Data(), "1.3.1\r\n");
+  run.Folder.Put("authority.pem", authority_.Pem());
+  const std::string address = "https://" + asked.Host("localhost") + "/report";
+  ChildProcess dl(
+      run.Start({SignedIn(kEmail, kPassword, address), run.Folder.File("authority.pem")}));
+  EXPECT_EQ(dl.ReadAll(), "");
+  EXPECT_EQ(dl.Wait(), 0);
+  EXPECT_EQ(run.Log(), c.code);
+  EXPECT_EQ(run.Data().has_value(), std::string(c.code) == "0");
+
+  EXPECT_EQ(asked.Heard(kPassword), c.isProved);
+  EXPECT_THAT(impostor_.Requests(), testing::IsEmpty());
+  EXPECT_THAT(open_.Requests(), testing::IsEmpty());
+  for (const char* secret : {kPassword, "someone", "canary-cookie"}) {
+    EXPECT_FALSE(other_.Heard(secret)) << secret;
+    EXPECT_FALSE(!c.isProved && asked.Heard(secret)) << secret;
+  }
+  const std::string name = c.name;
+  EXPECT_EQ(!other_.Requests().empty(),
+            name.find("to another host") != name.npos || name == "cookie for another host");
 }
+
+INSTANTIATE_TEST_SUITE_P(Unproved, HostileServer, testing::ValuesIn(kUnproved));
+INSTANTIATE_TEST_SUITE_P(Proved, HostileServer, testing::ValuesIn(kProved));
 
 }  // namespace
 }  // namespace quillbox

@@ -2,58 +2,52 @@
 #include <gtest/gtest.h>
 
 #include "dl/support/demo_service.h"
-#include "dl/support/dl_run.h"
 #include "text/code_page.h"
 
 namespace quillbox {
 namespace {
 
-const char* const kPasswords[] = {"a|b|c",
-                                  "x%#%y",
-                                  "%",
-                                  "%#",
-                                  "#%",
-                                  "100%",
-                                  "%41",
-                                  "a&b=c+",
-                                  " a b ",
-                                  "&Passwd=",
-                                  "\xE4\xF6\xFC\xDF",
-                                  "\x80uro",
-                                  "\"quoted\"",
-                                  "back\\slash"};
-
 TEST(Passwords, ArriveInUtf8AndWhole) {
+  const std::vector<std::string> passwords = {"a|b|c",
+                                              "x%#%y",
+                                              "%",
+                                              "%#",
+                                              "#%",
+                                              "100%",
+                                              "%41",
+                                              "a&b=c+",
+                                              " a b ",
+                                              "&Passwd=",
+                                              "\xE4\xF6\xFC\xDF",
+                                              "\x80uro",
+                                              "\"quoted\"",
+                                              "back\\slash"};
+  const auto emailOf = [](std::size_t number) { return std::to_string(number) + "\xFC@x.test"; };
   std::vector<std::string> options;
-  int number = 0;
-  for (const std::string password : kPasswords) {
-    options.push_back("--account");
-    options.push_back(std::to_string(number++) + "\xC3\xBC@example.test:" + ToUtf8(password));
+  for (std::size_t i = 0; i < passwords.size(); ++i) {
+    options.insert(options.end(), {"--account", ToUtf8(emailOf(i) + ":" + passwords[i])});
   }
   const DemoService service(options);
-  number = 0;
-  for (const std::string password : kPasswords) {
-    const std::string email = std::to_string(number++) + "\xFC@example.test";
-    const DlRun run;
-    run.Run({SignedIn(email, password, service.Address(kContentReport)), service.AuthorityFile()});
-    EXPECT_EQ(run.Log(), "0") << ToUtf8(password);
-    run.Run({SignedIn(email, password + "!", service.Address(kContentReport)),
-             service.AuthorityFile()});
-    EXPECT_EQ(run.Log(), "3") << ToUtf8(password) << " with one character more";
+  const DlRun run;
+  for (std::size_t i = 0; i < passwords.size(); ++i) {
+    for (const auto& [more, code] : {std::pair{"", "0"}, {"!", "3"}}) {
+      const std::string password = passwords[i] + more;
+      const std::string request = SignedIn(emailOf(i), password, service.Address(kContentReport));
+      EXPECT_EQ(run.CodeOf({request, service.AuthorityFile()}), code) << ToUtf8(password);
+    }
   }
 }
 
 TEST(Passwords, TheTextMayComeInSeveralArguments) {
   const DemoService service;
   const DlRun run;
-  ChildStart start = run.Start({service.Address("/versionqb.txt"), service.AuthorityFile()});
-  const std::string spaced = run.FolderPath() + "/a  b";
+  ChildStart start = run.Start(service.Plain());
   start.Arguments = {start.Arguments[0],
-                     service.Address("/versionqb.txt") + "|" + spaced.substr(0, spaced.size() - 2),
+                     service.Address("/versionqb.txt") + "|" + run.Folder.File("a "),
                      "b.dat|" + run.LogPath()};
   ChildProcess(start).Wait();
   EXPECT_EQ(run.Log(), "0");
-  EXPECT_EQ(ReadWhole(run.FolderPath() + "/a  b.dat"), "1.3.0");
+  EXPECT_EQ(run.Folder.Content("a  b.dat"), "1.3.0");
 }
 
 }  // namespace

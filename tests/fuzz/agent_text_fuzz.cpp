@@ -1,11 +1,6 @@
 // Any argument of the fetch program: taken apart it loses nothing, and what the program encodes
 // comes back whatever else stands in the text.
-#include <cstddef>
-#include <cstdint>
-#include <cstdlib>
-#include <string>
-#include <string_view>
-
+#include "fuzz/fuzz_input.h"
 #include "request/agent_text.h"
 #include "request/limits.h"
 #include "request/sign_in_form.h"
@@ -15,10 +10,6 @@
 namespace {
 
 using namespace quillbox;
-
-void Require(bool holds) {
-  if (!holds) std::abort();
-}
 
 void CheckSplit(std::string_view text) {
   const auto parts = SplitAgentText(text);
@@ -65,7 +56,7 @@ void CheckRoundTrip(std::string_view text) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  const std::string_view text(reinterpret_cast<const char*>(data), size);
+  const std::string_view text = TextOf(data, size);
   CheckSplit(text);
   CheckRequest(text);
   CheckRoundTrip(text);

@@ -1,29 +1,12 @@
 // Any settings file, any change to it: what was written reads back, and nothing else changes.
-#include <cstddef>
-#include <cstdint>
-#include <cstdlib>
-#include <string>
-#include <string_view>
-
 #include "config/profile_file.h"
+#include "fuzz/fuzz_input.h"
 #include "text/letter_case.h"
 
 namespace {
 
 using namespace quillbox;
 using namespace std::string_view_literals;
-
-void Require(bool holds) {
-  if (!holds) std::abort();
-}
-
-// The input up to the next mark, which no text that matters contains.
-std::string_view TakeText(std::string_view& in) {
-  constexpr char kMark = '\x1F';
-  const std::string_view text = in.substr(0, in.find(kMark));
-  in.remove_prefix(text.size() < in.size() ? text.size() + 1 : text.size());
-  return text;
-}
 
 std::string_view Trimmed(std::string_view text) {
   const std::size_t first = text.find_first_not_of(" \t");
@@ -61,9 +44,11 @@ void RequireOneChange(std::string_view before, std::string_view after) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  std::string_view in(reinterpret_cast<const char*>(data), size);
-  const std::string_view section = TakeText(in), key = TakeText(in), value = TakeText(in);
-  const std::string_view otherSection = TakeText(in), otherKey = TakeText(in);
+  std::string_view in = TextOf(data, size);
+  constexpr char kMark = '\x1F';
+  const std::string section = TakeText(in, kMark), key = TakeText(in, kMark);
+  const std::string value = TakeText(in, kMark);
+  const std::string otherSection = TakeText(in, kMark), otherKey = TakeText(in, kMark);
   const std::string before(in);
 
   const std::string other = ReadProfileValue(before, otherSection, otherKey);

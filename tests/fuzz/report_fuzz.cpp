@@ -1,14 +1,10 @@
 // Report texts and stored records of any content, through the evaluation and the statistics texts.
-#include <algorithm>
 #include <array>
-#include <cstdint>
-#include <cstdlib>
-#include <string>
-#include <string_view>
 
 #include "evaluation/account_evaluation.h"
 #include "evaluation/regions.h"
 #include "evaluation/stats_text.h"
+#include "fuzz/fuzz_input.h"
 #include "text/text_list.h"
 
 namespace quillbox {
@@ -19,34 +15,16 @@ constexpr std::string_view kReports[] = {"All", "AdSense for Content", "AdSense 
 constexpr std::string_view kRegions[] = {"en-US", "de-DE", "fr-FR", "de-CH"};
 constexpr std::size_t kMostDays = 7;
 
-void Require(bool holds) {
-  if (!holds) std::abort();
-}
-
-// Texts end at a character 0, so that the fuzzer finds the borders.
-std::string TakeText(std::string_view& in) {
-  const std::size_t end = std::min(in.find('\0'), in.size());
-  std::string text(in.substr(0, end));
-  in.remove_prefix(std::min(end + 1, in.size()));
-  return text;
-}
-
-unsigned TakeByte(std::string_view& in) {
-  if (in.empty()) return 0;
-  const auto byte = static_cast<unsigned char>(in.front());
-  in.remove_prefix(1);
-  return byte;
-}
-
 EvaluationInput TakeInput(std::string_view& in) {
   EvaluationInput input;
   input.DataToDownload = kReports[TakeByte(in) % std::size(kReports)];
-  input.Content = TakeText(in);
-  input.Search = TakeText(in);
-  input.Referral = TakeText(in);
-  input.StoredStats = TakeText(in);
-  input.StoredHistory = TakeText(in);
-  input.LastDate = TakeText(in);
+  const auto text = [&in] { return TakeText(in, '\0'); };
+  input.Content = text();
+  input.Search = text();
+  input.Referral = text();
+  input.StoredStats = text();
+  input.StoredHistory = text();
+  input.LastDate = text();
   return input;
 }
 
@@ -72,7 +50,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     for (std::size_t i = 0; i < built.size(); ++i) built[i] = BuiltInRegion(kRegions[i]).value();
     return built;
   }();
-  std::string_view in(reinterpret_cast<const char*>(data), size);
+  std::string_view in = TextOf(data, size);
   const RegionalSettings& region = regions[TakeByte(in) % regions.size()];
   Evaluate(TakeInput(in), region);
   return 0;

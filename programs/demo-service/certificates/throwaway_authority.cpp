@@ -12,9 +12,6 @@
 namespace quillbox {
 namespace {
 
-constexpr long kHour = 60L * 60;
-constexpr long kMonth = 30L * 24 * kHour;
-
 void Require(bool succeeded) {
   if (!succeeded) throw std::runtime_error("the certificates could not be made");
 }
@@ -39,16 +36,20 @@ void AddExtension(X509* certificate, X509* issuer, int kind, const std::string& 
   Require(extension && X509_add_ext(certificate, extension.get(), -1) == 1);
 }
 
+long SecondsOf(std::chrono::hours time) {
+  return static_cast<long>(std::chrono::seconds(time).count());
+}
+
 // A key and an unsigned certificate for it.
-Certificate Begin(const std::string& name) {
+Certificate Begin(const std::string& name, const CertificateWish& wish) {
   Certificate made{{X509_new(), X509_free}, {EVP_EC_gen("P-256"), EVP_PKEY_free}};
   X509* const certificate = made.Public.get();
   Require(certificate != nullptr && made.Key != nullptr);
   Require(X509_set_version(certificate, 2) == 1);  // counted from 0: version 3
   SetSerialNumber(certificate);
   SetName(certificate, name);
-  Require(X509_gmtime_adj(X509_getm_notBefore(certificate), -kHour) != nullptr);
-  Require(X509_gmtime_adj(X509_getm_notAfter(certificate), kMonth) != nullptr);
+  Require(X509_gmtime_adj(X509_getm_notBefore(certificate), SecondsOf(wish.From)) != nullptr);
+  Require(X509_gmtime_adj(X509_getm_notAfter(certificate), SecondsOf(wish.To)) != nullptr);
   Require(X509_set_pubkey(certificate, made.Key.get()) == 1);
   return made;
 }
@@ -59,7 +60,7 @@ void Sign(const Certificate& subject, const Certificate& issuer) {
 
 }  // namespace
 
-ThrowawayAuthority::ThrowawayAuthority(const std::string& name) : own_(Begin(name)) {
+ThrowawayAuthority::ThrowawayAuthority(const std::string& name) : own_(Begin(name, {})) {
   X509* const own = own_.Public.get();
   Require(X509_set_issuer_name(own, X509_get_subject_name(own)) == 1);
   AddExtension(own, own, NID_basic_constraints, "critical,CA:TRUE");
@@ -76,14 +77,15 @@ std::string ThrowawayAuthority::Pem() const {
   return {begin, static_cast<std::size_t>(size)};
 }
 
-Certificate ThrowawayAuthority::Issue(const std::string& names) const {
-  Certificate made = Begin("Quillbox demo service");
+Certificate ThrowawayAuthority::Issue(const CertificateWish& wish) const {
+  Certificate made = Begin("Quillbox demo service", wish);
   X509* const certificate = made.Public.get();
   X509* const issuer = own_.Public.get();
   Require(X509_set_issuer_name(certificate, X509_get_subject_name(issuer)) == 1);
   AddExtension(certificate, issuer, NID_basic_constraints, "critical,CA:FALSE");
-  AddExtension(certificate, issuer, NID_ext_key_usage, "serverAuth");
-  AddExtension(certificate, issuer, NID_subject_alt_name, names);
+  AddExtension(certificate, issuer, NID_subject_key_identifier, "hash");
+  AddExtension(certificate, issuer, NID_ext_key_usage, wish.Use);
+  if (!wish.Names.empty()) AddExtension(certificate, issuer, NID_subject_alt_name, wish.Names);
   AddExtension(certificate, issuer, NID_authority_key_identifier, "keyid");
   Sign(made, own_);
   return made;

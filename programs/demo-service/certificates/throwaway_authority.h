@@ -5,8 +5,10 @@
 #include <openssl/evp.h>
 #include <openssl/x509.h>
 
+#include <chrono>
 #include <memory>
 #include <string>
+#include <utility>
 
 namespace quillbox {
 
@@ -15,17 +17,27 @@ struct Certificate {
   std::shared_ptr<EVP_PKEY> Key;
 };
 
+// What a server's certificate shall say.
+struct CertificateWish {
+  std::string Names;  // what it is good for, as OpenSSL writes it, such as "DNS:localhost,IP:::1"
+  std::chrono::hours From{-1};  // counted from now
+  std::chrono::hours To{24 * 30};
+  std::string Use = "serverAuth";
+};
+
 // All functions throw std::runtime_error when the cryptographic library fails.
 class ThrowawayAuthority {
  public:
   explicit ThrowawayAuthority(const std::string& name);
 
+  // Signs with a certificate that need not be an authority's.
+  explicit ThrowawayAuthority(Certificate own) : own_(std::move(own)) {}
+
   // The certificate that others must trust, as PEM.
   std::string Pem() const;
 
-  // For a server. `names`: what the certificate is good for, as OpenSSL writes it, such as
-  // "DNS:localhost,IP:127.0.0.1". Good for 30 days.
-  Certificate Issue(const std::string& names) const;
+  // For a server.
+  Certificate Issue(const CertificateWish& wish) const;
 
  private:
   Certificate own_;

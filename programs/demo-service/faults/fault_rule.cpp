@@ -15,12 +15,23 @@ constexpr std::pair<std::string_view, Fault> kModes[] = {{"none", Fault::kNone},
                                                          {"wrong-name", Fault::kWrongName},
                                                          {"untrusted", Fault::kUntrusted}};
 
-std::optional<int> ParseStatus(std::string_view mode) {
-  if (mode == "error") return 500;
-  int status = 0;
-  const auto [end, error] = std::from_chars(mode.data(), mode.data() + mode.size(), status);
-  const bool whole = error == std::errc() && end == mode.data() + mode.size();
-  return whole && status >= 400 && status <= 599 ? std::optional(status) : std::nullopt;
+std::optional<int> ParseNumber(std::string_view text, int least, int most) {
+  int number = 0;
+  const char* const end = text.data() + text.size();
+  const auto [stop, error] = std::from_chars(text.data(), end, number);
+  const bool fits = error == std::errc() && stop == end && number >= least && number <= most;
+  return fits ? std::optional(number) : std::nullopt;
+}
+
+std::optional<FaultRule> ParseMode(std::string_view mode) {
+  if (mode == "error") return FaultRule{Fault::kStatus, 500, "", 0};
+  if (const auto status = ParseNumber(mode, 400, 599)) {
+    return FaultRule{Fault::kStatus, *status, "", 0};
+  }
+  for (const auto& [name, fault] : kModes) {
+    if (name == mode) return FaultRule{fault, 0, "", 0};
+  }
+  return std::nullopt;
 }
 
 bool ConcernsConnections(Fault fault) {
@@ -37,13 +48,17 @@ bool FaultRule::Applies(std::string_view path, std::string_view account) const {
 std::optional<FaultRule> ParseFaultRule(std::string_view text) {
   const std::size_t colon = text.find(':');
   const std::string_view mode = text.substr(0, colon);
-  const std::string target(colon == std::string_view::npos ? "" : text.substr(colon + 1));
-  if (const auto status = ParseStatus(mode)) return FaultRule{Fault::kStatus, *status, target};
-  for (const auto& [name, fault] : kModes) {
-    if (name != mode || (ConcernsConnections(fault) && !target.empty())) continue;
-    return FaultRule{fault, 0, target};
+  const std::size_t star = mode.find('*');
+  auto rule = ParseMode(mode.substr(0, star));
+  if (!rule) return std::nullopt;
+  if (colon != std::string_view::npos) rule->Target = text.substr(colon + 1);
+  if (star != std::string_view::npos) {
+    const auto count = ParseNumber(mode.substr(star + 1), 1, 999);
+    if (!count) return std::nullopt;
+    rule->Count = *count;
   }
-  return std::nullopt;
+  const bool restricted = rule->Count != 0 || !rule->Target.empty();
+  return restricted && ConcernsConnections(rule->Kind) ? std::nullopt : rule;
 }
 
 }  // namespace quillbox

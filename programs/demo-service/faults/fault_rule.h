@@ -23,13 +23,15 @@ struct FaultRule {
   Fault Kind = Fault::kNone;
   int Status = 0;      // with kStatus
   std::string Target;  // a path's beginning, an account's e-mail address, or empty for all requests
+  int Count = 0;       // how many requests it meets before it ends by itself; 0: no end
 
   bool Applies(std::string_view path, std::string_view account) const;
 };
 
 // "MODE" or "MODE:TARGET", the mode one of none, refuse, error (status 500), a number from 400 to
-// 599, stall, drip, cut, downgrade, wrong-name and untrusted. The last two concern whole
-// connections, so they take no target. Nothing for any other text.
+// 599, stall, drip, cut, downgrade, wrong-name and untrusted, with "*N" behind it for a count of 1
+// to 999. The last two concern whole connections, so they take neither target nor count. Nothing
+// for any other text.
 std::optional<FaultRule> ParseFaultRule(std::string_view text);
 
 }  // namespace quillbox

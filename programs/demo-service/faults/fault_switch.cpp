@@ -1,6 +1,7 @@
 #include "faults/fault_switch.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace quillbox {
 namespace {
@@ -22,12 +23,15 @@ void FaultSwitch::Set(const FaultRule& rule) {
   changed_.notify_all();
 }
 
-FaultRule FaultSwitch::For(std::string_view path, std::string_view account) const {
+FaultRule FaultSwitch::For(std::string_view path, std::string_view account) {
   const std::lock_guard lock(mutex_);
   const auto found = std::find_if(rules_.rbegin(), rules_.rend(), [&](const FaultRule& rule) {
     return !ConcernsConnections(rule) && rule.Applies(path, account);
   });
-  return found == rules_.rend() ? FaultRule{} : *found;
+  if (found == rules_.rend()) return {};
+  const FaultRule rule = *found;
+  if (found->Count > 0 && --found->Count == 0) rules_.erase(std::next(found).base());
+  return rule;
 }
 
 Fault FaultSwitch::ForConnections() const {

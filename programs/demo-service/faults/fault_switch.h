@@ -16,8 +16,8 @@ class FaultSwitch {
   // A rule of kNone takes all others away. Of several rules that apply the one set last holds.
   void Set(const FaultRule& rule);
 
-  // The rule for a request; one of kNone when none applies.
-  FaultRule For(std::string_view path, std::string_view account) const;
+  // The rule for a request; one of kNone when none applies. A rule with a count counts it.
+  FaultRule For(std::string_view path, std::string_view account);
 
   // kWrongName, kUntrusted or kNone.
   Fault ForConnections() const;

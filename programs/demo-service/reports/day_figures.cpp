@@ -27,6 +27,10 @@ DayFigures& DayFigures::operator+=(const DayFigures& other) {
   return *this;
 }
 
+DayFigures DayFigures::operator/(std::int64_t parts) const {
+  return {Impressions / parts, Clicks / parts, SignUps / parts, EarningsCents / parts};
+}
+
 DayFigures FiguresOfDay(std::uint64_t seed, std::string_view source, std::chrono::sys_days day,
                         std::chrono::seconds grown) {
   const auto dayNumber = static_cast<std::uint64_t>(day.time_since_epoch().count());

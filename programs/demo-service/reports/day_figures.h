@@ -14,6 +14,7 @@ struct DayFigures {
   std::int64_t EarningsCents = 0;
 
   DayFigures& operator+=(const DayFigures& other);
+  DayFigures operator/(std::int64_t parts) const;
   bool operator==(const DayFigures&) const = default;
 };
 

@@ -1,11 +1,10 @@
 #include "reports/report_table.h"
 
-#include <array>
-#include <cstdio>
 #include <string_view>
-#include <vector>
 
 #include "reports/day_figures.h"
+#include "reports/figure_sources.h"
+#include "reports/figure_texts.h"
 
 namespace quillbox {
 namespace {
@@ -13,8 +12,6 @@ namespace {
 using std::chrono::days;
 using std::chrono::sys_days;
 using std::chrono::year_month_day;
-
-constexpr std::array<std::string_view, 3> kChannels = {"Front page", "Articles", "Archive"};
 
 struct Days {
   sys_days First, Last;
@@ -32,40 +29,11 @@ Days DaysOf(DateRange range, sys_days today) {
       return {last.year() / last.month() / 1, monthEnd};
     }
     case DateRange::kAllTime:
-      return {today - days(119), today};
+      return {today - kOldestFigures, today};
     case DateRange::kThisMonth:
       break;
   }
   return {monthStart, today};
-}
-
-std::string DateText(sys_days day) {
-  const year_month_day date(day);
-  char text[32];
-  std::snprintf(text, sizeof text, "%04d-%02u-%02u", static_cast<int>(date.year()),
-                static_cast<unsigned>(date.month()), static_cast<unsigned>(date.day()));
-  return text;
-}
-
-std::string Hundredths(std::int64_t number) {
-  const std::string fraction = std::to_string(number % 100);
-  return std::to_string(number / 100) + (fraction.size() < 2 ? ".0" : ".") + fraction;
-}
-
-std::int64_t Ratio(std::int64_t part, std::int64_t factor, std::int64_t whole) {
-  return whole == 0 ? 0 : part * factor / whole;
-}
-
-std::string ProductName(Product product) {
-  switch (product) {
-    case Product::kSearch:
-      return "search";
-    case Product::kReferrals:
-      return "referrals";
-    case Product::kContent:
-      break;
-  }
-  return "content";
 }
 
 std::string Heading(const ReportQuery& query) {
@@ -87,9 +55,8 @@ std::string Line(const ReportQuery& query, const std::string& first, const DayFi
 
 std::string SummaryLines(const ReportQuery& query, const DayFigures& sum, std::int64_t dayCount) {
   const std::string channelCell = query.ByChannel ? "\t" : "";
-  const DayFigures average{sum.Impressions / dayCount, sum.Clicks / dayCount,
-                           sum.SignUps / dayCount, sum.EarningsCents / dayCount};
-  return Line(query, "Totals" + channelCell, sum) + Line(query, "Averages" + channelCell, average);
+  return Line(query, "Totals" + channelCell, sum) +
+         Line(query, "Averages" + channelCell, sum / dayCount);
 }
 
 }  // namespace
@@ -97,20 +64,18 @@ std::string SummaryLines(const ReportQuery& query, const DayFigures& sum, std::i
 std::string ReportTable(const ReportQuery& query, std::uint64_t seed, const std::string& account,
                         const Moment& moment) {
   const Days range = DaysOf(query.Range, moment.Today);
-  const std::string source = account + "/" + ProductName(query.Of);
   std::string table = Heading(query);
   DayFigures sum;
   for (sys_days day = range.First; day <= range.Last; day += days(1)) {
-    const std::chrono::seconds grown = day == moment.Today ? moment.Grown : days(1);
-    const auto add = [&](const std::string& name, const std::string& first) {
-      const DayFigures figures = FiguresOfDay(seed, name, day, grown);
+    const auto add = [&](std::string_view channel, const std::string& first) {
+      const std::string source = SourceName(account, query.Of, channel);
+      const DayFigures figures = FiguresOfDay(seed, source, day, moment.GrownOn(day));
       table += Line(query, first, figures);
       sum += figures;
     };
-    if (!query.ByChannel) add(source, DateText(day));
+    if (!query.ByChannel) add("", DateText(day));
     for (const std::string_view channel : kChannels) {
-      if (!query.ByChannel) break;
-      add(source + "/" + std::string(channel), DateText(day) + "\t" + std::string(channel));
+      if (query.ByChannel) add(channel, DateText(day) + "\t" + std::string(channel));
     }
   }
   return table + SummaryLines(query, sum, (range.Last - range.First).count() + 1);

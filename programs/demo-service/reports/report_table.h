@@ -1,19 +1,13 @@
 // A report as the service sends it: tab-separated lines, each ended by one line feed.
 #pragma once
 
-#include <chrono>
 #include <cstdint>
 #include <string>
 
+#include "reports/moment.h"
 #include "reports/report_query.h"
 
 namespace quillbox {
-
-// When the report is made.
-struct Moment {
-  std::chrono::sys_days Today;
-  std::chrono::seconds Grown;  // how far the figures of today have come
-};
 
 // A heading, one line for each day (and channel) of the range, oldest first and today last, then
 // two summary lines, totals and averages. 6 cells a line; referrals have sign-ups in front of the

@@ -1,6 +1,7 @@
 // What a web server answered, and which result code that makes.
 #pragma once
 
+#include <chrono>
 #include <string>
 
 namespace quillbox {
@@ -24,6 +25,7 @@ struct Answer {
   std::string Address;      // where the answer came from, after redirects
   std::string Redirect;     // where a redirect that was not followed leads, else empty
   std::string Body;
+  std::chrono::seconds RetryAfter{};  // how long the server wants us to wait, 0 if it doesn't say
 };
 
 // kSuccess when the answer's status is 200 to 299.

@@ -1,11 +1,11 @@
 #include "dl/support/child_process.h"
 
+#include <fcntl.h>
 #include <signal.h>
 #include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <fcntl.h>
 #include <cerrno>
 #include <stdexcept>
 
@@ -24,36 +24,35 @@ std::vector<char*> Pointers(const std::vector<std::string>& texts) {
 ChildProcess::ChildProcess(const ChildStart& start) {
   int ends[2];
   if (::pipe2(ends, O_CLOEXEC) != 0) throw std::runtime_error("no pipe");
+  output_ = ::fdopen(ends[0], "r");
   posix_spawn_file_actions_t actions;
   ::posix_spawn_file_actions_init(&actions);
-  ::posix_spawn_file_actions_adddup2(&actions, ends[1], STDOUT_FILENO);
-  ::posix_spawn_file_actions_adddup2(&actions, ends[1], STDERR_FILENO);
+  for (const int output : {STDOUT_FILENO, STDERR_FILENO}) {
+    ::posix_spawn_file_actions_adddup2(&actions, ends[1], output);
+  }
   const std::vector<char*> arguments = Pointers(start.Arguments);
   const std::vector<char*> environment = Pointers(start.Environment);
   const int failed =
       ::posix_spawn(&id_, arguments[0], &actions, nullptr, arguments.data(), environment.data());
   ::posix_spawn_file_actions_destroy(&actions);
   ::close(ends[1]);
-  output_ = ends[0];
-  if (failed != 0) {
-    ::close(output_);
-    throw std::runtime_error("can't start " + start.Arguments[0]);
-  }
+  if (failed == 0) return;
+  std::fclose(output_);
+  throw std::runtime_error("can't start " + start.Arguments[0]);
 }
 
 ChildProcess::~ChildProcess() {
-  if (!waited_) {
-    ::kill(id_, SIGKILL);
-    Wait();
-  }
-  ::close(output_);
+  if (!waited_) ::kill(id_, SIGKILL);
+  Wait();
+  std::fclose(output_);
 }
 
-std::string ChildProcess::ReadLine() {
-  std::string line;
-  char c = '\0';
-  while (::read(output_, &c, 1) == 1 && c != '\n') line += c;
-  return line;
+std::string ChildProcess::ReadTo(int end) {
+  std::string text;
+  for (int c = std::getc(output_); c != EOF && c != end; c = std::getc(output_)) {
+    text += static_cast<char>(c);
+  }
+  return text;
 }
 
 int ChildProcess::Wait() {

@@ -3,6 +3,7 @@
 
 #include <sys/types.h>
 
+#include <cstdio>
 #include <string>
 #include <vector>
 
@@ -25,17 +26,20 @@ class ChildProcess {
 
   // The next line that it writes, to either of its two outputs, without the line end; waits for it.
   // Empty when the program closed them.
-  std::string ReadLine();
+  std::string ReadLine() { return ReadTo('\n'); }
+  // The rest, until the program closes both.
+  std::string ReadAll() { return ReadTo(EOF); }
 
   // Waits for its end; gives the exit status, or minus the number of the signal that ended it.
   int Wait();
-
   // Asks it to end (SIGTERM) and waits, as Wait.
   int End();
 
  private:
+  std::string ReadTo(int end);
+
   pid_t id_ = -1;
-  int output_ = -1;
+  std::FILE* output_ = nullptr;
   bool waited_ = false;
   int status_ = 0;
 };

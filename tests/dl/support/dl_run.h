@@ -6,7 +6,8 @@
 #include <vector>
 
 #include "dl/support/child_process.h"
-#include "dl/support/folder.h"
+#include "system/temporary_folder.h"
+#include "text/form_encoding.h"
 
 namespace quillbox {
 
@@ -17,9 +18,18 @@ inline constexpr const char* kContentReport =
     "&dateRange.simpleDate=thismonth&reportType=property&groupByPref=date"
     "&outputFormat=TSV_EXCEL&unitPref=page";
 
-// The front part of a signed-in text, as the program makes it: texts in the code page.
-std::string SignedIn(const std::string& email, const std::string& password,
-                     const std::string& address);
+// As the program makes it: texts in the code page.
+inline std::string SignedIn(const std::string& email, const std::string& password,
+                            const std::string& address) {
+  return "Email=" + EncodeFormValue(email) + "&Passwd=" + EncodeFormValue(password) + "%#%" +
+         address;
+}
+
+inline std::optional<std::string> ReadWhole(const std::string& path) {
+  std::ifstream file(path, std::ios::binary);
+  if (!file) return std::nullopt;
+  return std::string(std::istreambuf_iterator<char>(file), {});
+}
 
 struct DlStart {
   std::string Request;
@@ -32,19 +42,29 @@ struct DlStart {
 class DlRun {
  public:
   // The command line, for tests that start the program themselves.
-  ChildStart Start(const DlStart& start) const;
+  ChildStart Start(const DlStart& start) const {
+    ChildStart child{{QUILLBOX_DL_PROGRAM, start.Request + "|" + DataPath() + "|" + LogPath()},
+                     start.Environment};
+    child.Environment.push_back("QUILLBOX_DL_LIMITS=" + start.Limits);
+    if (start.AuthorityFile.empty()) return child;
+    child.Environment.push_back("SSL_CERT_FILE=" + start.AuthorityFile);
+    return child;
+  }
 
   // Runs it to its end; gives its exit status.
-  int Run(const DlStart& start) const;
+  int Run(const DlStart& start) const { return ChildProcess(Start(start)).Wait(); }
+  // As Run; gives what is in the log, "no log" without one.
+  std::string CodeOf(const DlStart& start) const {
+    Run(start);
+    return Log().value_or("no log");
+  }
 
-  std::string DataPath() const { return folder_.Path("Some.dat"); }
-  std::string LogPath() const { return folder_.Path("Some.log"); }
+  std::string DataPath() const { return Folder.File("Some.dat"); }
+  std::string LogPath() const { return Folder.File("Some.log"); }
   std::optional<std::string> Data() const { return ReadWhole(DataPath()); }
   std::optional<std::string> Log() const { return ReadWhole(LogPath()); }
-  std::string FolderPath() const { return folder_.Path(); }
 
- private:
-  Folder folder_;
+  const TemporaryFolder Folder;
 };
 
 }  // namespace quillbox

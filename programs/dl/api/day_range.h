@@ -1,0 +1,34 @@
+// Days in a row, as the reporting service names them.
+#pragma once
+
+#include <chrono>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "api/wanted_report.h"
+
+namespace quillbox {
+
+// Both days belong to it. They are days of the account's own calendar.
+struct DayRange {
+  std::chrono::sys_days First, Last;
+
+  bool Holds(std::chrono::sys_days day) const { return First <= day && day <= Last; }
+  bool operator==(const DayRange&) const = default;
+};
+
+// "2026-11-24" and back. Nothing for other forms, for days that no calendar has, and for years
+// before 2000 and after 2199: longer ranges have no meaning in reports.
+std::optional<std::chrono::sys_days> ParseDay(std::string_view text);
+std::string DayText(std::chrono::sys_days day);
+
+// Whether the service has no name of its own for the range, so that today, as the account's
+// calendar has it, must be known to name its days.
+bool NeedsToday(WantedRange range);
+
+// The days of a range that needs today. `created`: the day on which the account came into being.
+DayRange DaysOf(WantedRange range, std::chrono::sys_days today,
+                std::optional<std::chrono::sys_days> created);
+
+}  // namespace quillbox

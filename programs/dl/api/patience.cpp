@@ -1,0 +1,16 @@
+#include "api/patience.h"
+
+#include <algorithm>
+
+namespace quillbox {
+
+std::optional<std::chrono::milliseconds> PauseBefore(int repeat, std::chrono::milliseconds wholeRun,
+                                                     std::chrono::milliseconds left,
+                                                     std::chrono::seconds wanted) {
+  if (repeat > kMostRepeats || wanted >= left) return std::nullopt;
+  const std::chrono::milliseconds own = wholeRun * (repeat == 1 ? 1 : 3) / 100;
+  const auto pause = std::max<std::chrono::milliseconds>(own, wanted);
+  return pause < left ? std::optional(pause) : std::nullopt;
+}
+
+}  // namespace quillbox

@@ -1,0 +1,45 @@
+// The answer to `reports:generate`, read.
+#pragma once
+
+#include <chrono>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "api/day_range.h"
+#include "api/wanted_report.h"
+
+namespace quillbox {
+
+struct ReportFigures {
+  double Count = 0;  // impressions, page views or queries
+  double Clicks = 0;
+  double Ctr = 0;       // a fraction
+  double Rpm = 0;       // in the account's currency
+  double Earnings = 0;  // likewise
+};
+
+struct ReportLine {
+  std::chrono::sys_days Day;
+  std::string Channel;  // UTF-8; empty in reports without channels
+  ReportFigures Figures;
+};
+
+struct ReportAnswer {
+  DayRange Days;                  // what the range meant to the account
+  std::vector<ReportLine> Lines;  // by day; days and channels without figures have none
+  ReportFigures Totals;
+  ReportFigures Averages;
+  std::string Currency;               // "USD"; empty when the answer doesn't say
+  std::vector<std::string> Warnings;  // UTF-8, in English
+};
+
+// Nothing when the text isn't such an answer to the question for `report`, when it holds less than
+// all lines, or when a line lies outside of its days or comes twice.
+std::optional<ReportAnswer> ReadReportAnswer(std::string_view json, const WantedReport& report);
+
+// The days alone, of an answer to any query.
+std::optional<DayRange> ReadDays(std::string_view json);
+
+}  // namespace quillbox

@@ -1,0 +1,67 @@
+#include "api/report_query.h"
+
+#include <string_view>
+
+#include "api/report_columns.h"
+#include "text/percent_encoding.h"
+
+namespace quillbox {
+namespace {
+
+using std::chrono::sys_days;
+using std::chrono::year_month_day;
+
+void Add(std::string& query, std::string_view key, std::string_view value) {
+  if (!query.empty()) query += '&';
+  query.append(key).append("=").append(PercentEncode(value));
+}
+
+void AddDay(std::string& query, const std::string& key, sys_days day) {
+  const year_month_day date(day);
+  Add(query, key + ".year", std::to_string(static_cast<int>(date.year())));
+  Add(query, key + ".month", std::to_string(static_cast<unsigned>(date.month())));
+  Add(query, key + ".day", std::to_string(static_cast<unsigned>(date.day())));
+}
+
+void AddRange(std::string& query, WantedRange range, const DayRange& days) {
+  if (NeedsToday(range)) {
+    Add(query, "dateRange", "CUSTOM");
+    AddDay(query, "startDate", days.First);
+    AddDay(query, "endDate", days.Last);
+  } else {
+    Add(query, "dateRange", range == WantedRange::kLast7Days ? "LAST_7_DAYS" : "MONTH_TO_DATE");
+  }
+  Add(query, "reportingTimeZone", "ACCOUNT_TIME_ZONE");
+}
+
+}  // namespace
+
+std::string TodayQuery() {
+  std::string query;
+  Add(query, "dateRange", "TODAY");
+  Add(query, "reportingTimeZone", "ACCOUNT_TIME_ZONE");
+  Add(query, "metrics", kClicksColumn);
+  return query;
+}
+
+std::string ReportQuery(const WantedReport& report, const DayRange& days) {
+  std::string query;
+  AddRange(query, report.Range, days);
+  if (report.Product == WantedProduct::kReferrals) {
+    Add(query, "metrics", kClicksColumn);
+    return query;
+  }
+  Add(query, "dimensions", kDayColumn);
+  if (report.ByChannel) Add(query, "dimensions", kChannelColumn);
+  const RateColumns rates = RateColumnsOf(report);
+  for (const std::string_view metric :
+       {rates.Count, kClicksColumn, rates.Ctr, rates.Rpm, kEarningsColumn}) {
+    Add(query, "metrics", metric);
+  }
+  const bool search = report.Product == WantedProduct::kSearch;
+  Add(query, "filters", search ? "PRODUCT_CODE==AFS" : "PRODUCT_CODE==AFC");
+  Add(query, "orderBy", kDayColumn);
+  return query;
+}
+
+}  // namespace quillbox

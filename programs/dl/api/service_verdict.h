@@ -1,0 +1,24 @@
+// What an answer of the service of today means for the run.
+#pragma once
+
+#include <string>
+
+#include "request/answer.h"
+
+namespace quillbox {
+
+struct ServiceVerdict {
+  ResultCode Code = ResultCode::kNoAnswer;
+  bool WorthRepeating = false;  // a quota or a fault of the server: it may pass in a moment
+  // What the service says of a refusal or fault, for people (UTF-8): "429 RESOURCE_EXHAUSTED:
+  // ...". It may repeat what it was sent. Empty for success and failed transfers.
+  std::string Words;
+};
+
+// Reads both forms of errors, {"error": "invalid_grant", ...} of the token endpoint and
+// {"error": {"code": ..., "status": ..., "message": ...}} of the reporting API. A grant or client
+// that isn't accepted, and 401 and 403 that are not about quotas, give kRefused; quotas (429 too)
+// and 5xx give kNoAnswer, worth repeating; every other status but 200 to 299 gives kNoAnswer.
+ServiceVerdict JudgeServiceAnswer(const Answer& answer);
+
+}  // namespace quillbox

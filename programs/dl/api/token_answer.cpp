@@ -1,0 +1,40 @@
+#include "api/token_answer.h"
+
+#include <algorithm>
+
+#include "api/json.h"
+#include "text/letter_case.h"
+#include "text/text_list.h"
+
+namespace quillbox {
+namespace {
+
+bool IsToken(std::string_view text) {
+  return std::ranges::all_of(text, [](char c) { return c > ' ' && c <= '~'; });
+}
+
+}  // namespace
+
+std::optional<TokenAnswer> ReadTokenAnswer(std::string_view json) {
+  const auto document = ParseObject(json);
+  if (!document) return std::nullopt;
+  TokenAnswer answer{.AccessToken = TextMember(*document, "access_token"),
+                     .RefreshToken = TextMember(*document, "refresh_token"),
+                     .Scope = TextMember(*document, "scope"),
+                     .Lifetime = std::nullopt};
+  if (!EqualIgnoringCase(TextMember(*document, "token_type"), "bearer")) return std::nullopt;
+  if (answer.AccessToken.empty() || !IsToken(answer.AccessToken)) return std::nullopt;
+  if (!IsToken(answer.RefreshToken)) return std::nullopt;
+  const auto lifetime = NumberMember(*document, "expires_in");
+  // A year stands for everything longer, so that no sum of times can overflow.
+  if (lifetime) answer.Lifetime = std::chrono::seconds(std::clamp(*lifetime, 0LL, 31'536'000LL));
+  return answer;
+}
+
+bool HoldsScope(std::string_view scope, std::string_view wanted) {
+  if (scope.empty()) return true;
+  const auto granted = SplitText(scope, " ");
+  return std::ranges::find(granted, wanted) != granted.end();
+}
+
+}  // namespace quillbox

@@ -1,0 +1,57 @@
+#include "browser.h"
+
+#include <fcntl.h>
+#include <signal.h>
+#include <spawn.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#ifdef __APPLE__
+extern char** environ;
+#endif
+
+namespace quillbox {
+namespace {
+
+#ifdef __APPLE__
+constexpr const char* kOpener = "open";
+#else
+constexpr const char* kOpener = "xdg-open";
+#endif
+
+// Our outputs belong to the name of the grant and to our own words, and the browser outlives
+// whoever reads them. What we ignore isn't its matter either.
+bool Spawn(char* const* arguments) {
+  posix_spawn_file_actions_t actions;
+  posix_spawnattr_t attributes;
+  ::posix_spawn_file_actions_init(&actions);
+  ::posix_spawnattr_init(&attributes);
+  ::posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
+  for (const int output : {STDOUT_FILENO, STDERR_FILENO}) {
+    ::posix_spawn_file_actions_addopen(&actions, output, "/dev/null", O_WRONLY, 0);
+  }
+  sigset_t usual;
+  ::sigemptyset(&usual);
+  ::sigaddset(&usual, SIGPIPE);
+  ::sigaddset(&usual, SIGXFSZ);
+  ::posix_spawnattr_setsigdefault(&attributes, &usual);
+  ::posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSIGDEF);
+  pid_t child = -1;
+  const int failed = ::posix_spawnp(&child, kOpener, &actions, &attributes, arguments, environ);
+  ::posix_spawnattr_destroy(&attributes);
+  ::posix_spawn_file_actions_destroy(&actions);
+  return failed == 0;
+}
+
+}  // namespace
+
+bool OpenInBrowser(const std::string& address, unsigned fileMask) {
+  char* const arguments[] = {const_cast<char*>(kOpener), const_cast<char*>(address.c_str()),
+                             nullptr};
+  const mode_t own = ::umask(static_cast<mode_t>(fileMask));
+  const bool started = Spawn(arguments);
+  ::umask(own);
+  return started;
+}
+
+}  // namespace quillbox

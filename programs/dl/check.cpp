@@ -1,0 +1,126 @@
+#include "check.h"
+
+#include <termios.h>
+#include <unistd.h>
+
+#include <cstdio>
+#include <optional>
+#include <utility>
+
+#include "api/wanted_report.h"
+#include "environment.h"
+#include "fetch.h"
+#include "text/grant_name.h"
+#include "grant_files.h"
+#include "granted_report.h"
+#include "text/code_page.h"
+#include "words.h"
+
+namespace quillbox {
+namespace {
+
+constexpr const char* kThisMonth =
+    "/adsense/report/aggregate?product=afc&dateRange.dateRangeType=simple"
+    "&dateRange.simpleDate=thismonth&reportType=property&groupByPref=date"
+    "&outputFormat=TSV_EXCEL&unitPref=page";
+
+struct Finding {
+  ResultCode Code;
+  std::string Words;
+};
+
+// While it lives a terminal doesn't show what is typed.
+class Unseen {
+ public:
+  Unseen() : terminal_(::tcgetattr(STDIN_FILENO, &before_) == 0) {
+    if (!terminal_) return;
+    termios quiet = before_;
+    quiet.c_lflag &= ~static_cast<tcflag_t>(ECHO);
+    ::tcsetattr(STDIN_FILENO, TCSAFLUSH, &quiet);
+    std::fputs("Password: ", stderr);
+  }
+  ~Unseen() {
+    if (!terminal_) return;
+    ::tcsetattr(STDIN_FILENO, TCSAFLUSH, &before_);
+    std::fputs("\n", stderr);
+  }
+  Unseen(const Unseen&) = delete;
+  Unseen& operator=(const Unseen&) = delete;
+
+ private:
+  termios before_{};
+  bool terminal_;
+};
+
+std::string ReadSecret() {
+  const Unseen unseen;
+  std::string secret;
+  for (int c = std::getchar(); c != EOF && c != '\n'; c = std::getchar()) {
+    if (c != '\r') secret += static_cast<char>(c);
+  }
+  return secret;
+}
+
+std::string AnswerInWords(const Grant& grant, const ReportAnswer& answer) {
+  std::string words = "\nThe service answered with a report of " +
+                      std::to_string((answer.Days.Last - answer.Days.First).count() + 1) +
+                      " days for " + grant.Account;
+  if (!answer.Currency.empty()) words += " in " + Plain(answer.Currency);
+  words += ".";
+  for (const std::string& warning : answer.Warnings) words += "\nIt warns: " + Plain(warning);
+  return words;
+}
+
+Finding CheckGrant(Session& session, const std::string& name) {
+  const std::string folder = GrantFolder();
+  auto grant = LoadGrant(folder, name);
+  if (!grant) return {ResultCode::kRefused, "There is no such grant in " + folder + "."};
+  const ServiceAddresses addresses = TheService();
+  GrantedService service(session, addresses, std::move(*grant),
+                         [&](const Grant& changed) { SaveGrant(folder, name, changed); });
+  const GrantedReport report = FetchReport(service, ParseWantedReport(kThisMonth).value());
+  std::string words = WordsFor(report.Verdict, addresses.Api);
+  if (report.Verdict.Code == ResultCode::kSuccess) {
+    words += AnswerInWords(service.Granted(), report.Answer);
+  } else if (report.Verdict.Code == ResultCode::kRefused) {
+    words += "\nConnect the account again to get a new grant.";
+  }
+  return {report.Verdict.Code, words};
+}
+
+Finding CheckPassword(Session& session, const std::string& email, const std::string& password) {
+  const auto emailText = FromUtf8(email);
+  const auto passwordText = FromUtf8(password);
+  if (!emailText || !passwordText) {
+    return {ResultCode::kNoConnection,
+            "The address or the password holds a character that can't "
+            "be sent."};
+  }
+  const std::string address = "https://" + TheOldServiceHost() + kThisMonth;
+  const Fetched fetched =
+      Fetch(session, {.SignIn = Credentials{*emailText, *passwordText}, .Address = address});
+  std::string words = WordsFor({fetched.Code, false, ""}, address);
+  if (fetched.Code == ResultCode::kSuccess) {
+    words += "\nThe service answered with a report of " + std::to_string(fetched.Body.size()) +
+             " bytes.";
+  }
+  return {fetched.Code, words};
+}
+
+Finding CheckAccount(const std::string& email) {
+  const std::string secret = ReadSecret();
+  const CurlLibrary curl = LoadCurl();
+  if (!curl.Loaded()) return {ResultCode::kNoConnection, "libcurl is missing."};
+  Session session = OpenSession(curl);
+  return IsGrantName(secret) ? CheckGrant(session, secret) : CheckPassword(session, email, secret);
+}
+
+}  // namespace
+
+int Check(const std::string& email) {
+  const Finding finding = CheckAccount(email);
+  std::puts(finding.Words.c_str());
+  return static_cast<int>(finding.Code);
+}
+
+}  // namespace quillbox

@@ -1,0 +1,26 @@
+// The secrets of one consent (PKCE, RFC 7636) and the names of grants.
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "crypto_library.h"
+
+namespace quillbox {
+
+struct ConsentSecrets {
+  std::string Verifier;   // told to the token endpoint alone; proves that we asked
+  std::string Challenge;  // its SHA-256, for the consent page
+  std::string State;      // tells our redirect from others
+};
+
+// Nothing when there are no random bytes to be had. `crypto` must be loaded.
+std::optional<ConsentSecrets> MakeConsentSecrets(const CryptoLibrary& crypto);
+
+// BASE64URL(SHA256(verifier)); nothing on failure.
+std::optional<std::string> ChallengeOf(const CryptoLibrary& crypto, const std::string& verifier);
+
+// A name that nobody else has; nothing when there are no random bytes to be had.
+std::optional<std::string> MakeGrantName(const CryptoLibrary& crypto);
+
+}  // namespace quillbox

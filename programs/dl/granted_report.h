@@ -1,0 +1,26 @@
+// A report, fetched with a grant.
+#pragma once
+
+#include <string>
+
+#include "api/report_answer.h"
+#include "api/service_verdict.h"
+#include "api/wanted_report.h"
+#include "fetch.h"
+#include "granted_service.h"
+
+namespace quillbox {
+
+struct GrantedReport {
+  ServiceVerdict Verdict;
+  ReportAnswer Answer;  // has meaning with success alone
+};
+
+GrantedReport FetchReport(GrantedService& service, const WantedReport& report);
+
+// The whole way of a run: `grantName` in, the report that `path` (of an address of old) asks for
+// out, in the form of old. A grant that isn't there is kRefused, a path that can't be understood
+// kNoConnection.
+Fetched FetchWithGrant(Session& session, const std::string& grantName, const std::string& path);
+
+}  // namespace quillbox

@@ -1,0 +1,127 @@
+#include "loopback_server.h"
+
+#include <netinet/in.h>
+#include <poll.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <utility>
+
+namespace quillbox {
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr std::size_t kMostVisitors = 16;
+constexpr std::size_t kMostBytes = 16 << 10;
+constexpr auto kVisit = 10s;  // browsers also connect ahead and say nothing
+
+std::string Page(const std::string& status, const std::string& sentence) {
+  const std::string body =
+      "<!DOCTYPE html><html lang=\"en\"><meta charset=\"utf-8\"><title>Quillbox"
+      "</title><body style=\"font-family: sans-serif; margin: 3em\"><p>" +
+      sentence + "</p></body></html>\n";
+  return "HTTP/1.1 " + status + "\r\nContent-Type: text/html; charset=utf-8\r\nContent-Length: " +
+         std::to_string(body.size()) +
+         "\r\nCache-Control: no-store\r\nReferrer-Policy: no-referrer\r\n"
+         "Content-Security-Policy: default-src 'none'; style-src 'unsafe-inline'\r\n"
+         "Connection: close\r\n\r\n" +
+         body;
+}
+
+// A page is far shorter than what a socket takes at once.
+void SayGoodbye(int socket, const std::string& page) {
+  ::send(socket, page.data(), page.size(), MSG_NOSIGNAL);
+  ::shutdown(socket, SHUT_WR);
+  ::close(socket);
+}
+
+}  // namespace
+
+LoopbackServer::LoopbackServer()
+    : listener_(::socket(AF_INET, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0)) {
+  sockaddr_in address{};
+  address.sin_family = AF_INET;
+  address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+  auto* const general = reinterpret_cast<sockaddr*>(&address);
+  socklen_t size = sizeof address;
+  const bool listens = listener_ >= 0 && ::bind(listener_, general, size) == 0 &&
+                       ::listen(listener_, kMostVisitors) == 0 &&
+                       ::getsockname(listener_, general, &size) == 0;
+  if (listens) port_ = ntohs(address.sin_port);
+}
+
+LoopbackServer::~LoopbackServer() {
+  if (answered_ >= 0) ::close(answered_);
+  for (const Visitor& visitor : visitors_) ::close(visitor.Socket);
+  if (listener_ >= 0) ::close(listener_);
+}
+
+std::string LoopbackServer::Address() const {
+  return "http://127.0.0.1:" + std::to_string(port_) + "/";
+}
+
+std::optional<ConsentAnswer> LoopbackServer::Await(const std::string& state,
+                                                   std::chrono::seconds patience) {
+  const auto end = Clock::now() + patience;
+  while (Clock::now() < end) {
+    Wait(end);
+    Admit();
+    for (Visitor& visitor : visitors_) {
+      auto answer = Hear(visitor, state);
+      if (!answer) continue;
+      answered_ = std::exchange(visitor.Socket, -1);
+      return answer;
+    }
+    std::erase_if(visitors_, [](const Visitor& visitor) { return visitor.Socket < 0; });
+  }
+  return std::nullopt;
+}
+
+void LoopbackServer::Show(const std::string& sentence) {
+  if (answered_ >= 0) SayGoodbye(std::exchange(answered_, -1), Page("200 OK", sentence));
+}
+
+// Until somebody comes or speaks, at most a second: visits have an end too.
+void LoopbackServer::Wait(Clock::time_point end) {
+  std::vector<pollfd> watched{{listener_, POLLIN, 0}};
+  for (const Visitor& visitor : visitors_) watched.push_back({visitor.Socket, POLLIN, 0});
+  const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(end - Clock::now());
+  const auto longest = std::clamp(left, std::chrono::milliseconds(1), 1000ms);
+  ::poll(watched.data(), watched.size(), static_cast<int>(longest.count()));
+}
+
+void LoopbackServer::Admit() {
+  for (;;) {
+    const int socket = ::accept4(listener_, nullptr, nullptr, SOCK_NONBLOCK | SOCK_CLOEXEC);
+    if (socket < 0) return;
+    if (visitors_.size() == kMostVisitors) {
+      ::close(visitors_.front().Socket);
+      visitors_.erase(visitors_.begin());
+    }
+    visitors_.push_back({socket, "", Clock::now()});
+  }
+}
+
+// Sends the visitor away once it is clear that it isn't the one.
+std::optional<ConsentAnswer> LoopbackServer::Hear(Visitor& visitor, const std::string& state) {
+  char piece[4096];
+  const ssize_t got = ::recv(visitor.Socket, piece, sizeof piece, 0);
+  if (got > 0) visitor.Received.append(piece, static_cast<std::size_t>(got));
+  if (IsWholeHead(visitor.Received)) {
+    auto answer = ReadRedirect(visitor.Received);
+    if (answer && answer->State == state) return answer;
+    SayGoodbye(std::exchange(visitor.Socket, -1),
+               Page("404 Not Found", "This is not the answer that Quillbox waits for."));
+    return std::nullopt;
+  }
+  const bool silent = got < 0 && (errno == EAGAIN || errno == EWOULDBLOCK || errno == EINTR);
+  const bool over = (got <= 0 && !silent) || visitor.Received.size() > kMostBytes ||
+                    Clock::now() - visitor.Since > kVisit;
+  if (over) ::close(std::exchange(visitor.Socket, -1));
+  return std::nullopt;
+}
+
+}  // namespace quillbox

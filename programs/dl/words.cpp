@@ -1,0 +1,38 @@
+#include "words.h"
+
+#include "request/web_address.h"
+
+namespace quillbox {
+namespace {
+
+constexpr std::size_t kMostLetters = 300;
+
+}  // namespace
+
+std::string Plain(std::string_view text) {
+  std::string plain(text.substr(0, kMostLetters));
+  for (char& c : plain) c = static_cast<unsigned char>(c) < ' ' || c == '\x7F' ? ' ' : c;
+  return plain;
+}
+
+std::string WordsFor(const ServiceVerdict& verdict, const std::string& address) {
+  const auto parsed = ParseWebAddress(address);
+  const std::string host = parsed ? parsed->Host : address;
+  const std::string said =
+      verdict.Words.empty() ? "" : "\n" + host + " said: " + Plain(verdict.Words);
+  switch (verdict.Code) {
+    case ResultCode::kSuccess:
+      return "Sign-in works.";
+    case ResultCode::kNoConnection:
+      return "Could not connect to " + host + ".";
+    case ResultCode::kNoAnswer:
+      return "No usable answer came from " + host + "." + said;
+    case ResultCode::kRefused:
+      return host + " refused the sign-in." + said;
+    case ResultCode::kNotSecure:
+      return "The connection to " + host + " is not secure: nothing was sent.";
+  }
+  return "";
+}
+
+}  // namespace quillbox

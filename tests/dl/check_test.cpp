@@ -1,0 +1,48 @@
+// `dl check`: what it says of an account, and that it keeps the account's secrets.
+#include <gmock/gmock.h>
+
+#include "dl/support/grants.h"
+
+namespace quillbox {
+namespace {
+
+using testing::HasSubstr;
+using testing::Not;
+
+TEST(Check, SaysWhatHappenedAndNeverASecret) {
+  struct Case {
+    std::vector<std::string> options;  // of the service
+    const char* secret;
+    int status;
+    const char* said;
+  };
+  const Case kCases[] = {
+      {{}, kGrantName, 0, "Sign-in works.\nThe service answered with a report of "},
+      {{"--currency", "SEK"}, kGrantName, 0, "in SEK."},
+      {{"--warning", "Some \x1B[31m data"}, kGrantName, 0, "It warns: Some  [31m data"},
+      {{"--fail", "refuse:/token"}, kGrantName, 3, "refused the sign-in.\n"},
+      {{"--fail", "refuse:/token"}, kGrantName, 3, "400 invalid_grant\n"},
+      {{"--fail", "429:/v2"}, kGrantName, 2, "429 RESOURCE_EXHAUSTED"},
+      {{}, "grant:OTHERGRANT22", 3, "There is no such grant"},
+      {{"--fail", "untrusted"}, kGrantName, 4, "is not secure: nothing was sent."},
+      {{}, kPassword, 0, "Sign-in works."},
+      {{}, "thyme", 3, "refused the sign-in."},
+      {{}, "", 3, "refused the sign-in."},
+  };
+  for (const Case& c : kCases) {
+    SCOPED_TRACE(std::string(c.secret) + ": " + c.said);
+    const GrantHome home;
+    const DemoService service(c.options);
+    const auto [status, said] =
+        Check(c.secret, home.WholeEnvironment(service.Host(), service.AuthorityFile()));
+    EXPECT_EQ(status, c.status);
+    EXPECT_THAT(said, HasSubstr(c.said));
+    EXPECT_THAT(said, Not(HasSubstr(kRefreshToken)));
+    if (*c.secret != '\0') {
+      EXPECT_THAT(said, Not(HasSubstr(c.secret)));
+    }
+  }
+}
+
+}  // namespace
+}  // namespace quillbox

@@ -1,0 +1,116 @@
+// `dl` with a grant in the place of the password, against the demo's service of today.
+#include <gmock/gmock.h>
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <sstream>
+
+#include "dl/support/grants.h"
+
+namespace quillbox {
+namespace {
+
+// Cells of a report's lines, in order.
+using Lines = std::vector<std::vector<std::string>>;
+
+Lines LinesOf(const std::string& report) {
+  Lines lines;
+  std::istringstream text(report);
+  for (std::string line; std::getline(text, line);) {
+    lines.emplace_back();
+    std::istringstream cells(line);
+    for (std::string cell; std::getline(cells, cell, '\t');) lines.back().push_back(cell);
+  }
+  return lines;
+}
+
+// Days and sums; each service rounds rates, and so averages, in its own way.
+Lines WithoutRates(const std::string& report, bool sums) {
+  Lines lines = LinesOf(report);
+  for (auto& cells : lines) {
+    if (cells.size() >= 6) cells.erase(cells.end() - 3, cells.end() - 1);
+  }
+  std::sort(lines.begin() + 1, lines.end() - 2);  // channels come in another order
+  lines.resize(lines.size() - (sums ? 1 : 3));
+  lines.erase(lines.begin());
+  return lines;
+}
+
+class GrantedReport : public testing::Test {
+ protected:
+  // Half of the day's figures are there, so that today has a line.
+  DemoService service_{{"--speed", "100000"}};
+  const GrantHome home_;
+  const DlRun run_, other_;
+};
+
+TEST_F(GrantedReport, IsThatOfThePassword) {
+  const std::string kAggregate = "/adsense/report/aggregate?product=";
+  for (const std::string& path :
+       {std::string(kContentReport), kAggregate + "afs&dateRange.simpleDate=lastmonth",
+        kAggregate + "afc&dateRange.simpleDate=lastmonth&reportType=channel"}) {
+    ASSERT_EQ(run_.CodeOf(Granted(service_, home_, path)), "0") << path;
+    ASSERT_EQ(other_.CodeOf(service_.Signed(path)), "0") << path;
+    const bool isWhole = path != kContentReport;  // else today grows, and with it the sum
+    EXPECT_EQ(WithoutRates(*run_.Data(), isWhole), WithoutRates(*other_.Data(), isWhole)) << path;
+  }
+}
+
+TEST_F(GrantedReport, HasTheLinesOfItsRange) {
+  struct Case {
+    const char* path;
+    std::size_t fewest, most, cells;
+  };
+  const Case kCases[] = {
+      {"aggregate?product=afc&dateRange.simpleDate=last7days", 7, 7, 6},
+      {"aggregate?product=afs&dateRange.simpleDate=lastmonth", 28, 31, 6},
+      {"aggregate?product=afc&dateRange.simpleDate=alltime", 119, 121, 6},
+      {"referrals?product=ref&dateRange.simpleDate=lastmonth", 28, 31, 7},
+      {"aggregate?product=afc&dateRange.simpleDate=last7days&reportType=channel", 21, 21, 7}};
+  for (const Case& c : kCases) {
+    const std::string path = std::string("/adsense/report/") + c.path;
+    ASSERT_EQ(run_.CodeOf(Granted(service_, home_, path)), "0") << path;
+    const Lines lines = LinesOf(*run_.Data());
+    EXPECT_GE(lines.size(), c.fewest + 3) << path;
+    EXPECT_LE(lines.size(), c.most + 3) << path;
+    EXPECT_THAT(lines, testing::Each(testing::SizeIs(c.cells))) << path;
+    EXPECT_TRUE(run_.Data()->ends_with('\n')) << path;
+  }
+}
+
+TEST_F(GrantedReport, NeedsAWholeFileThatIsItsOwnersAlone) {
+  struct Case {
+    const char* name;
+    void (*spoil)(const GrantHome& home, const char* path);
+  };
+  const Case kCases[] = {
+      {"missing", [](const GrantHome&, const char* path) { ::unlink(path); }},
+      {"open to the group", [](const GrantHome&, const char* path) { ::chmod(path, 0640); }},
+      {"open to all", [](const GrantHome&, const char* path) { ::chmod(path, 0604); }},
+      {"a link",
+       [](const GrantHome& home, const char* path) {
+         std::filesystem::rename(path, home.GrantPath("moved"));
+         std::filesystem::create_symlink(home.GrantPath("moved"), path);
+       }},
+      {"half",
+       [](const GrantHome& home, const char*) { home.Put("{\"refresh_token\": \"a\", "); }}};
+  for (const Case& c : kCases) {
+    const GrantHome home;
+    c.spoil(home, home.GrantPath().c_str());
+    EXPECT_EQ(run_.CodeOf(Granted(service_, home)), "3") << c.name;
+  }
+}
+
+TEST_F(GrantedReport, IsNotAskedForAtOtherAddresses) {
+  DlStart start = Granted(service_, home_, "/versionqb.txt");
+  EXPECT_EQ(run_.CodeOf(start), "1");
+  start.Request = SignedIn(kEmail, kGrantName, std::string("http://old.invalid") + kContentReport);
+  EXPECT_EQ(run_.CodeOf(start), "4");
+  service_.Process().End();
+  EXPECT_EQ(service_.Process().ReadLine(), "") << "nothing was asked";
+}
+
+}  // namespace
+}  // namespace quillbox

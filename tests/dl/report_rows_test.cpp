@@ -1,0 +1,135 @@
+// The reports of the demo service's API: the same figures as in the old ones, in today's form.
+#include "api/report_rows.h"
+
+#include <gmock/gmock.h>
+
+#include <cstdio>
+#include <nlohmann/json.hpp>
+
+#include "api/report_json.h"
+#include "oauth/form_fields.h"
+#include "reports/report_table.h"
+#include "text/text_list.h"
+
+namespace quillbox {
+namespace {
+
+using namespace std::chrono_literals;
+using std::chrono::sys_days;
+
+constexpr Moment kNoon{sys_days(2007y / 2 / 3), 12h};
+constexpr const char* kOldCells =
+    "&metrics=PAGE_VIEWS&metrics=CLICKS&metrics=PAGE_VIEWS_CTR&metrics=PAGE_VIEWS_RPM"
+    "&metrics=ESTIMATED_EARNINGS";
+
+ReportRows Rows(const std::string& query, const Moment& moment = kNoon) {
+  return MakeReportRows(ParseReportRequest(QueryFields("?" + query), moment.Today), 1, "someone",
+                        moment);
+}
+
+// As the old reports write a line; `ratio` is the number of the click rate's cell.
+std::string OldLine(const ReportCells& cells, std::size_t ratio) {
+  std::string line;
+  for (std::size_t i = 0; i < cells.size(); ++i) {
+    char percent[32];
+    std::snprintf(percent, sizeof percent, "%.2f%%", std::atof(cells[i].c_str()) * 100);
+    line += (i == 0 ? "" : "\t") + (i == ratio ? percent : cells[i]);
+  }
+  return line;
+}
+
+TEST(ReportRows, AgreeWithTheOldReports) {
+  struct Case {
+    ReportQuery old;
+    const char* query;
+  };
+  const Case kCases[] = {
+      {{Product::kContent, DateRange::kThisMonth, false},
+       "dateRange=MONTH_TO_DATE&dimensions=DATE&filters=PRODUCT_CODE==AFC"},
+      {{Product::kSearch, DateRange::kLastMonth, false},
+       "startDate.year=2007&startDate.month=1&startDate.day=1&endDate.year=2007&endDate.month=1"
+       "&endDate.day=31&dimensions=DATE&filters=PRODUCT_NAME=@Search"},
+      {{Product::kContent, DateRange::kThisMonth, true},
+       "dateRange=MONTH_TO_DATE&dimensions=DATE&dimensions=CUSTOM_CHANNEL_NAME"
+       "&filters=PRODUCT_CODE==AFC"},
+  };
+  for (const Case& c : kCases) {
+    const ReportRows rows = Rows(std::string(c.query) + kOldCells);
+    const std::size_t ratio = c.old.ByChannel ? 4 : 3;
+    std::vector<std::string> lines;
+    for (const ReportCells& row : rows.Rows) lines.push_back(OldLine(row, ratio));
+    for (auto [label, cells] : {std::pair{"Totals", rows.Totals}, {"Averages", rows.Averages}}) {
+      cells[0] = label;
+      lines.push_back(OldLine(cells, ratio));
+    }
+    std::vector<std::string> old = SplitText(ReportTable(c.old, 1, "someone", kNoon), "\n");
+    old.erase(old.begin());  // the heading
+    old.pop_back();          // nothing behind the last line feed
+    EXPECT_THAT(lines, testing::UnorderedElementsAreArray(old)) << c.query;
+  }
+}
+
+TEST(ReportRows, DaysWithoutFiguresHaveNone) {
+  const Moment midnight{kNoon.Today, 0s};
+  EXPECT_EQ(Rows("dateRange=TODAY&dimensions=DATE&metrics=CLICKS", midnight).Matched, 0U);
+  EXPECT_EQ(Rows("dateRange=YEAR_TO_DATE&dimensions=DATE&metrics=CLICKS").Matched, 34U);
+  EXPECT_EQ(Rows("dateRange=LAST_7_DAYS&dimensions=MONTH&metrics=CLICKS").Matched, 2U);
+  EXPECT_EQ(Rows("startDate.year=2000&startDate.month=1&startDate.day=1&endDate.year=2099"
+                 "&endDate.month=1&endDate.day=1&dimensions=DATE&metrics=CLICKS")
+                .Matched,
+            120U);
+}
+
+TEST(ReportRows, AreOrderedAsAskedAndCutAfterwards) {
+  const ReportRows rows = Rows(
+      "dateRange=LAST_30_DAYS&dimensions=DATE&metrics=CLICKS&metrics=PAGE_VIEWS"
+      "&orderBy=-PAGE_VIEWS&limit=3");
+  ASSERT_EQ(rows.Rows.size(), 3U);
+  EXPECT_EQ(rows.Matched, 30U);
+  EXPECT_GE(std::stol(rows.Rows[0][2]), std::stol(rows.Rows[1][2]));
+  EXPECT_GE(std::stol(rows.Rows[1][2]), std::stol(rows.Rows[2][2]));
+  EXPECT_EQ(Rows("dateRange=LAST_7_DAYS&dimensions=DATE&metrics=CLICKS&orderBy=-DATE").Rows[0][0],
+            "2007-02-02");
+}
+
+TEST(ReportRequest, TellsWhatIsWrong) {
+  const char* const kWrong[] = {
+      "dateRange=TODAY",
+      "dateRange=EVER&metrics=CLICKS",
+      "metrics=CLICKS",
+      "dateRange=TODAY&metrics=CLICKS&dimensions=HOUR",
+      "dateRange=TODAY&metrics=CLACKS",
+      "dateRange=TODAY&metrics=CLICKS&filters=PRODUCT_CODE<AFC",
+      "dateRange=TODAY&metrics=CLICKS&orderBy=DATE",
+      "dateRange=TODAY&metrics=CLICKS&limit=0",
+      "dateRange=TODAY&metrics=CLICKS&currencyCode=usd",
+      "dateRange=TODAY&metrics=CLICKS&reportingTimeZone=MARS",
+      "startDate.year=2007&startDate.month=2&startDate.day=30&endDate.year=2007&endDate.month=3"
+      "&endDate.day=1&metrics=CLICKS",
+      "startDate.year=2007&startDate.month=2&startDate.day=3&endDate.year=2007&endDate.month=2"
+      "&endDate.day=1&metrics=CLICKS",
+  };
+  for (const char* query : kWrong) EXPECT_THROW(Rows(query), BadReportRequest) << query;
+}
+
+TEST(ReportJson, HasTheServicesForm) {
+  const ReportRequest request =
+      ParseReportRequest(QueryFields("?dateRange=LAST_7_DAYS&dimensions=DATE&metrics=CLICKS"
+                                     "&metrics=ESTIMATED_EARNINGS&limit=1"),
+                         kNoon.Today);
+  ReportRows rows{{{"2007-01-28", "61", "8.41"}}, 2, {"", "130", "17.02"}, {"", "65", "8.51"}};
+  const auto json = nlohmann::json::parse(ReportJson(request, rows, "EUR", {"careful"}));
+  EXPECT_EQ(json, nlohmann::json::parse(R"({
+    "totalMatchedRows": "2",
+    "headers": [{"name": "DATE", "type": "DIMENSION"}, {"name": "CLICKS", "type": "METRIC_TALLY"},
+      {"name": "ESTIMATED_EARNINGS", "type": "METRIC_CURRENCY", "currencyCode": "EUR"}],
+    "rows": [{"cells": [{"value": "2007-01-28"}, {"value": "61"}, {"value": "8.41"}]}],
+    "totals": {"cells": [{"value": ""}, {"value": "130"}, {"value": "17.02"}]},
+    "averages": {"cells": [{"value": ""}, {"value": "65"}, {"value": "8.51"}]},
+    "startDate": {"year": 2007, "month": 1, "day": 27},
+    "endDate": {"year": 2007, "month": 2, "day": 2},
+    "warnings": ["careful", "The limit has cut rows off."]})"));
+}
+
+}  // namespace
+}  // namespace quillbox
