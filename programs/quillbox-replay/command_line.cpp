@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "evaluation/regions.h"
+
 namespace quillbox {
 namespace {
 
@@ -39,6 +41,12 @@ std::string Options::Needed(std::string_view option) const {
   const std::optional<std::string> value = Value(option);
   if (!value) throw UsageError("option " + std::string(option) + " is missing");
   return *value;
+}
+
+RegionalSettings RegionNamed(const std::string& name) {
+  std::optional<RegionalSettings> region = BuiltInRegion(name);
+  if (!region) throw UsageError("unknown region " + name);
+  return *std::move(region);
 }
 
 }  // namespace quillbox

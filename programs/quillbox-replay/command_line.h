@@ -9,6 +9,8 @@
 #include <string>
 #include <string_view>
 
+#include "platform/regional_settings.h"
+
 namespace quillbox {
 
 // What ends the program with exit code 2; what() is one line for standard error.
@@ -34,5 +36,8 @@ class Options {
  private:
   std::map<std::string_view, std::string_view> values_;
 };
+
+// The built-in region. Throws UsageError when there is none of that name.
+RegionalSettings RegionNamed(const std::string& name);
 
 }  // namespace quillbox

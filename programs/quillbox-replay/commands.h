@@ -10,6 +10,9 @@ namespace quillbox {
 // Evaluates saved reports and tells in words what comes of them.
 int EvaluateCommand(Arguments arguments);
 
+// Makes the page of a saved report.
+int ReportPageCommand(Arguments arguments);
+
 // Runs the whole program on a simulated host as a script tells, and writes what it did.
 int ScriptCommand(Arguments arguments);
 

@@ -1,6 +1,7 @@
 // Single conversions, one function a request.
 #include <charconv>
 #include <cstddef>
+#include <filesystem>
 #include <optional>
 #include <variant>
 
@@ -10,11 +11,12 @@
 #include "evaluation/failure_rule.h"
 #include "evaluation/number_text.h"
 #include "evaluation/report_cells.h"
+#include "options/open_dialog.h"
 #include "quillbox-replay/date_argument.h"
 #include "quillbox-replay/operations.h"
 #include "quillbox-replay/region_argument.h"
+#include "quillbox-replay/time_argument.h"
 #include "retrieval/update_schedule.h"
-#include "system/system_clock.h"
 #include "text/form_encoding.h"
 #include "tooltip/skin.h"
 
@@ -61,15 +63,8 @@ std::optional<int> DecimalsOf(const Request& request) {
   return request.WholeNumber("decimals");
 }
 
-// A request that doesn't tell the time gets the machine's year.
-int CurrentYear(const Request& request) {
-  const auto time = request.Has("now") ? request.Time("now") : SystemClock().LocalTime();
-  const auto day = std::chrono::floor<std::chrono::days>(time);
-  return static_cast<int>(std::chrono::year_month_day(day).year());
-}
-
 Result ConvertToDate(const Request& request) {
-  return DateArgument(ToDate(TextArgument(request), RegionOf(request), CurrentYear(request)));
+  return DateArgument(ToDate(TextArgument(request), RegionOf(request), YearOf(TimeOf(request))));
 }
 
 Result ConvertNumberText(const Request& request) {
@@ -103,6 +98,11 @@ Result ConvertTimeText(const Request& request) {
   const auto time = ParseTimeOfDay(TextArgument(request));
   if (!time) throw RequestError("member \"argument\" must be a time of day such as 09:05:00");
   return TimeText(*time, request.Truth("use24Hour"), RegionOf(request));
+}
+
+Result ConvertFileNameOf(const Request& request) {
+  constexpr auto kSeparator = static_cast<char>(std::filesystem::path::preferred_separator);
+  return FileNameOf(TextArgument(request), kSeparator);
 }
 
 // A change of one cell in its place.
@@ -155,6 +155,7 @@ constexpr Function kFunctions[] = {
     {"UnscrambleText", [](const Request& r) -> Result { return UnscrambleText(TextArgument(r)); }},
     {"EncodeFormValue",
      [](const Request& r) -> Result { return EncodeFormValue(TextArgument(r)); }},
+    {"FileNameOf", ConvertFileNameOf},
 };
 
 const Function& FunctionOf(const Request& request) {

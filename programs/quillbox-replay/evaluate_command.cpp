@@ -5,7 +5,6 @@
 
 #include "config/account_list.h"
 #include "config/atomic_write.h"
-#include "evaluation/regions.h"
 #include "quillbox-replay/commands.h"
 #include "quillbox-replay/date_argument.h"
 #include "quillbox-replay/evaluation_words.h"
@@ -31,12 +30,6 @@ std::string AccountOf(const Options& options) {
   std::optional<std::string> account = FromUtf8(options.Needed("--account"));
   if (!account) throw UsageError("--account holds a character that windows-1252 lacks");
   return *std::move(account);
-}
-
-RegionalSettings RegionNamed(const std::string& name) {
-  std::optional<RegionalSettings> region = BuiltInRegion(name);
-  if (!region) throw UsageError("unknown region " + name);
-  return *std::move(region);
 }
 
 std::chrono::local_seconds TimeOf(const Options& options) {

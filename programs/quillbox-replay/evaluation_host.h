@@ -63,6 +63,7 @@ class EvaluationHost {
               .TimerSource = idle_,
               .Events = idle_,
               .Agents = idle_,
+              .Grants = idle_,
               .Tray = Tray,
               .TrayMenus = idle_,
               .Tooltip = idle_,

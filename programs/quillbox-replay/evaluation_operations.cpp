@@ -9,7 +9,7 @@
 #include "quillbox-replay/operations.h"
 #include "quillbox-replay/region_argument.h"
 #include "quillbox-replay/settings_argument.h"
-#include "system/system_clock.h"
+#include "quillbox-replay/time_argument.h"
 #include "tray/tray_menu.h"
 
 namespace quillbox {
@@ -57,11 +57,6 @@ void Evaluate(const Request& request, JsonWriter& answer) {
   answer.TextOrNull(effects.Balloon);
   answer.Name("sounds");
   answer.Texts(effects.Sounds);
-}
-
-// The time of requests that tell none: dates without a year are then of this one.
-std::chrono::local_seconds TimeOf(const Request& request) {
-  return request.Has("now") ? request.Time("now") : SystemClock().LocalTime();
 }
 
 void StatsText(const Request& request, JsonWriter& answer) {

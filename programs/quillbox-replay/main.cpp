@@ -13,6 +13,7 @@ namespace {
 constexpr std::string_view kUsage =
     "usage: quillbox-replay evaluate --settings FILE.ini --account NAME [--reports FOLDER]\n"
     "                                [--region NAME] [--at 2007-01-31T09:05:00] [--save]\n"
+    "       quillbox-replay report --title TITLE --reports FILE [--region NAME] --out Report.html\n"
     "       quillbox-replay script FILE\n"
     "       quillbox-replay batch\n";
 
@@ -23,13 +24,14 @@ struct Command {
 
 constexpr Command kCommands[] = {
     {"evaluate", EvaluateCommand},
+    {"report", ReportPageCommand},
     {"script", ScriptCommand},
     {"batch", BatchCommand},
 };
 
 int Run(Arguments arguments) {
   if (arguments.empty()) {
-    throw UsageError("say what to do: evaluate, script or batch (--help tells more)");
+    throw UsageError("say what to do: evaluate, report, script or batch (--help tells more)");
   }
   if (arguments.front() == "--help") {
     std::cout << kUsage;

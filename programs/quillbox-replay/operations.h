@@ -21,6 +21,7 @@ std::span<const Operation> ConvertOperations();
 std::span<const Operation> SettingsOperations();
 std::span<const Operation> EvaluationOperations();
 std::span<const Operation> RefreshOperations();
+std::span<const Operation> ReportOperations();
 std::span<const Operation> TooltipOperations();
 std::span<const Operation> UpdateOperations();
 

@@ -1,0 +1,46 @@
+// The page of a report, which can neither leave nor ask for anything.
+#pragma once
+
+#include <QWebEnginePage>
+#include <QWebEngineProfile>
+#include <functional>
+
+namespace quillbox {
+
+class CagedPage : public QWebEnginePage {
+ public:
+  // `profile` must be a restricted one and outlive the page.
+  explicit CagedPage(QWebEngineProfile& profile);
+
+  // Goes there, whatever the page wants, and calls `loaded` when it is there, also when it failed.
+  // A Navigate that comes meanwhile takes the place of the earlier one.
+  void Navigate(const QUrl& address, std::function<void()> loaded);
+
+  // Replaces the contents of the document that is shown, or that is on its way.
+  void SetBody(const QString& html);
+
+ protected:
+  bool acceptNavigationRequest(const QUrl& url, NavigationType type, bool isMainFrame) override;
+  QWebEnginePage* createWindow(WebWindowType) override { return nullptr; }
+  QStringList chooseFiles(FileSelectionMode, const QStringList&, const QStringList&) override {
+    return {};
+  }
+  // Boxes of the page would hold up its window.
+  void javaScriptAlert(const QUrl&, const QString&) override {}
+  bool javaScriptConfirm(const QUrl&, const QString&) override { return false; }
+  bool javaScriptPrompt(const QUrl&, const QString&, const QString&, QString*) override {
+    return false;
+  }
+  void javaScriptConsoleMessage(JavaScriptConsoleMessageLevel, const QString&, int,
+                                const QString&) override {}
+
+ private:
+  void Loaded();
+
+  bool navigating_ = false;  // the program asked for it, the page did not
+  bool loading_ = false;
+  std::function<void()> loaded_;
+  QString body_;  // for the document that is on its way
+};
+
+}  // namespace quillbox

@@ -1,0 +1,22 @@
+// Shows the Reports window for the program that started it, and ends with it.
+#include <sys/stat.h>
+
+#include <QApplication>
+#include <csignal>
+#include <cstdlib>
+
+#include "cage.h"
+#include "view_window.h"
+
+int main(int argc, char* argv[]) {
+  umask(077);
+  std::signal(SIGPIPE, SIG_IGN);  // a program that ended is seen where it is read
+  quillbox::PrepareEngine();
+  QApplication application(argc, argv);
+  QApplication::setApplicationName("Quillbox");
+  QApplication::setDesktopFileName("quillbox");
+  const quillbox::ViewWindow window;
+  const int result = QApplication::exec();
+  // The engine would wait here for a page whose script never ends; nothing of it is worth keeping.
+  std::_Exit(result);
+}

@@ -1,0 +1,65 @@
+#include "view_window.h"
+
+#include <QApplication>
+#include <QUrl>
+
+#include "qt_base/unicode_text.h"
+
+namespace quillbox {
+namespace {
+
+constexpr char kBlank[] = "about:blank";
+
+// The engine's own menu offers to save, to go back and to look at the source.
+QWebEngineView* NewPageView(CagedPage& page) {
+  auto* const view = new QWebEngineView;
+  view->setPage(&page);
+  view->setContextMenuPolicy(Qt::NoContextMenu);
+  view->setAcceptDrops(false);
+  return view;
+}
+
+}  // namespace
+
+ViewWindow::ViewWindow()
+    : page_(profile_),
+      link_([this](const QJsonObject& message) { Take(message); }, [] { QApplication::quit(); }) {
+  Restrict(profile_, files_, interceptor_);
+  page_.Navigate(QUrl(kBlank), {});
+  form_ = new ReportsForm(fields_, NewPageView(page_));
+  TellProgram();
+  form_->Present();
+  ProgramLink::Send({{"did", "ready"}});
+}
+
+void ViewWindow::TellProgram() {
+  ForEachList(fields_, [](ListField& list) {
+    list.Clicked = [&list] {
+      ProgramLink::Send({{"did", "select"},
+                         {"name", ToUnicode(list.Name())},
+                         {"index", static_cast<int>(list.Selected().value_or(0))}});
+    };
+  });
+  fields_.Command1.Clicked = [] { ProgramLink::Send({{"did", "click"}, {"name", "Command1"}}); };
+}
+
+void ViewWindow::Take(const QJsonObject& message) {
+  const QString what = message["do"].toString();
+  if (what == "field") TakeField(message, fields_);
+  if (what == "busy" && form_) form_->ShowBusy(message["to"].toBool());
+  if (what == "navigate") Navigate(message);
+  if (what == "body") page_.SetBody(message["html"].toString());
+  if (what == "ping") ProgramLink::Send({{"did", "pong"}});
+  if (what == "close" && form_) form_->close();
+}
+
+void ViewWindow::Navigate(const QJsonObject& message) {
+  const int page = message["page"].toInt();
+  const QString address = message["address"].toString();
+  files_.SetPage(address);
+  page_.Navigate(address == kBlank ? QUrl(kBlank) : PageAddress(), [page] {
+    ProgramLink::Send({{"did", "loaded"}, {"page", page}});
+  });
+}
+
+}  // namespace quillbox

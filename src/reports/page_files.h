@@ -1,0 +1,13 @@
+// The files that the report's page loads.
+#pragma once
+
+#include "config/application_folder.h"
+#include "platform/files.h"
+
+namespace quillbox {
+
+// They come with the program and must lie beside the page, in the data folder. Where that is
+// another folder each is copied that is missing there or differs. What can't be copied is left out.
+void PutPageFiles(Files& files, const ApplicationFolder& folder);
+
+}  // namespace quillbox

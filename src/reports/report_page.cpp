@@ -1,0 +1,46 @@
+#include "reports/report_page.h"
+
+namespace quillbox {
+namespace {
+
+constexpr std::string_view kHead =
+    "<HTML><HEAD><SCRIPT TYPE='text/javascript' SRC='graphs.js'></SCRIPT>"
+    "<SCRIPT TYPE='text/javascript' SRC='NiceTitle.js'></SCRIPT>"
+    "<LINK REL=\"stylesheet\" HREF=\"NiceTitleAutoWidth.css\" TYPE=\"text/css\"></HEAD>"
+    "<BODY STYLE=\"margin: 1px 1px 1px 1px;\"><SCRIPT>";
+
+constexpr std::string_view kGraph =
+    "graph = new BAR_GRAPH(\"vBar\");graph.graphBGColor = \"white\";graph.graphPadding = 0;"
+    "graph.barColor = \"#C0D0C0,#80D080\";graph.barBGColor = \"#D0F0D0\";"
+    "graph.labelColor = \"white\";graph.labelBGColor = \"#333\";graph.legendColor = \"#00A000\";"
+    "graph.legendBGColor = \"#D0F0D0\";graph.showValues = 1;";
+
+constexpr std::string_view kEnd = "document.write(graph.create());</SCRIPT></BODY></HTML>";
+
+void AddProperty(std::string& page, std::string_view name, std::string_view value) {
+  page += "graph.";
+  page += name;
+  page += " = \"";
+  page += value;
+  page += "\";";
+}
+
+}  // namespace
+
+std::string BuildReportPage(const ReportData& data, std::string_view title, std::string_view period,
+                            std::string_view comma) {
+  const auto titled = [title](std::string_view word) { return title.find(word) != title.npos; };
+  std::string page(kHead);
+  page += kGraph;
+  AddProperty(page, "labels", data.Labels);
+  AddProperty(page, "values", data.Values);
+  if (!data.Channels.empty()) AddProperty(page, "channels", data.Channels);
+  AddProperty(page, "periodCharacter", period);
+  AddProperty(page, "commaCharacter", comma);
+  if (titled("CTR")) AddProperty(page, "valueFooter", "%");
+  if (titled("eCPM") || titled("Earnings")) AddProperty(page, "valueHeader", "$");
+  page += kEnd;
+  return page;
+}
+
+}  // namespace quillbox

@@ -1,0 +1,91 @@
+#include "report_view/view_on_desktop.h"
+
+#include <unistd.h>
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QThread>
+#include <fstream>
+
+namespace quillbox {
+namespace {
+
+Host WithWindows(Host host, Forms& forms, ReportBrowser& browser) {
+  return {host.Store,   host.Variables, host.Disk,     host.Time,    host.TimerSource,
+          host.Events,  host.Agents,    host.Grants,   host.Tray,    host.TrayMenus,
+          host.Tooltip, host.Mouse,     host.Boxes,    forms,        host.Chooser,
+          browser,      host.Speaker,   host.Instance, host.Network, host.Opener,
+          host.StartUp, host.Exit};
+}
+
+}  // namespace
+
+ViewOnDesktop::ViewOnDesktop() : host_(WithWindows(simulated_.Ports(), forms_, window_)) {
+  qputenv("DISPLAY", desktop_.Display().toUtf8());
+  qputenv("QT_QPA_PLATFORM", "xcb");
+  // The engine has no sandbox for root.
+  if (::geteuid() == 0) qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1");
+  for (const char* const name : {"graphs.js", "NiceTitle.js", "NiceTitleAutoWidth.css"}) {
+    QFile::copy(QString(QUILLBOX_REPORT_FILES "/") + name, folder_.filePath(name));
+  }
+  state_.Accounts = {"one", "two"};
+}
+
+bool ViewOnDesktop::Until(const std::function<bool()>& isSo) {
+  QElapsedTimer time;
+  time.start();
+  while (!isSo()) {
+    if (time.hasExpired(40000)) return false;
+    QApplication::processEvents(QEventLoop::AllEvents, 20);
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QThread::msleep(5);
+  }
+  return true;
+}
+
+bool ViewOnDesktop::Opens() {
+  form_.Load();
+  return Until([this] {
+    desktop_.NudgeWindowManager();
+    return WindowIsShown();
+  });
+}
+
+bool ViewOnDesktop::WindowIsShown() {
+  return !desktop_.Output("xdotool", {"search", "--onlyvisible", "--name", "^Quillbox Reports$"})
+              .isEmpty();
+}
+
+// As two commands: in one, the key would go to the window alone and not to its manager.
+void ViewOnDesktop::Press(const QString& key) {
+  desktop_.Output("xdotool", {"search", "--onlyvisible", "--name", "^Quillbox Reports$",
+                              "windowfocus", "--sync"});
+  desktop_.Output("xdotool", {"key", key});
+}
+
+std::vector<int> ViewOnDesktop::Views() {
+  QProcess pgrep;
+  pgrep.start("pgrep", {"-P", QString::number(::getpid()), "quillbox-report"});
+  pgrep.waitForFinished();
+  std::vector<int> views;
+  for (const QByteArray& line : pgrep.readAllStandardOutput().split('\n')) {
+    if (!line.isEmpty()) views.push_back(line.toInt());
+  }
+  return views;
+}
+
+bool ViewOnDesktop::Shows(const std::string& html) {
+  std::ofstream(PageFile()) << html;
+  window_.Navigate(PageFile());
+  return Until([this] { return window_.ReadyState() == kPageLoaded; });
+}
+
+// Left of the middle: nothing of a message stands there.
+std::string ViewOnDesktop::ColourOfPage() {
+  const QString colour = desktop_.Output(
+      "sh", {"-c", "import -window root -crop 1x1+400+440 -depth 8 rgb:- | od -An -tx1"});
+  return "#" + colour.simplified().remove(' ').toStdString();
+}
+
+}  // namespace quillbox

@@ -1,0 +1,111 @@
+// The window's process: it shows what it is told, and whatever becomes of it, the program goes on.
+#include <gmock/gmock.h>
+
+#include <QApplication>
+#include <QLabel>
+#include <csignal>
+#include <fstream>
+
+#include "report_view/view_on_desktop.h"
+
+namespace quillbox {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::SizeIs;
+
+constexpr char kGreen[] = "<body bgcolor='#80d080'></body>";
+constexpr char kEndless[] =
+    "<body bgcolor='#80d080'><script>setTimeout(function () { while (true); }, 1)</script></body>";
+
+using ViewProcess = ViewOnDesktop;
+
+TEST_F(ViewProcess, ShowsPagesAndMessagesOnThem) {
+  ASSERT_TRUE(Opens());
+  ASSERT_TRUE(Shows(kGreen));
+  EXPECT_TRUE(Until([this] { return ColourOfPage() == "#80d080"; })) << ColourOfPage();
+  window_.SetBody("<div style='position:fixed;inset:0;background:#123456'>\"no\" \\data</div>");
+  EXPECT_TRUE(Until([this] { return ColourOfPage() == "#123456"; })) << ColourOfPage();
+  window_.Navigate("about:blank");
+  window_.SetBody("<div style='position:fixed;inset:0;background:#654321'></div>");
+  EXPECT_TRUE(Until([this] { return ColourOfPage() == "#654321"; })) << "soon after navigating";
+}
+
+TEST_F(ViewProcess, TellsWhatThePersonChose) {
+  ASSERT_TRUE(Opens());
+  Press("Down");  // the first list has the focus
+  EXPECT_TRUE(Until([this] { return form_.Fields().Combo1.Text() == "two"; }));
+}
+
+TEST_F(ViewProcess, HasOneWindowHoweverOftenItIsLoaded) {
+  ASSERT_TRUE(Opens());
+  form_.Load();
+  forms_.Load(form_);
+  EXPECT_THAT(Views(), SizeIs(1));
+}
+
+TEST_F(ViewProcess, WhateverEndsItTheFormIsUnloadedAndCanBeLoadedAgain) {
+  const auto signalView = [](int signal) {
+    for (const int view : Views()) ::kill(view, signal);
+  };
+  const auto closeWindow = [this] { Press("alt+F4"); };
+  const struct Case {
+    const char* Name;
+    std::function<void()> End;
+  } kCases[] = {
+      {"killed", [&] { signalView(SIGKILL); }},
+      {"crashed", [&] { signalView(SIGSEGV); }},
+      {"closed by the person", closeWindow},
+      {"unloaded", [&] { forms_.Unload(FormName::kReportsWin); }},
+      {"unloaded while it hangs",
+       [&] {
+         signalView(SIGSTOP);
+         forms_.Unload(FormName::kReportsWin);
+       }},
+      {"unloaded while its page never ends",
+       [&] {
+         Shows(kEndless);
+         forms_.Unload(FormName::kReportsWin);
+       }},
+      {"hangs for good", [&] { signalView(SIGSTOP); }},
+  };
+  for (const Case& c : kCases) {
+    ASSERT_TRUE(Opens()) << c.Name;
+    c.End();
+    EXPECT_TRUE(Until([this] { return !form_.Loaded(); })) << c.Name;
+    EXPECT_TRUE(Until([] { return Views().empty(); })) << c.Name;
+  }
+  EXPECT_TRUE(Opens());
+}
+
+TEST_F(ViewProcess, WhereItCantRunTheDefaultBrowserShowsThePage) {
+  const std::string broken = folder_.filePath("broken").toStdString();
+  std::ofstream(broken) << "#!/bin/sh\nexit 127\n";
+  QFile::setPermissions(QString::fromStdString(broken),
+                        QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+  for (const std::string& program : {std::string("/nowhere/at/all"), broken}) {
+    ReportsWindow window(program, simulated_.Opener);
+    bool gone = false;
+    window.Load(form_, [&] { gone = true; });
+    QLabel* line = nullptr;
+    const auto find = [&] {
+      for (QWidget* const shown : QApplication::topLevelWidgets()) {
+        if (shown->isVisible()) line = shown->findChild<QLabel*>("IE");
+      }
+      return line != nullptr;
+    };
+    ASSERT_TRUE(Until(find)) << program;
+    window.Navigate("/app/Report.html");
+    EXPECT_EQ(simulated_.Opener.Opened().back(), "/app/Report.html");
+    EXPECT_THAT(line->text().toStdString(), HasSubstr("/app/Report.html"));
+    window.SetBody("<SPAN>Error: no</SPAN>");
+    EXPECT_THAT(line->text().toStdString(), HasSubstr("Error: no"));
+    line->window()->close();
+    EXPECT_TRUE(gone) << program;
+    EXPECT_FALSE(window.Loaded());
+  }
+}
+
+}  // namespace
+}  // namespace quillbox
