@@ -14,8 +14,13 @@ endif()
 if(QUILLBOX_DESKTOP)
   install(TARGETS quillbox quillbox-sound DESTINATION "${QUILLBOX_PROGRAM_FOLDER}")
   set(assets "${PROJECT_SOURCE_DIR}/assets")
+  if(TARGET quillbox-report-view)
+    install(TARGETS quillbox-report-view DESTINATION "${QUILLBOX_PROGRAM_FOLDER}")
+  endif()
   install(FILES "${assets}/ReadMe.txt" "${assets}/skin/skin.ini"
     DESTINATION "${QUILLBOX_PROGRAM_FOLDER}")
+  install(DIRECTORY "${assets}/report/" DESTINATION "${QUILLBOX_PROGRAM_FOLDER}"
+    FILES_MATCHING PATTERN "*.js" PATTERN "*.css")
   install(DIRECTORY "${assets}/sounds/" DESTINATION "${QUILLBOX_PROGRAM_FOLDER}"
     FILES_MATCHING PATTERN "*.wav")
   install(DIRECTORY "${PROJECT_SOURCE_DIR}/skins" DESTINATION "${QUILLBOX_PROGRAM_FOLDER}"

@@ -5,17 +5,18 @@
 #include "desktop/autostart_entry.h"
 #include "desktop/local_single_instance.h"
 #include "desktop/qt_address_opener.h"
-#include "desktop/qt_cursor.h"
+#include "qt_tray/qt_cursor.h"
 #include "desktop/qt_event_pump.h"
-#include "desktop/qt_file_chooser.h"
-#include "desktop/qt_forms.h"
-#include "desktop/qt_message_boxes.h"
+#include "qt_windows/qt_file_chooser.h"
+#include "qt_windows/qt_forms.h"
+#include "desktop/qt_grant_asker.h"
+#include "qt_windows/qt_message_boxes.h"
 #include "desktop/qt_program_exit.h"
-#include "desktop/qt_report_browser.h"
 #include "desktop/qt_timers.h"
-#include "desktop/qt_tooltip_window.h"
-#include "desktop/qt_tray_host.h"
-#include "desktop/qt_tray_menu_host.h"
+#include "qt_tray/qt_tooltip_window.h"
+#include "qt_tray/qt_tray_host.h"
+#include "qt_tray/qt_tray_menu_host.h"
+#include "qt_windows/reports_window.h"
 #include "desktop/settings_per_user_store.h"
 #include "platform/host.h"
 #include "sound/sound_player.h"
@@ -30,7 +31,8 @@ namespace quillbox {
 // Needs a QApplication that outlives it.
 class DesktopHost {
  public:
-  explicit DesktopHost(const ApplicationFolder& folder);
+  // `fileMask`: of the programs that are started for the person.
+  DesktopHost(const ApplicationFolder& folder, mode_t fileMask);
   DesktopHost(const DesktopHost&) = delete;
   DesktopHost& operator=(const DesktopHost&) = delete;
 
@@ -49,18 +51,19 @@ class DesktopHost {
   QtTimers timers_;
   QtEventPump events_;
   AgentProcesses agents_;
+  QtGrantAsker grants_;
   QtTrayHost tray_;
   QtTrayMenuHost menus_;
   QtTooltipWindow tooltip_;
   QtCursor mouse_{tray_};
   QtMessageBoxes boxes_;
-  QtForms windows_;
   QtFileChooser chooser_;
-  QtReportBrowser browser_;
   SoundPlayer speaker_;
   LocalSingleInstance instance_;
   SystemNetworkState network_;
   QtAddressOpener opener_;
+  ReportsWindow browser_;
+  QtForms windows_{&browser_};
   AutostartEntry startUp_;
   QtProgramExit exit_;
 };

@@ -1,10 +1,12 @@
 #include "desktop/qt_address_opener.h"
 
+#include <sys/stat.h>
+
 #include <QFile>
 #include <QProcess>
 #include <string_view>
 
-#include "desktop/unicode_text.h"
+#include "qt_base/unicode_text.h"
 
 namespace quillbox {
 namespace {
@@ -16,22 +18,25 @@ bool IsAddress(const std::string& target) {
   return false;
 }
 
+}  // namespace
+
+void QtAddressOpener::Open(const std::string& target) {
+  if (IsAddress(target)) HandToDesktop(ToUnicode(target));
+  if (IsOwnFile(target)) HandToDesktop(QFile::decodeName(target.c_str()));
+}
+
 // Qt's own way to open an address writes it to the session's log when that fails, and recodes it.
-void HandToDesktop(const QString& target) {
+void QtAddressOpener::HandToDesktop(const QString& target) const {
   QProcess opener;
   opener.setProgram("xdg-open");
   opener.setArguments({target});
   opener.setStandardInputFile(QProcess::nullDevice());
   opener.setStandardOutputFile(QProcess::nullDevice());
   opener.setStandardErrorFile(QProcess::nullDevice());
+  // Qt changes nothing in a process that it detaches; nothing else creates files meanwhile.
+  const mode_t own = ::umask(fileMask_);
   opener.startDetached();
-}
-
-}  // namespace
-
-void QtAddressOpener::Open(const std::string& target) {
-  if (IsAddress(target)) HandToDesktop(ToUnicode(target));
-  if (IsOwnFile(target)) HandToDesktop(QFile::decodeName(target.c_str()));
+  ::umask(own);
 }
 
 bool QtAddressOpener::IsOwnFile(const std::string& path) const {

@@ -1,6 +1,10 @@
 // Addresses and files in the person's own programs.
 #pragma once
 
+#include <sys/types.h>
+
+#include <QString>
+
 #include "config/application_folder.h"
 #include "platform/address_opener.h"
 
@@ -11,14 +15,18 @@ namespace quillbox {
 // nowhere: an address can hold a password.
 class QtAddressOpener : public AddressOpener {
  public:
-  explicit QtAddressOpener(ApplicationFolder folder) : folder_(std::move(folder)) {}
+  // What is opened runs with this file mask, whatever the program's own is.
+  QtAddressOpener(ApplicationFolder folder, mode_t fileMask)
+      : folder_(std::move(folder)), fileMask_(fileMask) {}
 
   void Open(const std::string& target) override;
 
  private:
+  void HandToDesktop(const QString& target) const;
   bool IsOwnFile(const std::string& path) const;
 
   const ApplicationFolder folder_;
+  const mode_t fileMask_;
 };
 
 }  // namespace quillbox

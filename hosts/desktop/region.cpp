@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "desktop/region_texts.h"
-#include "desktop/unicode_text.h"
+#include "qt_base/unicode_text.h"
 
 namespace quillbox {
 namespace {

@@ -5,7 +5,7 @@
 #include <utility>
 #include <vector>
 
-#include "desktop/unicode_text.h"
+#include "qt_base/unicode_text.h"
 
 namespace quillbox {
 namespace {

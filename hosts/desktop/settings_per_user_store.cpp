@@ -8,7 +8,7 @@
 
 #include "desktop/settings_file_guard.h"
 #include "desktop/stored_name.h"
-#include "desktop/unicode_text.h"
+#include "qt_base/unicode_text.h"
 #include "text/letter_case.h"
 
 namespace quillbox {

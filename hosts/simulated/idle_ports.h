@@ -10,6 +10,7 @@
 #include "platform/event_pump.h"
 #include "platform/file_chooser.h"
 #include "platform/forms.h"
+#include "platform/grant_asker.h"
 #include "platform/message_boxes.h"
 #include "platform/network_state.h"
 #include "platform/program_exit.h"
@@ -30,6 +31,7 @@ class IdlePorts final : public AddressOpener,
                         public EventPump,
                         public FileChooser,
                         public Forms,
+                        public GrantAsker,
                         public MessageBoxes,
                         public NetworkState,
                         public ProgramExit,
@@ -48,6 +50,10 @@ class IdlePorts final : public AddressOpener,
   void PumpEvents() override { Refuse(); }
   void Sleep(std::chrono::milliseconds) override { Refuse(); }
   std::optional<std::string> Choose(const FileQuestion&) override { Refuse(); }
+  std::unique_ptr<GrantAsking> Ask(const GrantQuestion&,
+                                   std::function<void(const GrantAnswer&)>) override {
+    Refuse();
+  }
   void Load(AboutWin&) override { Refuse(); }
   void Load(Opts&) override { Refuse(); }
   void Load(Account&) override { Refuse(); }

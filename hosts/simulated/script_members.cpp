@@ -113,6 +113,11 @@ bool ScriptMembers::Flag(const char* name, bool whenMissing) {
   return value->get<bool>();
 }
 
+bool ScriptMembers::IsFlag(const char* name) {
+  const json* value = Find(name);
+  return value != nullptr && value->is_boolean();
+}
+
 std::uint64_t ScriptMembers::Number(const char* name, std::uint64_t whenMissing) {
   const json* value = Find(name);
   if (value == nullptr) return whenMissing;

@@ -28,6 +28,8 @@ class ScriptMembers {
   std::string Text(const char* name);
   std::optional<std::string> MaybeText(const char* name);
   bool Flag(const char* name, bool whenMissing);
+  // Whether the member is there and is true or false.
+  bool IsFlag(const char* name);
   std::uint64_t Number(const char* name, std::uint64_t whenMissing);
 
   // "400ms", "30s", "5m", "2h", "1d", or several in a row: "1h30m".

@@ -9,7 +9,7 @@ void ShowItems(SimulatedTrace& trace, const Menu& menu, const std::string& above
     if (item.Separator) continue;
     const std::string path = above + item.Caption;
     trace.Add("item", item.Enabled ? path : path + ", disabled",
-              {{"path", path}, {"enabled", item.Enabled ? "True" : "False"}});
+              {{"path", path}, {"enabled", std::string(BooleanText(item.Enabled))}});
     ShowItems(trace, item.Items, path + " > ");
   }
 }
@@ -32,6 +32,18 @@ void ShowFiles(SimulatedProgram& program) {
 
 void ShowMenu(SimulatedProgram& program) {
   if (program.Host.Runs()) ShowItems(program.Host.Effects, program.State().TrayMenu, "");
+}
+
+void ShowForm(SimulatedProgram& program, const ScriptForm& form) {
+  for (const Control* control : ControlsOf(program.Host.Windows, form.Form)) {
+    const std::string value = ControlValue(*control);
+    const std::string enabled(BooleanText(control->Enabled()));
+    program.Host.Effects.Add("control", control->Name() + "=" + value,
+                             {{"form", form.Name},
+                              {"control", control->Name()},
+                              {"value", value},
+                              {"enabled", enabled}});
+  }
 }
 
 }  // namespace quillbox

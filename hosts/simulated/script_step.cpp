@@ -6,6 +6,8 @@
 #include <vector>
 
 #include "evaluation/regions.h"
+#include "simulated/script_fields.h"
+#include "simulated/script_forms.h"
 #include "simulated/script_members.h"
 #include "simulated/script_mouse.h"
 #include "simulated/script_show.h"
@@ -155,6 +157,9 @@ Action ReadKill(ScriptMembers&) {
 }
 
 Action ReadShow(ScriptMembers& members) {
+  if (members.Text("what") == "form") {
+    return [form = ReadForm(members)](SimulatedProgram& program) { ShowForm(program, form); };
+  }
   return members.OneOf<Action>(
       "what", {{"settings", ShowSettings}, {"files", ShowFiles}, {"menu", ShowMenu}});
 }
@@ -170,7 +175,10 @@ constexpr std::pair<const char*, Reader> kKinds[] = {
     {"tray", ReadTray},         {"kill", ReadKill},
     {"show", ReadShow},         {"hover", ReadHover},
     {"leave", ReadLeave},       {"left", ReadLeft},
-    {"double", ReadDouble},     {"right", ReadRight}};
+    {"double", ReadDouble},     {"right", ReadRight},
+    {"set", ReadSet},           {"select", ReadSelect},
+    {"press", ReadPress},       {"closeBox", ReadCloseBox},
+    {"choose", ReadChoose},     {"grant", ReadGrant}};
 
 Reader FindKind(const std::string& name) {
   for (const auto& [known, reader] : kKinds) {

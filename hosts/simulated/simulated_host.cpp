@@ -31,6 +31,7 @@ SimulatedHost::SimulatedHost(std::uint64_t seed)
       Files({}, seed),
       TimerSource(Time),
       Agents(Time, Files, Effects, seed),
+      Grants(Time, Effects),
       Tray(Effects),
       TrayMenus(Time, Effects, [this](const std::string& item) { Choose(item); }),
       Tooltip(Effects),
@@ -48,9 +49,9 @@ SimulatedHost::SimulatedHost(std::uint64_t seed)
 }
 
 Host SimulatedHost::Ports() {
-  return {Store,   Variables, Files,    Time,    TimerSource, Time,    Agents,
-          Tray,    TrayMenus, Tooltip,  Mouse,   Boxes,       Windows, Chooser,
-          Browser, Speaker,   Instance, Network, Opener,      StartUp, exit_};
+  return {Store,   Variables, Files,   Time,   TimerSource, Time,    Agents,  Grants,
+          Tray,    TrayMenus, Tooltip, Mouse,  Boxes,       Windows, Chooser, Browser,
+          Speaker, Instance,  Network, Opener, StartUp,     exit_};
 }
 
 void SimulatedHost::Connect(HostEvents& events) {
@@ -100,6 +101,7 @@ void SimulatedHost::ProcessIsGone() {
   events_ = nullptr;
   TimerSource.StopAll();
   Agents.EndAll();
+  Grants.EndAll();
   Windows.ProgramEnded();
   Tooltip.ProgramEnded();
   Tray.LoseIcon();

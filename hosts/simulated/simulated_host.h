@@ -18,6 +18,7 @@
 #include "simulated/simulated_desk.h"
 #include "simulated/simulated_files.h"
 #include "simulated/simulated_forms.h"
+#include "simulated/simulated_grants.h"
 #include "simulated/simulated_store.h"
 #include "simulated/simulated_time.h"
 #include "simulated/simulated_timers.h"
@@ -44,6 +45,7 @@ class SimulatedHost {
   SimulatedEnvironment Variables;
   SimulatedTimers TimerSource;
   SimulatedAgents Agents;
+  SimulatedGrants Grants;
   SimulatedTray Tray;
   SimulatedTrayMenus TrayMenus;
   SimulatedTooltip Tooltip;

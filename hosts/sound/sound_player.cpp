@@ -3,7 +3,7 @@
 #include <chrono>
 #include <optional>
 
-#include "sound/find_sound_file.h"
+#include "config/find_sound_file.h"
 #include "sound/wave.h"
 
 namespace quillbox {

@@ -9,13 +9,14 @@
 
 namespace quillbox {
 
-void ProtectProcess() {
-  ::umask(S_IRWXG | S_IRWXO);
+mode_t ProtectProcess() {
+  const mode_t before = ::umask(S_IRWXG | S_IRWXO);
   const rlimit none{};
   ::setrlimit(RLIMIT_CORE, &none);
 #ifdef __linux__
   ::prctl(PR_SET_DUMPABLE, 0);
 #endif
+  return before;
 }
 
 }  // namespace quillbox

@@ -14,7 +14,7 @@
 #include "system/process_protection.h"
 
 int main(int argc, char* argv[]) {
-  quillbox::ProtectProcess();
+  const mode_t ownFileMask = quillbox::ProtectProcess();
   QApplication application(argc, argv);
   QApplication::setApplicationName("Quillbox");
   QApplication::setDesktopFileName("quillbox");
@@ -25,7 +25,7 @@ int main(int argc, char* argv[]) {
   });
 
   const quillbox::ApplicationFolder folder = quillbox::FindApplicationFolder();
-  quillbox::DesktopHost desktop(folder);
+  quillbox::DesktopHost desktop(folder, ownFileMask);
   const quillbox::Host ports = desktop.Ports();
   quillbox::Program program(ports, folder, quillbox::RegionOf(QLocale::system()),
                             quillbox::ThisBuild());

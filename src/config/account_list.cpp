@@ -25,6 +25,17 @@ std::string EntryAt(const std::vector<std::string>& list, std::size_t index) {
   return index < list.size() ? list[index] : std::string();
 }
 
+// Joined in, joined out; empty when any of them can't be unscrambled.
+std::string ClearPasswords(std::string_view stored) {
+  std::vector<std::string> passwords = SplitText(stored, kListSeparator);
+  for (std::string& password : passwords) {
+    const bool wasEmpty = password.empty();
+    password = UnscrambleText(password);
+    if (password.empty() && !wasEmpty) return {};
+  }
+  return JoinText(passwords, kListSeparator);
+}
+
 }  // namespace
 
 std::string AccountList::UsernameAt(std::size_t index) const {
@@ -41,33 +52,35 @@ std::string UnscrambleText(std::string_view text) {
   return Shifted(text, -1);
 }
 
-std::string LoadAccountPasswords(const SettingsStore& store) {
-  std::vector<std::string> passwords = SplitText(store.ReadSetting(kPasswords), kListSeparator);
-  for (std::string& password : passwords) {
-    const bool wasEmpty = password.empty();
-    password = UnscrambleText(password);
-    if (password.empty() && !wasEmpty) return {};
-  }
-  return JoinText(passwords, kListSeparator);
-}
-
-AccountList LoadAccountList(const SettingsStore& store) {
-  AccountList list;
-  list.Accounts = SplitText(store.ReadSetting(kAccounts), kListSeparator);
-  list.Usernames = SplitText(store.ReadSetting(kUsernames), kListSeparator);
-  list.Passwords = SplitText(LoadAccountPasswords(store), kListSeparator);
-  return list;
-}
-
-void SaveAccountList(SettingBatch& batch, const AccountList& list) {
+StoredAccountList ToStoredForm(const AccountList& list) {
   std::vector<std::string> usernames, scrambled;
   for (std::size_t i = 0; i < list.Accounts.size(); ++i) {
     usernames.push_back(list.UsernameAt(i));
     scrambled.push_back(ScrambleText(list.PasswordAt(i)));
   }
-  batch.Write(kAccounts, JoinText(list.Accounts, kListSeparator))
-      .Write(kUsernames, JoinText(usernames, kListSeparator))
-      .Write(kPasswords, JoinText(scrambled, kListSeparator));
+  return {JoinText(list.Accounts, kListSeparator), JoinText(usernames, kListSeparator),
+          JoinText(scrambled, kListSeparator)};
+}
+
+AccountList FromStoredForm(const StoredAccountList& stored) {
+  return {SplitText(stored.Accounts, kListSeparator), SplitText(stored.Usernames, kListSeparator),
+          SplitText(ClearPasswords(stored.Passwords), kListSeparator)};
+}
+
+std::string LoadAccountPasswords(const SettingsStore& store) {
+  return ClearPasswords(store.ReadSetting(kPasswords));
+}
+
+AccountList LoadAccountList(const SettingsStore& store) {
+  return FromStoredForm(
+      {store.ReadSetting(kAccounts), store.ReadSetting(kUsernames), store.ReadSetting(kPasswords)});
+}
+
+void SaveAccountList(SettingBatch& batch, const AccountList& list) {
+  const StoredAccountList stored = ToStoredForm(list);
+  batch.Write(kAccounts, stored.Accounts)
+      .Write(kUsernames, stored.Usernames)
+      .Write(kPasswords, stored.Passwords);
 }
 
 std::string ReadProxyUsername(const SettingsStore& store) {

@@ -28,6 +28,18 @@ std::string ScrambleText(std::string_view text);
 // The reverse. A text with a position whose code would fall below 0 gives the empty text.
 std::string UnscrambleText(std::string_view text);
 
+// The three lists as they are stored: joined, passwords scrambled.
+struct StoredAccountList {
+  std::string Accounts;
+  std::string Usernames;
+  std::string Passwords;
+};
+
+// The walk goes over Accounts: shorter lists count as filled up with empty entries, what is behind
+// the last account is left out. Not every list comes back as it was (see account_entry_check.h).
+StoredAccountList ToStoredForm(const AccountList& list);
+AccountList FromStoredForm(const StoredAccountList& stored);
+
 // The stored passwords in clear, joined as they were. Empty when any of them can't be unscrambled.
 std::string LoadAccountPasswords(const SettingsStore& store);
 

@@ -16,6 +16,9 @@ struct SettingKey {
 // Booleans are the texts "True" and "False"; anything but "True" is off.
 inline constexpr std::string_view kTrue = "True";
 inline constexpr std::string_view kFalse = "False";
+constexpr std::string_view BooleanText(bool on) {
+  return on ? kTrue : kFalse;
+}
 
 inline constexpr SettingKey kCheckForNewVersion{"General", "CheckForNewVersion"};
 inline constexpr SettingKey kCheckPrompted{"General", "CheckPrompted"};
@@ -40,15 +43,18 @@ inline constexpr SettingKey kPasswords{"AdSense", "Passwords"};
 inline constexpr SettingKey kPrimaryAccount{"AdSense", "PrimaryAccount"};
 
 inline constexpr SettingKey kAutoUpdateEnable{"AutoUpdate", "Enable"};
+inline constexpr std::string_view kDisabledAsItIs = "False:";  // off, and stays as it is stored
 inline constexpr SettingKey kAutoUpdateRate{"AutoUpdate", "Rate"};
 inline constexpr SettingKey kAutoUpdateWhenConnected{"AutoUpdate", "WhenConnected"};
 
-inline constexpr SettingKey kTrayIcon{"TrayIcon", "Icon"};  // full path, or "default"
+inline constexpr SettingKey kTrayIcon{"TrayIcon", "Icon"};  // full path, or kOwnIcon
+inline constexpr std::string_view kOwnIcon = "default";
 inline constexpr SettingKey kTrayAction{"TrayIcon", "Action"};
 inline constexpr SettingKey kTraySingleAction{"TrayIcon", "SingleAction"};
 inline constexpr SettingKey kShowBalloonWhen{"TrayIcon", "ShowBalloonWhen"};
 
 inline constexpr SettingKey kTooltipValues{"TrayTooltip", "Values"};  // letters A to M
+inline constexpr std::string_view kDefaultTooltipValues = "ABCDEFG";
 inline constexpr SettingKey kDataToDownload{"TrayTooltip", "DataToDownload"};
 inline constexpr SettingKey kShowDataByPage{"TrayTooltip", "ShowDataByPage"};
 inline constexpr SettingKey kDisplayAllStats{"TrayTooltip", "DisplayAllStats"};
@@ -91,6 +97,13 @@ inline constexpr std::string_view kDownloadContent = "AdSense for Content";
 inline constexpr std::string_view kDownloadSearch = "AdSense for Search";
 inline constexpr std::string_view kDownloadReferrals = "Referrals";
 inline constexpr std::string_view kDownloadAll = "All";
+inline constexpr std::array kDownloads = {kDownloadContent, kDownloadSearch, kDownloadReferrals,
+                                          kDownloadAll};
+inline constexpr std::string_view kDownloadAllFormerly = "Both";
+
+// Texts of ShowDataByPage.
+inline constexpr std::string_view kByAdUnit = "Individual Ad Unit";
+inline constexpr std::string_view kByPage = "Page";
 
 // Texts of Action and SingleAction.
 inline constexpr std::string_view kActionNone = "No Action";
@@ -98,6 +111,9 @@ inline constexpr std::string_view kActionOpenAccount = "Open primary AdSense acc
 inline constexpr std::string_view kActionOptions = "Open Quillbox Options";
 inline constexpr std::string_view kActionRefresh = "Refresh tooltip information";
 inline constexpr std::string_view kActionVisit = "Visit Tarnwick Works";
+inline constexpr std::array kActions = {kActionNone, kActionOpenAccount, kActionOptions,
+                                        kActionRefresh, kActionVisit};
+inline constexpr std::string_view kActionOpenAccountFormerly = "Open AdSense account";
 
 // Texts of ShowBalloonWhen.
 inline constexpr std::string_view kBalloonNever = "Never";
@@ -106,6 +122,14 @@ inline constexpr std::string_view kBalloonClicks = "Clicks Changes";
 inline constexpr std::string_view kBalloonRate = "Clickthrough Rate Changes";
 inline constexpr std::string_view kBalloonCpm = "Effective CPM Changes";
 inline constexpr std::string_view kBalloonEarnings = "Your Earnings Changes";
+inline constexpr std::array kBalloonConditions = {kBalloonNever,  kBalloonImpressions,
+                                                  kBalloonClicks, kBalloonRate,
+                                                  kBalloonCpm,    kBalloonEarnings};
+
+// The events of kSounds, in the same order; not stored.
+inline constexpr std::array<std::string_view, 6> kSoundEvents = {
+    kBalloonImpressions, kBalloonClicks,   kBalloonRate,
+    kBalloonCpm,         kBalloonEarnings, "AdSense Statistics Downloaded"};
 
 inline constexpr std::string_view kNoSound = "(None)";
 
@@ -133,6 +157,7 @@ inline constexpr std::array<UpdateRate, 18> kUpdateRates = {{
     {"Every 4 hours", 240},
     {"Every 5 hours", 300},
 }};
+inline constexpr std::string_view kDefaultUpdateRate = "Every 15 minutes";
 inline constexpr int kDefaultUpdateMinutes = 15;  // for every other text
 
 }  // namespace quillbox

@@ -81,7 +81,9 @@ bool TakeSeparator(std::string_view& in) {
 std::vector<DatePart> TakeParts(std::string_view in, const RegionalSettings& region) {
   TakeWhile(in, IsBlank);
   while (!in.empty() && IsBlank(in.back())) in.remove_suffix(1);
-  std::vector<DatePart> parts{TakePart(in, region)};
+  std::vector<DatePart> parts;
+  parts.reserve(3);
+  parts.push_back(TakePart(in, region));
   bool comma = false;
   while (!in.empty()) {
     if (parts.size() == 3) throw ConversionFailed{};
@@ -138,12 +140,12 @@ std::string OrderOf(const std::string& shortDate) {
   return order;
 }
 
-// The orders to be tried, best first. Regions with the year in front also read it at the end.
-std::vector<std::string> Orders(const RegionalSettings& region, std::size_t parts) {
-  const std::string order = OrderOf(region.ShortDate);
+// The orders to be tried after `order`, best first. Regions with the year in front also read it at
+// the end.
+std::vector<std::string> OtherOrders(const std::string& order) {
   const std::string dayAndMonth = WithoutYear(order);
-  if (parts == 2) return {dayAndMonth, Exchanged(dayAndMonth)};
-  return {order, Exchanged(order), "yMd", dayAndMonth + 'y', Exchanged(dayAndMonth) + 'y'};
+  if (order == dayAndMonth) return {Exchanged(order)};
+  return {Exchanged(order), "yMd", dayAndMonth + 'y', Exchanged(dayAndMonth) + 'y'};
 }
 
 }  // namespace
@@ -151,8 +153,12 @@ std::vector<std::string> Orders(const RegionalSettings& region, std::size_t part
 year_month_day ToDate(std::string_view text, const RegionalSettings& region, int currentYear) {
   const std::vector<DatePart> parts = TakeParts(text, region);
   if (parts.size() < 2) throw ConversionFailed{};
-  for (const std::string& order : Orders(region, parts.size())) {
-    if (const auto date = InOrder(parts, order, currentYear)) return *date;
+  std::string order = OrderOf(region.ShortDate);
+  if (parts.size() == 2) order = WithoutYear(order);
+  // Nearly every date is in the region's own order; building the others costs more than reading it.
+  if (const auto date = InOrder(parts, order, currentYear)) return *date;
+  for (const std::string& other : OtherOrders(order)) {
+    if (const auto date = InOrder(parts, other, currentYear)) return *date;
   }
   throw ConversionFailed{};
 }

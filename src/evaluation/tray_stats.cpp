@@ -51,4 +51,11 @@ void BuildAccountStatsMenus(const ProgramContext& program) {
   }
 }
 
+void RebuildAccountMenus(const ProgramContext& program) {
+  ClearAccountsMenu(program);
+  ClearOpenAccountMenu(program);
+  BuildAccountStatsMenus(program);
+  FillOpenAccountMenu(program);
+}
+
 }  // namespace quillbox

@@ -17,4 +17,7 @@ void UpdateTrayStats(const ProgramContext& program, const std::string& account);
 // Fills the emptied "Accounts" submenu with one popup of statistics for each account.
 void BuildAccountStatsMenus(const ProgramContext& program);
 
+// Brings both submenus of accounts up to date.
+void RebuildAccountMenus(const ProgramContext& program);
+
 }  // namespace quillbox

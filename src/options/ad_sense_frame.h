@@ -45,6 +45,7 @@ class AdSenseFrame {
   void Add_Click();
   void Edit_Click();
   void Remove_Click();
+  void RemoveSelected(std::size_t entry);
 
   const ProgramContext& program_;
   ChangeMark& mark_;

@@ -28,7 +28,7 @@ class GeneralFrame {
   void Apply();
 
  private:
-  void StartUpFieldClicked(const CheckBox& box);
+  void StartUpFieldClicked();
 
   const ProgramContext& program_;
   ChangeMark& mark_;

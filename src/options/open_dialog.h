@@ -12,9 +12,9 @@ namespace quillbox {
 
 // Paths are the host's own bytes.
 struct FileDialogResult {
-  std::int16_t FileCount = 0;      // 1, or 0 when cancelled
-  std::vector<std::string> Files;  // the file's name without its folder; none when cancelled
-  std::string Folder;              // with the separator at its end
+  std::int16_t FileCount = 0;        // 1, or 0 when cancelled
+  std::vector<std::string> Files{};  // the file's name without its folder; none when cancelled
+  std::string Folder{};              // with the separator at its end
   bool Cancelled = false;
 };
 

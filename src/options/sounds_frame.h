@@ -35,6 +35,8 @@ class SoundsFrame {
   void Apply();
 
  private:
+  // The entry of SoundChoices for the selected event; null when none is selected.
+  std::string* Choice();
   void Event_Click();
   void Sound_Click();
   void Browse_Click();

@@ -38,6 +38,9 @@ class TrayIconFrame {
   void Apply();
 
  private:
+  void SelectIcon_Click();
+  void ResetIcon_Click();
+
   const ProgramContext& program_;
   ChangeMark& mark_;
   OpenDialog& dialog_;

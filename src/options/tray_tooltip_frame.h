@@ -46,6 +46,8 @@ class TrayTooltipFrame {
   void Apply(const ListField& primaryAccount);
 
  private:
+  void LoadValues();
+
   const ProgramContext& program_;
   ChangeMark& mark_;
 };

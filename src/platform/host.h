@@ -12,6 +12,7 @@ class EventPump;
 class FileChooser;
 class Files;
 class Forms;
+class GrantAsker;
 class MessageBoxes;
 class NetworkState;
 class PerUserStore;
@@ -33,6 +34,7 @@ struct Host {
   Timers& TimerSource;
   EventPump& Events;
   AgentRunner& Agents;
+  GrantAsker& Grants;
   TrayHost& Tray;
   TrayMenuHost& TrayMenus;
   TooltipWindow& Tooltip;

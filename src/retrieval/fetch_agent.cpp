@@ -23,10 +23,12 @@ bool HoldsSomething(const Host& host, const std::string& log) {
 }  // namespace
 
 AgentId RunFetchAgent(const ProgramContext& program, const std::string& text) {
-  const SettingsStore& store = program.Store;
-  return program.Host.Agents.Start(
-      {text, ProxyVariables(store.ReadSetting(kProxyServer), store.ReadSetting(kProxyPort),
-                            ReadProxyUsername(store), ReadProxyPassword(store))});
+  return program.Host.Agents.Start({text, StoredProxyVariables(program.Store)});
+}
+
+std::vector<std::pair<std::string, std::string>> StoredProxyVariables(const SettingsStore& store) {
+  return ProxyVariables(store.ReadSetting(kProxyServer), store.ReadSetting(kProxyPort),
+                        ReadProxyUsername(store), ReadProxyPassword(store));
 }
 
 std::vector<std::pair<std::string, std::string>> ProxyVariables(std::string_view server,

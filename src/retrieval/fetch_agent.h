@@ -16,6 +16,9 @@ namespace quillbox {
 // Starts the agent with `text` and the stored proxy, and returns at once.
 AgentId RunFetchAgent(const ProgramContext& program, const std::string& text);
 
+// ProxyVariables of the stored proxy.
+std::vector<std::pair<std::string, std::string>> StoredProxyVariables(const SettingsStore& store);
+
 // The variables through which the agent's network library learns of a proxy; none without a server.
 std::vector<std::pair<std::string, std::string>> ProxyVariables(std::string_view server,
                                                                 std::string_view port,

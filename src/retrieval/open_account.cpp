@@ -6,8 +6,20 @@
 #include "platform/address_opener.h"
 #include "platform/message_boxes.h"
 #include "retrieval/sign_in_address.h"
+#include "text/grant_name.h"
 
 namespace quillbox {
+namespace {
+
+// The name of a grant is no password: the sign-in page gets nothing, and the person signs in there.
+std::string AddressOf(const ProgramContext& program, std::size_t index) {
+  const std::string& host = program.Build.ServiceHost;
+  const std::string password = program.State.PasswordAt(index);
+  if (IsGrantName(password)) return "https://" + host + "/";
+  return SignInAddress(program.State.UsernameAt(index), password, host);
+}
+
+}  // namespace
 
 void OpenAccount(const ProgramContext& program, std::string name) {
   const AppState& state = program.State;
@@ -21,8 +33,7 @@ void OpenAccount(const ProgramContext& program, std::string name) {
   const auto found = std::find(state.Accounts.begin(), state.Accounts.end(), name);
   if (found == state.Accounts.end()) return;
   const auto index = static_cast<std::size_t>(found - state.Accounts.begin());
-  program.Host.Opener.Open(
-      SignInAddress(state.UsernameAt(index), state.PasswordAt(index), program.Build.ServiceHost));
+  program.Host.Opener.Open(AddressOf(program, index));
 }
 
 }  // namespace quillbox

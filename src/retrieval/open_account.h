@@ -8,7 +8,8 @@
 namespace quillbox {
 
 // `name` is an account's; the empty text stands for the primary account. A name that isn't among
-// the accounts opens nothing; without any account a message box says what to do.
+// the accounts opens nothing; without any account a message box says what to do. An account that
+// has the name of a grant for its password opens the service's start page, not signed in.
 void OpenAccount(const ProgramContext& program, std::string name);
 
 }  // namespace quillbox

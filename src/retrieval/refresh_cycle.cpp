@@ -121,13 +121,6 @@ void RefreshAccounts(const ProgramContext& program) {
   }
 }
 
-void RebuildAccountMenus(const ProgramContext& program) {
-  ClearAccountsMenu(program);
-  ClearOpenAccountMenu(program);
-  BuildAccountStatsMenus(program);
-  FillOpenAccountMenu(program);
-}
-
 void PlayDownloaded(const ProgramContext& program) {
   const std::string file = program.Store.ReadSetting(kDownloadedSound);
   if (!file.empty()) program.Host.Speaker.PlaySoundFile(file);

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "platform/forms.h"
 #include "shell/mod_main.h"
 
 namespace quillbox {
@@ -15,6 +16,10 @@ Program::Program(const Host& host, ApplicationFolder folder, RegionalSettings re
       store_(host_.Store, host_.Disk, folder_, state_.SettingsProfile),
       context_{state_, store_, host_, folder_, region_, build_},
       form_(context_) {}
+
+Program::~Program() {
+  host_.Windows.UnloadAll();
+}
 
 void Program::Main() {
   quillbox::Main(context_, form_);

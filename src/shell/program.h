@@ -17,6 +17,9 @@ class Program {
   // The ports that `host` refers to must outlive the program.
   Program(const Host& host, ApplicationFolder folder, RegionalSettings region, BuildValues build);
 
+  // Its windows close with it.
+  ~Program();
+
   Program(const Program&) = delete;
   Program& operator=(const Program&) = delete;
 

@@ -9,7 +9,7 @@
 #include <QPushButton>
 
 #include "about/about_win.h"
-#include "desktop/qt_forms.h"
+#include "qt_windows/qt_forms.h"
 
 namespace quillbox {
 namespace {
@@ -115,7 +115,7 @@ TEST_F(AboutFormTest, ReturnAndEscapeCloseIt) {
 
 TEST_F(AboutFormTest, ClosesWithTheProgram) {
   forms_.UnloadAll();
-  EXPECT_EQ(window_, nullptr);
+  EXPECT_TRUE(IsGone());
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 // What is handed to the person's own programs, and what is not.
 #include <gmock/gmock.h>
+#include <sys/stat.h>
 
 #include <QTemporaryDir>
 #include <filesystem>
@@ -23,6 +24,7 @@ class AddressOpenerTest : public testing::Test {
   // Takes the place of the desktop's opener; like it, it talks.
   void InstallOpener() {
     std::ofstream(Path("xdg-open")) << "#!/bin/sh\necho \"can't open $1\" >&2\necho \"$1\"\n"
+                                    << "umask > " << Path("mask") << "\n"
                                     << "printf '%s\\n' \"$1\" >> " << Path("opened") << "\n";
     fs::permissions(Path("xdg-open"), fs::perms::owner_all);
   }
@@ -36,7 +38,7 @@ class AddressOpenerTest : public testing::Test {
 
   const QTemporaryDir folder_;
   const QByteArray path_;
-  QtAddressOpener opener_{ApplicationFolder("/opt/quillbox", "/srv/data", '/')};
+  QtAddressOpener opener_{ApplicationFolder("/opt/quillbox", "/srv/data", '/'), 0027};
 };
 
 TEST_F(AddressOpenerTest, HandsOverAddressesAndOwnFilesByteForByteAndNothingElse) {
@@ -69,6 +71,17 @@ TEST_F(AddressOpenerTest, HandsOverAddressesAndOwnFilesByteForByteAndNothingElse
     EXPECT_EQ(Opened().front(), c.handedOver == nullptr ? "http://after" : c.handedOver)
         << c.target;
   }
+}
+
+TEST_F(AddressOpenerTest, WhatIsOpenedHasThePersonsFileMaskAndTheProgramKeepsItsOwn) {
+  InstallOpener();
+  const mode_t before = ::umask(0077);
+  opener_.Open("http://h/");
+  EXPECT_EQ(::umask(before), 0077U);
+  ASSERT_TRUE(ComesAbout([&] { return !Opened().empty(); }));
+  std::string mask;
+  std::ifstream(Path("mask")) >> mask;
+  EXPECT_EQ(mask, "0027");
 }
 
 TEST_F(AddressOpenerTest, NothingIsWrittenWhetherItCanBeOpenedOrNot) {

@@ -1,4 +1,4 @@
-#include "desktop/notification_service.h"
+#include "qt_tray/notification_service.h"
 
 #include <gtest/gtest.h>
 

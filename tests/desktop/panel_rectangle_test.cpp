@@ -1,4 +1,4 @@
-#include "desktop/panel_rectangle.h"
+#include "qt_tray/panel_rectangle.h"
 
 #include <gtest/gtest.h>
 

@@ -14,7 +14,9 @@ class PlayedWatcher : public FakeBusService {
             busAddress, "org.kde.StatusNotifierWatcher", "/StatusNotifierWatcher",
             [this](const QDBusMessage& call) {
               if (call.member() != "Get") return QVariantList();
-              return QVariantList{QVariant::fromValue(QDBusVariant(HasHost))};
+              const bool answer = HasHost && NoesBefore <= 0;
+              if (HasHost && NoesBefore > 0) --NoesBefore;
+              return QVariantList{QVariant::fromValue(QDBusVariant(answer))};
             },
             "<interface name='org.kde.StatusNotifierWatcher'>"
             "<property name='IsStatusNotifierHostRegistered' type='b' access='read'/>"
@@ -22,6 +24,7 @@ class PlayedWatcher : public FakeBusService {
             "</interface>") {}
 
   bool HasHost = false;  // that shows the icons
+  int NoesBefore = 0;    // so often it says that it has none, before it says that it has
 };
 
 }  // namespace quillbox

@@ -2,19 +2,14 @@
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
-#include <chrono>
-#include <csignal>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <random>
-#include <thread>
 #include <vector>
 
-#include "desktop/rounds.h"
+#include "options/apply_kills.h"
+#include "simulated/simulated_files.h"
 
 namespace quillbox {
 namespace {
@@ -141,32 +136,9 @@ TEST_F(SettingsPerUserStoreTest, SeesWhatAnotherProcessHasWritten) {
   EXPECT_EQ(store_.Read("A", "key"), "from outside");
 }
 
-// Writes batches whose three values are equal, until it is killed.
-[[noreturn]] void WriteForEver() {
-  SettingsPerUserStore store;
-  for (int i = 0;; ++i) {
-    const std::string value = std::to_string(i);
-    const SettingChange changes[] = {{"A", "one", value}, {"A", "two", value}, {"B", "one", value}};
-    store.Apply(changes);
-  }
-}
-
-TEST_F(SettingsPerUserStoreTest, AKillLeavesTheOldOrTheNewBatch) {
-  std::mt19937_64 random(1);
-  for (int round = 0; round < Rounds(); ++round) {
-    const pid_t writer = ::fork();
-    if (writer == 0) WriteForEver();
-    std::this_thread::sleep_for(std::chrono::microseconds(5000 + random() % 20000));
-    ::kill(writer, SIGKILL);
-    ::waitpid(writer, nullptr, 0);
-    const std::string value = store_.Read("A", "one");
-    EXPECT_NE(value, "") << round;
-    EXPECT_EQ(store_.Read("A", "two"), value) << round;
-    EXPECT_EQ(store_.Read("B", "one"), value) << round;
-    // What the killed one left behind doesn't keep the next one from writing.
-    Write("A", "next", std::to_string(round));
-    EXPECT_EQ(store_.Read("A", "next"), std::to_string(round));
-  }
+TEST_F(SettingsPerUserStoreTest, AKilledApplyLeavesOldOrNewSettings) {
+  SimulatedFiles files;  // not in use
+  ExpectOldOrNewAfterKills(store_, files, "/app", "");
 }
 
 }  // namespace

@@ -17,7 +17,7 @@
 #include <iostream>
 #include <string>
 
-#include "desktop/qt_tooltip_window.h"
+#include "qt_tray/qt_tooltip_window.h"
 #include "system/system_files.h"
 #include "tooltip/tooltip_picture.h"
 

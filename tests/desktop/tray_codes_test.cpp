@@ -1,8 +1,8 @@
 // How what a tray and a screen report becomes the program's own codes and pixels.
 #include <gtest/gtest.h>
 
-#include "desktop/activations.h"
-#include "desktop/qt_cursor.h"
+#include "qt_tray/activations.h"
+#include "qt_tray/qt_cursor.h"
 
 namespace quillbox {
 namespace {

@@ -1,8 +1,8 @@
-#include "desktop/tray_menu_view.h"
+#include "qt_tray/tray_menu_view.h"
 
 #include <gmock/gmock.h>
 
-#include "desktop/unicode_text.h"
+#include "qt_base/unicode_text.h"
 
 namespace quillbox {
 namespace {

@@ -164,9 +164,12 @@ class StatusNotifierMouseTest : public TrayMouseTest {
     watcher_.HasHost = true;
     watcher_.Appear();
     quillbox_ = StartQuillbox();
-    const auto items = [&] { return watcher_.Calls("RegisterStatusNotifierItem"); };
-    ASSERT_TRUE(ComesAbout([&] { return !items().empty(); }));
-    icon_ = items().back().service();
+    AwaitIcon(1);
+  }
+  void AwaitIcon(std::size_t number) {
+    const auto icons = [&] { return watcher_.Calls("RegisterStatusNotifierItem"); };
+    ASSERT_TRUE(ComesAbout([&] { return icons().size() == number; }));
+    icon_ = icons().back().service();
   }
 
   void Call(const QString& method) {
@@ -202,6 +205,19 @@ TEST_F(StatusNotifierMouseTest, MiddleButtonOpensTheWindowUntilTheCursorMoves) {
     PointElsewhere();
     ASSERT_TRUE(TooltipGoes()) << round;
   }
+}
+
+// The dock is there first, and the host comes while the program looks.
+TEST_F(StatusNotifierMouseTest, APanelOfBothKindsIsTakenForTheKindThatQtFound) {
+  desktop_.StartTray();
+  watcher_.NoesBefore = 1;
+  Register();
+  watcher_.Signal("StatusNotifierHostRegistered");
+  AwaitIcon(2);
+  Call("SecondaryActivate");
+  EXPECT_TRUE(TooltipComes());
+  Call("ContextMenu");
+  EXPECT_TRUE(MenuComes());
 }
 
 TEST_F(StatusNotifierMouseTest, AHostThatShowsNoMenusGetsOurs) {

@@ -6,6 +6,7 @@
 #include <fstream>
 
 #include "config/account_list.h"
+#include "config/setting_keys.h"
 #include "desktop/docked_icons.h"
 #include "desktop/fake_bus_service.h"
 #include "desktop/played_watcher.h"
@@ -45,22 +46,27 @@ TEST_F(TrayTest, IconComesBackEachTimeTheTrayWasRestarted) {
   desktop_.StartTray();
   const auto quillbox = StartQuillbox();
   ASSERT_TRUE(IconComes());
+  LongestWait longest;
   for (int round = 0; round < Rounds(); ++round) {
     desktop_.KillTray();
     ASSERT_TRUE(IconGoes()) << round;
     desktop_.StartTray();
-    ASSERT_TRUE(IconComes()) << round;
+    ASSERT_TRUE(longest.Of([&] { return IconComes(); })) << round;
   }
   EXPECT_EQ(quillbox->state(), QProcess::Running);
 }
 
-TEST_F(TrayTest, IconComesWhenTheTrayIsLate) {
-  const auto quillbox = StartQuillbox();
-  const std::string before = Settings();
-  ASSERT_TRUE(ComesAbout(HasBegun)) << before;
-  EXPECT_TRUE(DockedIcons(desktop_.Display()).empty());
-  desktop_.StartTray();
-  EXPECT_TRUE(IconComes());
+TEST_F(TrayTest, IconComesEachTimeTheTrayIsLate) {
+  LongestWait longest;
+  for (int round = 0; round < Rounds(); ++round) {
+    Store(SettingBatch().Write(kRuns, "1"));
+    const auto quillbox = StartQuillbox();
+    ASSERT_TRUE(ComesAbout(HasBegun)) << round << Settings();
+    EXPECT_TRUE(DockedIcons(desktop_.Display()).empty()) << round;
+    desktop_.StartTray();
+    ASSERT_TRUE(longest.Of([&] { return IconComes(); })) << round;
+    desktop_.KillTray();
+  }
 }
 
 TEST_F(TrayTest, ASecondStartEndsAndLeavesNoTrace) {

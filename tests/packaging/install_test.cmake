@@ -4,7 +4,8 @@ execute_process(COMMAND "${CMAKE_COMMAND}" --install "${BUILD}" --prefix "${PREF
   OUTPUT_QUIET COMMAND_ERROR_IS_FATAL ANY)
 
 set(expected
-  ${FOLDER}/dl ${FOLDER}/quillbox ${FOLDER}/quillbox-sound ${FOLDER}/ReadMe.txt ${FOLDER}/skin.ini
+  ${FOLDER}/dl ${FOLDER}/quillbox ${FOLDER}/quillbox-sound ${FOLDER}/graphs.js ${FOLDER}/NiceTitle.js
+  ${FOLDER}/NiceTitleAutoWidth.css ${FOLDER}/ReadMe.txt ${FOLDER}/skin.ini
   ${FOLDER}/Downloaded.wav ${FOLDER}/skins/dark/skin.ini ${FOLDER}/skins/paper/Skin.gif
   ${BIN}/quillbox-replay ${DATA}/applications/quillbox.desktop
   ${DATA}/icons/hicolor/48x48/apps/quillbox.png ${DATA}/icons/hicolor/scalable/apps/quillbox.svg)

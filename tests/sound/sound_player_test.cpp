@@ -4,16 +4,14 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
-#include <QFile>
-#include <QTemporaryDir>
 #include <optional>
-#include <string>
 
 #include "sound/player_processes.h"
 #include "sound/recorder.h"
 #include "sound/sound_server.h"
 #include "sound/tone.h"
 #include "system/system_files.h"
+#include "system/temporary_folder.h"
 
 namespace quillbox {
 namespace {
@@ -23,159 +21,116 @@ constexpr int kLow = 500, kHigh = 1700;  // hertz
 class SoundPlayerTest : public testing::Test {
  protected:
   SoundPlayerTest() {
-    Write("low.wav", WaveFile({.Hertz = kLow, .Milliseconds = 1500}));
-    Write("high.wav", WaveFile({.Hertz = kHigh}));
+    data_.Put("low.wav", WaveFile({.Hertz = kLow, .Milliseconds = 1500}));
+    data_.Put("high.wav", WaveFile({.Hertz = kHigh}));
   }
 
-  std::string Path(const std::string& name) const {
-    return data_.path().toStdString() + "/" + name;
+  SoundPlayer PlayerOf(const std::string& folder) {
+    return {ApplicationFolder(folder, data_.Path(), '/'), files_};
   }
 
-  void Write(const std::string& name, const std::string& content) const {
-    QFile file(QString::fromStdString(Path(name)));
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(content.data(), static_cast<qint64>(content.size()));
-  }
-
-  const QTemporaryDir data_;
+  const TemporaryFolder data_;
   SystemFiles files_;
-  SoundPlayer player_{ApplicationFolder(QUILLBOX_SOUND_FOLDER, data_.path().toStdString(), '/'),
-                      files_};
+  SoundServer server_;
+  std::optional<Recorder> recorder_{std::in_place};
+  SoundPlayer player_ = PlayerOf(QUILLBOX_SOUND_FOLDER);
 };
 
-TEST_F(SoundPlayerTest, PlaysASound) {
-  const SoundServer server;
-  Recorder recorder;
+TEST_F(SoundPlayerTest, PlaysASoundWithoutALibraryHere) {
   player_.PlaySoundFile("High.WAV");
-  EXPECT_TRUE(recorder.Hears(kHigh));
-  EXPECT_TRUE(recorder.HearsSilence());
-  EXPECT_FALSE(recorder.HasHeard(kLow));
+  EXPECT_TRUE(recorder_->Hears(kHigh));
+  EXPECT_TRUE(recorder_->HearsSilence());
+  EXPECT_FALSE(recorder_->HasHeard(kLow));
   EXPECT_TRUE(PlayersEnd());
+  EXPECT_FALSE(HasLoaded("Multimedia"));
+  EXPECT_FALSE(HasLoaded("libpulse"));
+  EXPECT_TRUE(HasLoaded("libQt6Core"));
 }
 
-TEST_F(SoundPlayerTest, PlaysEveryFormOfSample) {
-  const SoundServer server;
-  Recorder recorder;
+TEST_F(SoundPlayerTest, PlaysEveryFormOfSampleAndTheSoundsOfTheProgram) {
   int hertz = 600;
-  for (const Tone& form : {Tone{.Bits = 8}, Tone{.Channels = 2, .Bits = 24},
-                           Tone{.Rate = 44100, .Bits = 32}, Tone{.Bits = 32, .IsFloat = true}}) {
-    Tone tone = form;
+  for (Tone tone : {Tone{.Bits = 8}, Tone{.Channels = 2, .Bits = 24},
+                    Tone{.Rate = 44100, .Bits = 32}, Tone{.Bits = 32, .IsFloat = true}}) {
     tone.Hertz = hertz += 200;
-    Write("form.wav", WaveFile(tone));
+    data_.Put("form.wav", WaveFile(tone));
     player_.PlaySoundFile("form.wav");
-    EXPECT_TRUE(recorder.Hears(hertz)) << form.Bits << " bits, float " << form.IsFloat;
+    EXPECT_TRUE(recorder_->Hears(hertz)) << tone.Bits << " bits, float " << tone.IsFloat;
     EXPECT_TRUE(PlayersEnd());
   }
-}
-
-TEST_F(SoundPlayerTest, PlaysTheSoundsOfTheProgram) {
-  const SoundServer server;
-  Recorder recorder;
   player_.PlaySoundFile("Impressions.wav");
-  EXPECT_TRUE(recorder.Hears(1047));  // its note is a C
-  EXPECT_TRUE(PlayersEnd());
+  EXPECT_TRUE(recorder_->Hears(1047));  // its note is a C
 }
 
 TEST_F(SoundPlayerTest, ASecondSoundDoesNotStartOverTheFirst) {
-  const SoundServer server;
-  Recorder recorder;
   player_.PlaySoundFile("low.wav");
   player_.PlaySoundFile("high.wav");  // before the first one is heard
-  EXPECT_TRUE(recorder.Hears(kLow));
+  EXPECT_TRUE(recorder_->Hears(kLow));
   player_.PlaySoundFile("high.wav");  // while it is
   EXPECT_EQ(PlayerProcesses(), 1);
-  EXPECT_TRUE(recorder.HearsSilence());
-  EXPECT_FALSE(recorder.HasHeard(kHigh));
+  EXPECT_TRUE(recorder_->HearsSilence());
+  EXPECT_FALSE(recorder_->HasHeard(kHigh));
 
   EXPECT_TRUE(PlayersEnd());
   player_.PlaySoundFile("high.wav");
-  EXPECT_TRUE(recorder.Hears(kHigh));
+  EXPECT_TRUE(recorder_->Hears(kHigh));
 }
 
 TEST_F(SoundPlayerTest, ABadFileIsSilentAndNotInTheWay) {
-  const SoundServer server;
-  Recorder recorder;
-  Write("text.wav", "This is no sound.");
-  Write("empty.wav", "");
-  Write("header.wav", WaveFile({.Hertz = kHigh}).substr(0, 44));
-  ::mkfifo(Path("pipe.wav").c_str(), S_IRUSR | S_IWUSR);
+  data_.Put("text.wav", "This is no sound.");
+  data_.Put("empty.wav", "");
+  data_.Put("header.wav", WaveFile({.Hertz = kHigh}).substr(0, 44));
+  ::mkfifo(data_.File("pipe.wav").c_str(), S_IRUSR | S_IWUSR);
   for (const char* file : {"text.wav", "empty.wav", "header.wav", "pipe.wav", "absent.wav",
                            "(None)", "", "/dev/zero", "..", "/"}) {
     player_.PlaySoundFile(file);
     EXPECT_EQ(PlayerProcesses(), 0) << file;
   }
   player_.PlaySoundFile("low.wav");
-  EXPECT_TRUE(recorder.Hears(kLow));
-}
-
-TEST_F(SoundPlayerTest, IsSilentWithoutASoundServer) {
-  qputenv("PULSE_SERVER", "unix:/nonexistent");
-  player_.PlaySoundFile("low.wav");
-  EXPECT_TRUE(PlayersEnd());
-
-  const SoundServer server;
-  Recorder recorder;
-  player_.PlaySoundFile("high.wav");
-  EXPECT_TRUE(recorder.Hears(kHigh));
+  EXPECT_TRUE(recorder_->Hears(kLow));
 }
 
 TEST_F(SoundPlayerTest, IsSilentWithoutThePlayer) {
-  SoundPlayer alone(ApplicationFolder("/nonexistent", data_.path().toStdString(), '/'), files_);
-  alone.PlaySoundFile("low.wav");
+  PlayerOf("/nonexistent").PlaySoundFile("low.wav");
   EXPECT_TRUE(PlayersEnd());
 }
 
 // That the call returns while the server is frozen is the test: nobody else would thaw it.
 TEST_F(SoundPlayerTest, DoesNotWaitForAServerThatHangs) {
-  SoundServer server;
-  Recorder recorder;
-  server.Freeze();
+  server_.Freeze();
   player_.PlaySoundFile("high.wav");
   player_.PlaySoundFile("low.wav");
   EXPECT_EQ(PlayerProcesses(), 1);
-  server.Thaw();
-  EXPECT_TRUE(recorder.Hears(kHigh));
+  server_.Thaw();
+  EXPECT_TRUE(recorder_->Hears(kHigh));
   EXPECT_TRUE(PlayersEnd());
 
-  server.Freeze();
+  server_.Freeze();
   player_.PlaySoundFile("high.wav");
   EXPECT_TRUE(PlayersEnd());  // with a server that never answers
-  server.Thaw();
+  server_.Thaw();
 }
 
-TEST_F(SoundPlayerTest, GoesOnWithAServerThatCameAnew) {
-  SoundServer server;
-  std::optional<Recorder> recorder(std::in_place);
+TEST_F(SoundPlayerTest, IsSilentWithoutASoundServerAndGoesOnWithANewOne) {
   player_.PlaySoundFile("low.wav");
-  EXPECT_TRUE(recorder->Hears(kLow));
-  server.Kill();
+  EXPECT_TRUE(recorder_->Hears(kLow));
+  server_.Kill();
+  EXPECT_TRUE(PlayersEnd());
+  player_.PlaySoundFile("low.wav");
   EXPECT_TRUE(PlayersEnd());
 
-  server.StartAgain();
-  recorder.emplace();
+  server_.StartAgain();
+  recorder_.emplace();
   player_.PlaySoundFile("high.wav");
-  EXPECT_TRUE(recorder->Hears(kHigh));
+  EXPECT_TRUE(recorder_->Hears(kHigh));
 }
 
 TEST_F(SoundPlayerTest, EndsItsPlayerWithItself) {
-  const SoundServer server;
   {
-    SoundPlayer passing(ApplicationFolder(QUILLBOX_SOUND_FOLDER, data_.path().toStdString(), '/'),
-                        files_);
+    SoundPlayer passing = PlayerOf(QUILLBOX_SOUND_FOLDER);
     passing.PlaySoundFile("low.wav");
     EXPECT_EQ(PlayerProcesses(), 1);
   }
   EXPECT_EQ(PlayerProcesses(), 0);
-}
-
-TEST_F(SoundPlayerTest, LoadsNoSoundLibraryHere) {
-  const SoundServer server;
-  Recorder recorder;
-  player_.PlaySoundFile("high.wav");
-  EXPECT_TRUE(recorder.Hears(kHigh));
-  EXPECT_FALSE(HasLoaded("Multimedia"));
-  EXPECT_FALSE(HasLoaded("libpulse"));
-  EXPECT_TRUE(HasLoaded("libQt6Core"));
 }
 
 }  // namespace

@@ -39,20 +39,9 @@ TEST(Wave, HasTheFormThatItsHeaderTells) {
 }
 
 // Chunks between, one of an odd size and so followed by a byte that belongs to none.
-TEST(Wave, FindsTheSoundBehindOtherChunks) {
-  std::string file = WaveFile({});
-  file.insert(36, std::string("LIST\x03\x00\x00\x00"
-                              "abc\x00"
-                              "data?\x00\x00\x00",
-                              8 + 4)
-                      .append(std::string("junk\x00\x00\x00\x00", 8)));
-  const auto wave = ReadWave(file);
-  ASSERT_TRUE(wave);
-  EXPECT_EQ(LengthOf(*wave), 400ms);
-}
-
-TEST(Wave, GivesTheWholeFramesThatAreThere) {
-  const std::string file = WaveFile({.Channels = 2}).substr(0, 44 + 4 * 100 + 3);
+TEST(Wave, FindsTheWholeFramesThatAreThereBehindOtherChunks) {
+  std::string file = WaveFile({.Channels = 2}).substr(0, 44 + 4 * 100 + 3);
+  file.insert(36, std::string("LIST\x03\0\0\0abc\0junk\0\0\0\0", 20));
   const auto wave = ReadWave(file);
   ASSERT_TRUE(wave);
   EXPECT_EQ(wave->Frames.size(), 400U);
@@ -63,11 +52,7 @@ TEST(Wave, RefusesWhatHoldsNoSound) {
   const auto with = [&](std::size_t at, const std::string& bytes) {
     return std::string(good).replace(at, bytes.size(), bytes);
   };
-  struct Case {
-    const char* What;
-    std::string File;
-  };
-  const Case kCases[] = {
+  const std::pair<const char*, std::string> kCases[] = {
       {"nothing", ""},
       {"a text", "This is no sound at all, however long it may be."},
       {"a picture", "\x89PNG\r\n\x1a\n" + std::string(100, 'x')},
@@ -85,9 +70,7 @@ TEST(Wave, RefusesWhatHoldsNoSound) {
       {"12 bits", with(34, std::string("\x0C\x00", 2))},
       {"a chunk that fills the address space", with(16, "\xFF\xFF\xFF\xFF")},
   };
-  for (const Case& row : kCases) {
-    EXPECT_FALSE(ReadWave(row.File)) << row.What;
-  }
+  for (const auto& [what, file] : kCases) EXPECT_FALSE(ReadWave(file)) << what;
 }
 
 }  // namespace

@@ -1,0 +1,101 @@
+#include "desktop/qt_grant_asker.h"
+
+#include <sys/stat.h>
+
+#include <QFile>
+#include <QProcess>
+#include <QProcessEnvironment>
+#include <utility>
+
+#include "qt_base/end_with_parent.h"
+#include "qt_base/unicode_text.h"
+#include "text/grant_name.h"
+
+namespace quillbox {
+namespace {
+
+constexpr char kNoProgram[] =
+    "The program \"dl\", which asks for access, is missing or has broken down.";
+
+QProcessEnvironment ChangedEnvironment(const GrantQuestion& question) {
+  QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+  for (const auto& [name, value] : question.Environment) {
+    if (value.empty()) {
+      environment.remove(ToUnicode(name));
+    } else {
+      environment.insert(ToUnicode(name), ToUnicode(value));
+    }
+  }
+  return environment;
+}
+
+// The last paragraph says why; what stands before was of use while it ran.
+std::string Reason(const QByteArray& words) {
+  const QString text = QString::fromUtf8(words).trimmed();
+  return ToCodePageWithGaps(text.mid(text.lastIndexOf("\n\n") + 1).simplified());
+}
+
+GrantAnswer AnswerOf(QProcess& ended) {
+  const bool exited =
+      ended.error() == QProcess::UnknownError && ended.exitStatus() == QProcess::NormalExit;
+  const std::string name = ended.readAllStandardOutput().trimmed().toStdString();
+  if (exited && ended.exitCode() == 0 && IsGrantName(name)) return {name, ""};
+  const std::string reason = exited ? Reason(ended.readAllStandardError()) : "";
+  return {"", reason.empty() ? kNoProgram : reason};
+}
+
+class Asking final : public GrantAsking {
+ public:
+  Asking(const std::string& program, mode_t fileMask, const GrantQuestion& question,
+         std::function<void(const GrantAnswer&)> done)
+      : process_(std::make_unique<QProcess>()), done_(std::move(done)) {
+    process_->setProgram(QFile::decodeName(program.c_str()));
+    process_->setArguments({"authorize", ToUnicode(question.Email)});
+    process_->setProcessEnvironment(ChangedEnvironment(question));
+    process_->setStandardInputFile(QProcess::nullDevice());
+    process_->setChildProcessModifier([fileMask] {
+      ::umask(fileMask);
+      EndWithParent();
+    });
+    // From the event loop: `done` may destroy this.
+    QObject::connect(
+        process_.get(), &QProcess::finished, &here_, [this] { Ended(); }, Qt::QueuedConnection);
+    QObject::connect(
+        process_.get(), &QProcess::errorOccurred, &here_,
+        [this] {
+          if (process_->error() == QProcess::FailedToStart) Ended();
+        },
+        Qt::QueuedConnection);
+    process_->start();
+  }
+
+  // It is killed; nobody waits for that.
+  ~Asking() override {
+    process_->disconnect();
+    if (process_->state() == QProcess::NotRunning) return;
+    QProcess* const process = process_.release();
+    QObject::connect(process, &QProcess::finished, process, &QObject::deleteLater);
+    process->kill();
+  }
+  Asking(const Asking&) = delete;
+  Asking& operator=(const Asking&) = delete;
+
+ private:
+  void Ended() {
+    const auto done = std::exchange(done_, {});
+    if (done) done(AnswerOf(*process_));
+  }
+
+  QObject here_;
+  std::unique_ptr<QProcess> process_;
+  std::function<void(const GrantAnswer&)> done_;
+};
+
+}  // namespace
+
+std::unique_ptr<GrantAsking> QtGrantAsker::Ask(const GrantQuestion& question,
+                                               std::function<void(const GrantAnswer&)> done) {
+  return std::make_unique<Asking>(program_, fileMask_, question, std::move(done));
+}
+
+}  // namespace quillbox

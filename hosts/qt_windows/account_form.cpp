@@ -1,0 +1,52 @@
+#include "qt_windows/account_form.h"
+
+#include <QDialog>
+#include <QDialogButtonBox>
+#include <QFormLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+#include "qt_windows/form_binding.h"
+#include "qt_windows/form_dialog.h"
+#include "qt_windows/window_place.h"
+#include "options/account.h"
+
+namespace quillbox {
+namespace {
+
+constexpr int kLettersInLine = 36;  // an address of ordinary length is seen whole
+
+QLineEdit* NewLine(TextField& control) {
+  auto* const line = new QLineEdit;
+  Bind(line, control);
+  return line;
+}
+
+}  // namespace
+
+QWidget* NewAccountForm(Account& model, QWidget* parent) {
+  QDialog* const form = NewFormDialog("Account", model.Caption, parent);
+  form->setWindowModality(Qt::WindowModal);
+
+  auto* const lines = new QFormLayout(form);
+  lines->setSizeConstraint(QLayout::SetFixedSize);
+  for (TextField* const control : {&model.Text1, &model.Text2}) {
+    QLineEdit* const line = NewLine(*control);
+    line->setMinimumWidth(line->fontMetrics().averageCharWidth() * kLettersInLine);
+    lines->addRow(NewLabelFor(line, *control), line);
+  }
+  QLineEdit* const password = NewLine(model.Text3);
+  auto* const connect = new QPushButton;
+  Bind(connect, model.Connect);
+  auto* const both = new QHBoxLayout;
+  both->addWidget(password);
+  both->addWidget(connect);
+  lines->addRow(NewLabelFor(password, model.Text3), both);
+  lines->addRow(NewOkCancelBox(form, model.Command1, model.Command2));
+  if (parent != nullptr) CentreWindow(form, parent->frameGeometry());
+  return form;
+}
+
+}  // namespace quillbox

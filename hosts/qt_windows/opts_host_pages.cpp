@@ -1,0 +1,60 @@
+// The pages "Sounds" and "Internet".
+#include <QComboBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+
+#include "qt_windows/form_binding.h"
+#include "qt_windows/opts_page.h"
+#include "qt_windows/opts_pages.h"
+#include "qt_windows/page_pictures.h"
+#include "options/proxy_frame.h"
+#include "options/sounds_frame.h"
+
+namespace quillbox {
+namespace {
+
+QPushButton* NewPreviewButton(Button& control) {
+  auto* const button = new QPushButton(PagePicture("preview"), "");
+  Bind(button, control);
+  button->setToolTip(button->accessibleName());
+  return button;
+}
+
+}  // namespace
+
+QWidget* NewSoundsPage(SoundsFrame& model) {
+  auto* const page = new OptsPage("SoundsFrame");
+  page->Heading("Sounds");
+  page->Add(model.Combo10);
+
+  auto* const sounds = new QComboBox;
+  OptsPage::KeepNarrow(sounds);
+  Bind(sounds, model.Combo11);
+  auto* const browse = new QPushButton;
+  Bind(browse, model.Command10);
+  auto* const row = new QHBoxLayout;
+  row->addWidget(sounds, 1);
+  row->addWidget(NewPreviewButton(model.Command9));
+  row->addWidget(browse);
+  page->AddRow(NewLabelFor(sounds, model.Combo11), row);
+  return page;
+}
+
+QWidget* NewInternetPage(ProxyFrame& model) {
+  auto* const page = new OptsPage("ProxyFrame");
+  page->Heading("Connection");
+  page->Add(model.Check12, "connection is found.");
+  page->Note(
+      "This option should only be enabled if you are not using an \"always-on\" Internet "
+      "connection (e.g. dial-up).");
+  page->Heading("Proxy Server");
+  page->Note(
+      "Enter your proxy server settings below if you connect to the Internet via a proxy "
+      "server.");
+  page->AddPair(model.Text3, model.Text4);
+  page->AddPair(model.Text1, model.Text2);
+  return page;
+}
+
+}  // namespace quillbox

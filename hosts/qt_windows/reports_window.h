@@ -1,0 +1,52 @@
+// The Reports window, in whichever way it can be shown here.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "platform/report_browser.h"
+
+namespace quillbox {
+
+class AddressOpener;
+class ReportsWin;
+
+// A window that is on its way to the screen, or on it, until this object is destroyed.
+class ShownReports : public ReportBrowser {
+ public:
+  ~ShownReports() override = default;
+};
+
+// A process of its own, so that the web engine never enters this one; where its program is not
+// installed or can't run, a window of this process that leaves the page to the default browser.
+class ReportsWindow : public ReportBrowser {
+ public:
+  // `viewProgram`: full path of the process's program, in the host's bytes. `opener` must outlive
+  // the window.
+  ReportsWindow(std::string viewProgram, AddressOpener& opener);
+  ~ReportsWindow() override;
+
+  // `gone` is called once when the window has gone by itself, not by Unload; `form` must live
+  // until then. Nothing when it is loaded.
+  void Load(ReportsWin& form, std::function<void()> gone);
+  bool Loaded() const { return shown_ != nullptr; }
+  void Unload();
+
+  // ReportBrowser
+  void Navigate(const std::string& address) override;
+  int ReadyState() override;
+  void SetBody(const std::string& html) override;
+
+ private:
+  void ShowHere();
+  void Gone();
+
+  std::string viewProgram_;
+  AddressOpener& opener_;
+  std::unique_ptr<ShownReports> shown_;
+  ReportsWin* form_ = nullptr;
+  std::function<void()> gone_;
+};
+
+}  // namespace quillbox

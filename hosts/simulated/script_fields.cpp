@@ -1,0 +1,135 @@
+// Steps of a script in which the person uses the program's forms.
+#include "simulated/script_fields.h"
+
+#include <algorithm>
+
+#include "forms/button.h"
+#include "forms/check_box.h"
+#include "forms/editable_list.h"
+#include "forms/list_field.h"
+#include "forms/text_field.h"
+#include "simulated/script_forms.h"
+#include "text/grant_name.h"
+
+namespace quillbox {
+namespace {
+
+// Why something can't be done; empty when it was done.
+using Refusal = std::string;
+
+constexpr char kOtherKind[] = "is another kind of control";
+
+// Why the person can't reach the form.
+Refusal OutOfReach(const SimulatedForms& forms, FormName form) {
+  if (!IsLoaded(forms, form)) return "is not open";
+  const bool behind = form == FormName::kOpts && IsLoaded(forms, FormName::kAccount);
+  return behind ? "is behind Account" : "";
+}
+
+void Tell(SimulatedProgram& program, const std::string& what, const Refusal& refusal) {
+  if (!refusal.empty()) program.Host.Effects.Add("refused", what + " " + refusal);
+}
+
+using Use = std::function<Refusal(Control&)>;
+
+void UseControl(SimulatedProgram& program, const ScriptForm& form, const std::string& name,
+                const Use& use) {
+  const Refusal outOfReach = OutOfReach(program.Host.Windows, form.Form);
+  if (!outOfReach.empty()) return Tell(program, form.Name, outOfReach);
+  for (Control* control : ControlsOf(program.Host.Windows, form.Form)) {
+    if (control->Name() != name) continue;
+    const Refusal refusal = control->Enabled() ? use(*control) : "is disabled";
+    return Tell(program, form.Name + " " + name, refusal);
+  }
+  Tell(program, form.Name + " " + name, "is no control");
+}
+
+// The process may end in the middle.
+ScriptAction OnControl(ScriptMembers& members, const char* nameMember, Use use) {
+  return [form = ReadForm(members), name = members.Text(nameMember),
+          use = std::move(use)](SimulatedProgram& program) {
+    program.Host.Do([&] { UseControl(program, form, name, use); });
+  };
+}
+
+Refusal Tick(Control& control, bool ticked) {
+  auto* box = dynamic_cast<CheckBox*>(&control);
+  if (box == nullptr) return kOtherKind;
+  box->SetTicked(ticked);
+  return {};
+}
+
+Refusal Write(Control& control, const std::string& text) {
+  auto* field = dynamic_cast<TextField*>(&control);
+  if (field == nullptr) return kOtherKind;
+  field->SetText(text);
+  return {};
+}
+
+template <typename List>
+Refusal ChooseEntry(List& list, const std::string& item) {
+  const auto found = std::find(list.Items().begin(), list.Items().end(), item);
+  if (found == list.Items().end()) return "has no entry \"" + item + "\"";
+  list.Select(static_cast<std::size_t>(found - list.Items().begin()));
+  return {};
+}
+
+Refusal Choose(Control& control, const std::string& item) {
+  if (auto* list = dynamic_cast<ListField*>(&control)) return ChooseEntry(*list, item);
+  if (auto* list = dynamic_cast<EditableList*>(&control)) return ChooseEntry(*list, item);
+  return kOtherKind;
+}
+
+Refusal Press(Control& control) {
+  auto* button = dynamic_cast<Button*>(&control);
+  if (button == nullptr) return kOtherKind;
+  button->Click();
+  return {};
+}
+
+}  // namespace
+
+ScriptAction ReadSet(ScriptMembers& members) {
+  if (members.IsFlag("to")) {
+    const bool ticked = members.Flag("to", false);
+    return OnControl(members, "field", [ticked](Control& box) { return Tick(box, ticked); });
+  }
+  return OnControl(members, "field",
+                   [text = members.Text("to")](Control& field) { return Write(field, text); });
+}
+
+ScriptAction ReadSelect(ScriptMembers& members) {
+  return OnControl(members, "field",
+                   [item = members.Text("item")](Control& list) { return Choose(list, item); });
+}
+
+ScriptAction ReadPress(ScriptMembers& members) {
+  return OnControl(members, "button", Press);
+}
+
+ScriptAction ReadCloseBox(ScriptMembers& members) {
+  return [form = ReadForm(members)](SimulatedProgram& program) {
+    const Refusal outOfReach = OutOfReach(program.Host.Windows, form.Form);
+    if (!outOfReach.empty()) return Tell(program, form.Name, outOfReach);
+    program.Host.Do([&] { program.Host.Windows.CloseBox(form.Form); });
+  };
+}
+
+ScriptAction ReadChoose(ScriptMembers& members) {
+  auto file = members.MaybeText("file");
+  if (file && !file->starts_with('/')) file = SimulatedProgram::PathOf(*file);
+  return [file](SimulatedProgram& program) { program.Host.Chooser.Add(file); };
+}
+
+ScriptAction ReadGrant(ScriptMembers& members) {
+  SimulatedGrants::Reply reply;
+  reply.Answer.Problem = members.MaybeText("problem").value_or("");
+  if (reply.Answer.Problem.empty()) {
+    reply.Answer.Name = members.Text("name");
+    if (!IsGrantName(reply.Answer.Name)) throw ScriptError{"\"name\" is not a grant's name"};
+  }
+  reply.After = members.MaybeDuration("after").value_or(reply.After);
+  return [reply](SimulatedProgram& program) { program.Host.Grants.Add(reply); };
+}
+
+}  // namespace quillbox

@@ -1,0 +1,53 @@
+// A person who is asked for grants, on simulated time.
+#pragma once
+
+#include <chrono>
+#include <cstddef>
+#include <deque>
+#include <map>
+#include <vector>
+
+#include "platform/grant_asker.h"
+#include "simulated/simulated_time.h"
+#include "simulated/simulated_trace.h"
+
+namespace quillbox {
+
+class SimulatedGrants final : public GrantAsker {
+ public:
+  SimulatedGrants(SimulatedTime& time, SimulatedTrace& trace) : time_(time), trace_(trace) {}
+
+  struct Reply {
+    GrantAnswer Answer;
+    std::chrono::milliseconds After{0};  // what the person takes for it
+  };
+
+  // For the next questions, in order. A question without one gets no answer in five minutes, and
+  // that is its problem.
+  void Add(Reply reply) { replies_.push_back(std::move(reply)); }
+
+  // Everything that was asked, in order.
+  const std::vector<GrantQuestion>& Asked() const { return asked_; }
+
+  std::size_t RunningCount() const { return running_.size(); }
+
+  // The process that asked is gone.
+  void EndAll();
+
+  std::unique_ptr<GrantAsking> Ask(const GrantQuestion& question,
+                                   std::function<void(const GrantAnswer&)> done) override;
+
+ private:
+  class Asking;
+
+  Reply TakeReply();
+  void GiveUp(std::size_t asking);
+
+  SimulatedTime& time_;
+  SimulatedTrace& trace_;
+  std::deque<Reply> replies_;
+  std::vector<GrantQuestion> asked_;
+  std::map<std::size_t, SimulatedTime::EventId> running_;  // each with its answer
+};
+
+}  // namespace quillbox

@@ -1,0 +1,37 @@
+#include "config/find_sound_file.h"
+
+#include <filesystem>
+
+#include "config/program_files.h"
+#include "config/setting_keys.h"
+#include "text/code_page.h"
+
+namespace quillbox {
+namespace {
+
+std::optional<std::string> FindPath(Files& files, const std::string& path) {
+  if (!std::filesystem::path(path).is_absolute()) return std::nullopt;
+  for (const std::string& spelling : {path, ToUtf8(path)}) {
+    if (files.Exists(spelling)) return spelling;
+  }
+  return std::nullopt;
+}
+
+std::optional<std::string> FindName(Files& files, const ApplicationFolder& folder,
+                                    const std::string& name) {
+  if (name.find_first_of("*?") != std::string::npos) return std::nullopt;  // no pattern is meant
+  std::string path = FindProgramFile(files, folder, name);
+  if (!files.Exists(path)) return std::nullopt;
+  return path;
+}
+
+}  // namespace
+
+std::optional<std::string> FindSoundFile(Files& files, const ApplicationFolder& folder,
+                                         const std::string& sound) {
+  if (sound.empty() || sound == kNoSound) return std::nullopt;
+  const bool isPath = sound.find(folder.Separator()) != std::string::npos;
+  return isPath ? FindPath(files, sound) : FindName(files, folder, sound);
+}
+
+}  // namespace quillbox

@@ -1,0 +1,122 @@
+#include "options/account.h"
+
+#include <algorithm>
+
+#include "config/account_entry_check.h"
+#include "options/ad_sense_frame.h"
+#include "options/entry_message.h"
+#include "platform/forms.h"
+#include "platform/message_boxes.h"
+#include "retrieval/fetch_agent.h"
+#include "text/letter_case.h"
+
+namespace quillbox {
+namespace {
+
+void MoveStats(SettingsStore& store, const std::string& oldName, const std::string& newName) {
+  const AccountKeys oldKeys(oldName), newKeys(newName);
+  SettingBatch batch;
+  batch.Write(newKeys.Stats(), store.ReadSetting(oldKeys.Stats())).Delete(oldKeys.Stats());
+  store.WriteBatch(batch);
+}
+
+}  // namespace
+
+Account::Account(std::string caption, const ProgramContext& program, AdSenseFrame& accounts)
+    : Caption(std::move(caption)), program_(program), accounts_(accounts) {
+  Command1.Clicked = [this] { OK_Click(); };
+  Command2.Clicked = [this] { program_.Host.Windows.Unload(FormName::kAccount); };
+  Connect.Clicked = [this] { Connect_Click(); };
+}
+
+void Account::Load() {
+  loaded_ = true;
+  program_.Host.Windows.Load(*this);
+}
+
+void Account::Closed() {
+  loaded_ = false;
+  asking_.reset();
+}
+
+void Account::Connect_Click() {
+  Connect.SetEnabled(false);
+  asking_ = program_.Host.Grants.Ask({Text2.Text(), StoredProxyVariables(program_.Store)},
+                                     [this](const GrantAnswer& answer) { Answered(answer); });
+}
+
+// The form may be gone when the box is: it comes last.
+void Account::Answered(const GrantAnswer& answer) {
+  Connect.SetEnabled(true);
+  if (answer.Problem.empty()) {
+    Text3.SetText(answer.Name);
+  } else {
+    program_.Host.Boxes.Show({.Text = answer.Problem, .Icon = BoxIcon::kExclamation});
+  }
+}
+
+bool Account::AccountNameExists(std::string_view name) const {
+  const std::string wanted = UpperCase(name);
+  return std::ranges::any_of(program_.State.Accounts, [&](const std::string& account) {
+    return UpperCase(account) == wanted;
+  });
+}
+
+std::size_t Account::Index() const {
+  return Edits() ? static_cast<std::size_t>(AdSenseIndex) : program_.State.Accounts.size();
+}
+
+AccountList Account::ListWithEntry() const {
+  AccountList list = program_.State;
+  const std::size_t index = Index();
+  const std::size_t count = std::max(list.Accounts.size(), index + 1);
+  list.Accounts.resize(count);
+  list.Usernames.resize(count);
+  list.Passwords.resize(count);
+  list.Accounts[index] = Text1.Text();
+  list.Usernames[index] = Text2.Text();
+  list.Passwords[index] = Text3.Text();
+  return list;
+}
+
+std::optional<std::string> Account::Refusal(const AccountList& list) const {
+  for (const TextField* field : {&Text1, &Text2, &Text3}) {
+    if (field->Text().empty()) return IncompleteMessage(*field);
+  }
+  const bool newName = !Edits() || Text1.Text() != program_.State.Accounts[Index()];
+  if (newName && AccountNameExists(Text1.Text())) return std::string(kNameExistsMessage);
+
+  const SettingsMode mode =
+      program_.State.SettingsProfile.empty() ? SettingsMode::kPerUser : SettingsMode::kFile;
+  const auto finding = FindEntryProblem(list, Index(), mode);
+  if (finding) return EntryMessage(*finding, list);
+  return std::nullopt;
+}
+
+void Account::OK_Click() {
+  if (Edits() && Index() >= program_.State.Accounts.size()) return;  // it has gone meanwhile
+  AccountList list = ListWithEntry();
+  if (const std::optional<std::string> refusal = Refusal(list)) {
+    program_.Host.Boxes.Show({.Text = *refusal, .Icon = BoxIcon::kExclamation});
+    return;
+  }
+  program_.Host.Windows.Hide(FormName::kAccount);
+  Take(std::move(list));
+  accounts_.AccountsEdited();
+  program_.Host.Windows.Unload(FormName::kAccount);
+}
+
+void Account::Take(AccountList list) {
+  ListField& names = accounts_.Combo3;
+  if (Edits()) {
+    const std::string oldName = program_.State.Accounts[Index()];
+    if (oldName != Text1.Text()) MoveStats(program_.Store, oldName, Text1.Text());
+    if (names.Selected()) names.Replace(*names.Selected(), Text1.Text());
+  } else {
+    names.Add(Text1.Text());
+    if (names.Items().size() == 1) names.ShowSelected(0);
+  }
+  static_cast<AccountList&>(program_.State) = std::move(list);
+}
+
+}  // namespace quillbox

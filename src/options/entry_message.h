@@ -1,0 +1,20 @@
+// What the Account form says when it refuses an entry.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "config/account_entry_check.h"
+#include "forms/text_field.h"
+
+namespace quillbox {
+
+inline constexpr std::string_view kNameExistsMessage = "The entered account name already exists!";
+
+// The field is empty.
+std::string IncompleteMessage(const TextField& field);
+
+// `finding` is about `list`. Passwords don't show in the text.
+std::string EntryMessage(const EntryFinding& finding, const AccountList& list);
+
+}  // namespace quillbox

@@ -1,0 +1,344 @@
+// The Options dialog and the Account form with real widgets. What they do is the models' and is
+// tested there; here is whether the widgets show it all, and bring it all to the models.
+#include "qt_windows/opts_form.h"
+
+#include <gmock/gmock.h>
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPointer>
+#include <QPushButton>
+#include <QTabBar>
+#include <QTabWidget>
+#include <set>
+
+#include "config/account_list.h"
+#include "config/setting_keys.h"
+#include "qt_windows/qt_forms.h"
+#include "qt_base/unicode_text.h"
+#include "options/opts.h"
+#include "simulated/script_forms.h"
+#include "simulated/simulated_host.h"
+#include "tray/tray_menu.h"
+
+namespace quillbox {
+namespace {
+
+using testing::ElementsAre;
+
+Host WithForms(const Host& host, Forms& forms) {
+  return {host.Store,   host.Variables, host.Disk,     host.Time,    host.TimerSource,
+          host.Events,  host.Agents,    host.Grants,   host.Tray,    host.TrayMenus,
+          host.Tooltip, host.Mouse,     host.Boxes,    forms,        host.Chooser,
+          host.Browser, host.Speaker,   host.Instance, host.Network, host.Opener,
+          host.StartUp, host.Exit};
+}
+
+void Press(QWidget* widget, int key, const QString& text = {}) {
+  for (const QEvent::Type type : {QEvent::ShortcutOverride, QEvent::KeyPress, QEvent::KeyRelease}) {
+    QKeyEvent event(type, key, Qt::NoModifier, text);
+    QApplication::sendEvent(widget, &event);
+  }
+}
+
+// The letters behind "&" in the captions of what the page itself holds.
+std::multiset<QChar> Mnemonics(const QWidget* page) {
+  std::multiset<QChar> letters;
+  const auto add = [&](const QString& caption) {
+    const auto mark = caption.indexOf('&');
+    if (mark >= 0) letters.insert(caption[mark + 1].toUpper());
+  };
+  for (const auto* button : page->findChildren<QAbstractButton*>()) add(button->text());
+  for (const auto* label : page->findChildren<QLabel*>()) add(label->text());
+  return letters;
+}
+
+bool IsWhole(const QWidget& widget) {
+  const auto* const label = qobject_cast<const QLabel*>(&widget);
+  if (label != nullptr && label->wordWrap()) {
+    return label->height() >= label->heightForWidth(label->width());
+  }
+  // A group is as large as what is in it wants; only its title is its own.
+  const bool isGroup = qobject_cast<const QGroupBox*>(&widget) != nullptr;
+  const QSize wanted = isGroup ? widget.minimumSizeHint() : widget.sizeHint();
+  return widget.width() >= wanted.width() && widget.height() >= wanted.height();
+}
+
+bool ShowsCaption(const QWidget* widget) {
+  return qobject_cast<const QLabel*>(widget) != nullptr ||
+         qobject_cast<const QAbstractButton*>(widget) != nullptr ||
+         qobject_cast<const QComboBox*>(widget) != nullptr ||
+         qobject_cast<const QGroupBox*>(widget) != nullptr ||
+         qobject_cast<const QTabBar*>(widget) != nullptr;
+}
+
+// Two accounts; the settings are those of a first start.
+class OptsFormTest : public testing::Test {
+ protected:
+  OptsFormTest() {
+    state_.ShowBalloonWhen = kBalloonNever;
+    state_.SoundFiles.fill(std::string(kNoSound));
+    SettingBatch settings;
+    SaveAccountList(settings, {{"one", "two"}, {"ann", "bob"}, {"x", "y"}});
+    store_.WriteBatch(settings);
+    static_cast<AccountList&>(state_) = LoadAccountList(store_);
+    BuildTraySubmenus(program_);
+    Open();
+  }
+  ~OptsFormTest() override {
+    forms_.UnloadAll();
+    QApplication::setFont(font_);
+  }
+
+  void Open() {
+    forms_.UnloadAll();
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    model_ = std::make_unique<Opts>(program_, autoUpdate_, dialog_);
+    model_->Load();
+    window_ = Window("Opts");
+    ASSERT_NE(window_, nullptr);
+  }
+
+  static QWidget* Window(const char* name) {
+    for (QWidget* const widget : QApplication::topLevelWidgets()) {
+      if (widget->objectName() == name && widget->isVisible()) return widget;
+    }
+    return nullptr;
+  }
+
+  template <class Widget>
+  Widget* Find(const std::string& name) {
+    return window_->findChild<Widget*>(QString::fromStdString(name));
+  }
+
+  // Tells what is cut off on the pages.
+  std::vector<std::string> CutOff() {
+    std::vector<std::string> found;
+    auto* const tabs = window_->findChild<QTabWidget*>();
+    for (int page = 0; page < tabs->count(); ++page) {
+      tabs->setCurrentIndex(page);
+      QApplication::processEvents();
+      for (const auto* widget : window_->findChildren<QWidget*>()) {
+        if (!widget->isVisible() || !ShowsCaption(widget)) continue;
+        const bool inside = widget->parentWidget()->rect().contains(widget->geometry());
+        if (!IsWhole(*widget) || !inside) {
+          found.push_back(tabs->tabText(page).toStdString() + ": " +
+                          widget->objectName().toStdString() + widget->metaObject()->className());
+        }
+      }
+    }
+    return found;
+  }
+
+  const QFont font_ = QApplication::font();
+  SimulatedHost host_;
+  QtForms forms_;
+  AppState state_;
+  ApplicationFolder folder_{"/app", "/app", '/'};
+  RegionalSettings region_;
+  BuildValues build_{"h.test", "h.test", "https://m.test", "a@m.test", "1.3.0"};
+  Host ports_ = WithForms(host_.Ports(), forms_);
+  SettingsStore store_{host_.Store, host_.Files, folder_, state_.SettingsProfile};
+  ProgramContext program_{state_, store_, ports_, folder_, region_, build_};
+  AutoUpdate autoUpdate_{program_};
+  OpenDialog dialog_{host_.Chooser, '/'};
+  std::unique_ptr<Opts> model_;
+  QPointer<QWidget> window_;
+};
+
+TEST_F(OptsFormTest, EveryControlHasAWidgetThatTellsWhatItIs) {
+  host_.Windows.Load(*model_);
+  const std::vector<Control*> controls = ControlsOf(host_.Windows, FormName::kOpts);
+  EXPECT_GT(controls.size(), 40U);
+  for (const Control* const control : controls) {
+    SCOPED_TRACE(control->Name());
+    const auto widgets = window_->findChildren<QWidget*>(QString::fromStdString(control->Name()));
+    ASSERT_EQ(widgets.size(), 1);
+    const QWidget* const widget = widgets.first();
+    EXPECT_EQ(widget->isEnabled(), control->Enabled());
+    const QString caption = ToUnicode(control->Caption());
+    EXPECT_TRUE(widget->accessibleName().startsWith(QString(caption).remove('&')));
+    if (qobject_cast<const QComboBox*>(widget) || qobject_cast<const QLineEdit*>(widget)) {
+      const auto labels = window_->findChildren<QLabel*>();
+      EXPECT_TRUE(std::ranges::any_of(labels, [&](const QLabel* label) {
+        return label->buddy() == widget && label->text() == caption;
+      }));
+    }
+  }
+  EXPECT_EQ(Find<QCheckBox>("Check14")->accessibleName(),
+            "Pause 30 seconds before checking for new version or refreshing tooltip");
+  EXPECT_EQ(Find<QTabWidget>("Tabs")->count(), 7);
+}
+
+TEST_F(OptsFormTest, TheTabKeyGoesThroughTheControlsAsTheyStand) {
+  host_.Windows.Load(*model_);
+  std::vector<QString> expected, found;
+  for (const Control* const control : ControlsOf(host_.Windows, FormName::kOpts)) {
+    const QString name = QString::fromStdString(control->Name());
+    if (Find<QWidget>(control->Name())->focusPolicy() & Qt::TabFocus) expected.push_back(name);
+  }
+  for (const QWidget* widget = window_->nextInFocusChain(); widget != window_;
+       widget = widget->nextInFocusChain()) {
+    if (std::ranges::count(expected, widget->objectName()) > 0) {
+      found.push_back(widget->objectName());
+    }
+  }
+  EXPECT_EQ(found, expected);
+}
+
+TEST_F(OptsFormTest, MnemonicsAreUniqueWithinAPage) {
+  const auto* const tabs = Find<QTabWidget>("Tabs");
+  std::size_t found = 0;
+  for (int page = 0; page < tabs->count(); ++page) {
+    const auto letters = Mnemonics(tabs->widget(page));
+    for (const QChar letter : letters) EXPECT_EQ(letters.count(letter), 1U) << page;
+    found += letters.size();
+  }
+  EXPECT_EQ(found, 14U);
+}
+
+// Run at 150 and 200 per cent, too.
+TEST_F(OptsFormTest, NothingIsCutOff) {
+  for (const double size : {1.0, 1.5, 2.0}) {
+    QFont font = font_;
+    font.setPointSizeF(font.pointSizeF() * size);
+    QApplication::setFont(font);
+    Open();
+    EXPECT_THAT(CutOff(), ElementsAre()) << size;
+  }
+}
+
+TEST_F(OptsFormTest, LongNamesDontWidenIt) {
+  const QSize usual = window_->size();
+  state_.Accounts.push_back(std::string(500, 'w'));
+  Open();
+  EXPECT_EQ(window_->size(), usual);
+}
+
+TEST_F(OptsFormTest, WhatThePersonDoesReachesTheModel) {
+  EXPECT_FALSE(Find<QPushButton>("ApplyButton")->isEnabled());
+  Find<QCheckBox>("Check1")->click();
+  EXPECT_TRUE(model_->GeneralFrame.Check1.Ticked());
+  EXPECT_TRUE(Find<QPushButton>("ApplyButton")->isEnabled());
+  Find<QPushButton>("ApplyButton")->click();
+  EXPECT_EQ(store_.ReadSetting(kUse24Hour), kTrue);
+  EXPECT_FALSE(Find<QPushButton>("ApplyButton")->isEnabled());
+
+  Press(Find<QComboBox>("Combo3"), Qt::Key_Down);
+  EXPECT_EQ(model_->AdSenseFrame.Combo3.Text(), "two");
+  EXPECT_TRUE(model_->AdSenseFrame.AdSenseChanged);
+
+  Find<QTabWidget>("Tabs")->setCurrentIndex(6);
+  EXPECT_EQ(store_.ReadSetting(kLastOption), "Internet");
+  Find<QPushButton>("Command8")->click();
+  EXPECT_THAT(host_.Trace({"open"}), ElementsAre(testing::HasSubstr("/Forum/index.php?c=19")));
+}
+
+TEST_F(OptsFormTest, ALineKeepsWhatTheCodePageLacks) {
+  auto* const line = Find<QLineEdit>("Text3");
+  line->insert(QString::fromUtf8("a\u20ac\u0416\U0001F426"));
+  EXPECT_EQ(model_->ProxyFrame.Text3.Text(), "a\x80\x1A\x1A");
+  EXPECT_EQ(line->text(), QString::fromUtf8("a\u20ac\u0416\U0001F426"));
+  EXPECT_EQ(Find<QLineEdit>("Text2")->displayText(), "");
+  Find<QLineEdit>("Text2")->insert("abc");
+  EXPECT_EQ(Find<QLineEdit>("Text2")->displayText(), "***");
+}
+
+TEST_F(OptsFormTest, TheModelShowsWithoutRunningEvents) {
+  int clicks = 0;
+  ListField& list = model_->TrayIconFrame.Combo5;
+  list.Clicked = [&] { ++clicks; };
+  list.Add("another");
+  list.ShowSelected(list.Items().size() - 1);
+  EXPECT_EQ(Find<QComboBox>("Combo5")->currentText(), "another");
+  list.Remove(list.Items().size() - 1);
+  EXPECT_EQ(Find<QComboBox>("Combo5")->currentIndex(), -1);
+  EXPECT_EQ(clicks, 0);
+  model_->GeneralFrame.Check1.SetEnabled(false);
+  EXPECT_FALSE(Find<QCheckBox>("Check1")->isEnabled());
+  model_->ProxyFrame.Text4.SetText("\x80");
+  EXPECT_EQ(Find<QLineEdit>("Text4")->text(), QString(QChar(0x20AC)));
+}
+
+// Names of files are the host's own bytes, not the code page's.
+TEST_F(OptsFormTest, OnlyChoosingASoundCounts) {
+  EditableList& sounds = model_->SoundsFrame.Combo11;
+  sounds.Add("b\xc3\xa9.wav");
+  auto* const box = Find<QComboBox>("Combo11");
+  EXPECT_EQ(box->itemText(1), QString::fromUtf8("b\u00e9.wav"));
+
+  box->lineEdit()->selectAll();
+  box->lineEdit()->insert(box->itemText(1));
+  QFocusEvent leave(QEvent::FocusOut, Qt::TabFocusReason);
+  QApplication::sendEvent(box->lineEdit(), &leave);
+  EXPECT_EQ(model_->SoundsFrame.SoundChoices[0], "(None)");
+  EXPECT_EQ(box->currentText(), "(None)");
+
+  Press(box, Qt::Key_Down);
+  EXPECT_EQ(model_->SoundsFrame.SoundChoices[0], "b\xc3\xa9.wav");
+  EXPECT_TRUE(Find<QPushButton>("Command9")->isEnabled());
+}
+
+// Each after the first of two accounts was removed.
+TEST_F(OptsFormTest, OkCancelAndCloseBoxAreThreeEndings) {
+  static const struct Case {
+    const char* name;
+    std::function<void(QWidget*)> end;
+    const char* stored;
+    const char* state;
+  } kCases[] = {
+      {"close box", [](QWidget* window) { window->close(); }, "one|||two", "one"},
+      {"Cancel", [](QWidget* window) { window->findChild<QPushButton*>("Command2")->click(); },
+       "one|||two", "two"},
+      {"OK", [](QWidget* window) { window->findChild<QPushButton*>("Command1")->click(); }, "one",
+       "one"},
+  };
+  for (const Case& c : kCases) {
+    static_cast<AccountList&>(state_) = LoadAccountList(store_);
+    Open();
+    host_.Boxes.Add({.Answer = BoxAnswer::kYes});
+    Press(Find<QComboBox>("Combo3"), Qt::Key_Down);
+    Find<QPushButton>("Command6")->click();
+    c.end(window_);
+    EXPECT_EQ(Window("Opts"), nullptr) << c.name;
+    EXPECT_FALSE(model_->Loaded()) << c.name;
+    model_.reset();  // the window lives a little longer
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(window_, nullptr) << c.name;
+    EXPECT_EQ(store_.ReadSetting(kAccounts), c.stored) << c.name;
+    EXPECT_EQ(state_.Accounts.back(), c.state) << c.name;
+  }
+}
+
+TEST_F(OptsFormTest, AccountFormStandsInTheMiddleAndTakesAnEntry) {
+  Find<QPushButton>("Command7")->click();
+  QWidget* const account = Window("Account");
+  ASSERT_NE(account, nullptr);
+  EXPECT_EQ(account->windowTitle(), "Edit AdSense Account");
+  EXPECT_EQ(account->windowModality(), Qt::WindowModal);
+  const QPoint apart = account->geometry().center() - window_->geometry().center();
+  EXPECT_LE(apart.manhattanLength(), 2);
+  EXPECT_EQ(account->findChild<QLineEdit*>("Text3")->displayText(), "*");
+
+  auto* const connect = account->findChild<QPushButton*>("Connect");
+  host_.Grants.Add({{"grant:ABCDEFGHIJ27", ""}});
+  connect->click();
+  EXPECT_FALSE(connect->isEnabled());
+  host_.RunFor(std::chrono::seconds(1));
+  EXPECT_TRUE(connect->isEnabled());
+  EXPECT_EQ(account->findChild<QLineEdit*>("Text3")->text(), "grant:ABCDEFGHIJ27");
+
+  account->findChild<QLineEdit*>("Text1")->setText("renamed");
+  Press(account->findChild<QLineEdit*>("Text1"), Qt::Key_Return);
+  EXPECT_EQ(Window("Account"), nullptr);
+  EXPECT_EQ(Find<QComboBox>("Combo3")->currentText(), "renamed");
+  EXPECT_TRUE(Find<QPushButton>("ApplyButton")->isEnabled());
+}
+
+}  // namespace
+}  // namespace quillbox

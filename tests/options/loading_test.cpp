@@ -1,0 +1,161 @@
+// How the pages are filled from the store.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "options/open_options.h"
+
+namespace quillbox {
+namespace {
+
+using testing::ElementsAre;
+
+TEST_F(OpenOptions, StoresItsDefaultsAtTheFirstOpening) {
+  Open();
+  EXPECT_THAT(
+      host_.Trace(),
+      ElementsAre("store Misc/LastOption=General", "store AutoUpdate/Rate=Every 15 minutes",
+                  "store AutoUpdate/Enable=False", "store TrayIcon/SingleAction=No Action",
+                  "store TrayIcon/Action=Open Quillbox Options", "store TrayTooltip/Values=ABCDEFG",
+                  "store TrayTooltip/DataToDownload=AdSense for Content", "form Opts"));
+}
+
+TEST_F(OpenOptions, ShowsWhatIsStored) {
+  struct Case {
+    const char* stored;
+    const char* controls;
+    const char* shown;
+  };
+  const Case kCases[] = {
+      {"", "Check11 Check14 Check7 Combo4",
+       "False|False, disabled|False|Every 15 minutes, disabled"},
+      {"", "Check34 Check36 Check40 Check41 Check10", "True|True|True|False|False"},
+      {"", "Combo6 Combo7 Check4", "Individual Ad Unit|AdSense for Content|False"},
+      {"", "Combo5 Combo1 Combo2", "No Action|Open Quillbox Options|Never"},
+      {"", "Combo3 Check12 ApplyButton", "one|False|, disabled"},
+      {"General/CheckForNewVersion=True", "Check11 Check14", "True|False"},
+      {"General/RefreshTooltip=True; General/Pause=True", "Check5 Check14", "True|True"},
+      {"General/Pause=True", "Check14", "False, disabled"},
+      {"General/Use24Hour=True", "Check1", "True"},
+      {"General/Use24Hour=true", "Check1", "False"},
+      {"AutoUpdate/Rate=Every 5 hours; AutoUpdate/Enable=True", "Check7 Combo4",
+       "True|Every 5 hours"},
+      {"AutoUpdate/Rate=Sometimes", "Combo4", ", disabled"},
+      {"TrayIcon/Action=Open AdSense account", "Combo1", "Open primary AdSense account"},
+      {"TrayIcon/SingleAction=Visit Tarnwick Works", "Combo5", "Visit Tarnwick Works"},
+      {"TrayTooltip/Values=bM", "Check34 Check33 Check9 Check10", "False|True|False|True"},
+      {"TrayTooltip/ShowDataByPage=Page", "Combo6", "Page"},
+      {"TrayTooltip/DisplayAllStats=True", "Check4", "True"},
+      {"TrayTooltip/DataToDownload=Both", "Combo7", "All"},
+      {"AdSense/PrimaryAccount=two", "Combo3", "two"},
+      {"AdSense/PrimaryAccount=Two", "Combo3 Command7 Command6", "||"},
+      {"AutoUpdate/WhenConnected=True; Misc/LastOption=Internet", "Check12", "True"},
+      {"AutoUpdate/WhenConnected=True; Misc/LastOption=Proxy", "Check12", "False"},
+  };
+  for (const Case& c : kCases) {
+    StartAfresh();
+    Open(c.stored);
+    EXPECT_EQ(Shown(c.controls), c.shown) << c.stored;
+  }
+}
+
+TEST_F(OpenOptions, FillsItsLists) {
+  Open();
+  EXPECT_EQ(JoinText(Form().TrayIconFrame.Combo5.Items(), "|"),
+            "No Action|Open primary AdSense account|Open Quillbox Options|"
+            "Refresh tooltip information|Visit Tarnwick Works");
+  EXPECT_EQ(Form().TrayIconFrame.Combo1.Items(), Form().TrayIconFrame.Combo5.Items());
+  EXPECT_EQ(JoinText(Form().TrayTooltipFrame.Combo7.Items(), "|"),
+            "AdSense for Content|AdSense for Search|Referrals|All");
+  EXPECT_EQ(Form().AutoUpdateFrame.Combo4.Items().size(), 18U);
+  EXPECT_EQ(Form().SoundsFrame.Combo10.Items().size(), 6U);
+}
+
+TEST_F(OpenOptions, RewritesOnlyTheTextsThatItMust) {
+  Open();
+  Open(
+      "TrayTooltip/DataToDownload=Both; AutoUpdate/Enable=False:; "
+      "TrayIcon/Action=Open AdSense account; TrayTooltip/ShowDataByPage=");
+  EXPECT_THAT(host_.Trace({"store"}),
+              ElementsAre("store Misc/LastOption=General", "store TrayTooltip/DataToDownload=All"));
+  Open("AutoUpdate/Enable=Yes");
+  EXPECT_EQ(Get(kAutoUpdateEnable), "False");
+}
+
+TEST_F(OpenOptions, StartsWithTheSystemWhenSettingAndEntrySaySo) {
+  EXPECT_EQ((Open("General/Load=True"), Shown("Check3")), "False");
+  host_.StartUp.Make();
+  EXPECT_EQ((Open("General/Load=True"), Shown("Check3")), "True");
+  EXPECT_EQ((Open("General/Load=False"), Shown("Check3")), "False");
+}
+
+TEST_F(OpenOptions, TakesTheProxyFromTheState) {
+  state_.ProxyUsername = "ann";
+  state_.ProxyPassword = "secret";
+  state_.ProxyServer = "proxy.test";
+  state_.ProxyPort = "8080";
+  const ProxyFrame& page = Open("Misc/LastOption=Internet; Proxy/Port=1").ProxyFrame;
+  EXPECT_EQ(page.Text1.Text() + page.Text2.Text() + page.Text3.Text() + page.Text4.Text(),
+            "annsecretproxy.test8080");
+}
+
+TEST_F(OpenOptions, OpensAtTheLastPage) {
+  const std::vector<std::string> captions = Open().Tabs.Items();
+  for (const std::string& caption : captions) {
+    Form().Tabs.SelectText(caption);
+    EXPECT_EQ(Get(kLastOption), WithoutText(caption, " "));
+    Open();
+    EXPECT_EQ(Shown("Tabs ApplyButton"), caption + "|, disabled");
+  }
+  for (const char* unknown : {"Proxy", "internet", "Auto Update", ""}) {
+    Open(std::string("Misc/LastOption=") + unknown);
+    EXPECT_EQ(Shown("Tabs") + Get(kLastOption), "GeneralGeneral") << unknown;
+  }
+}
+
+TEST_F(OpenOptions, GoesOnPastABadTextButOnTwoPages) {
+  struct Case {
+    const char* key;
+    const char* lastOption;
+    const char* notFilled;
+  };
+  const Case kCases[] = {
+      {"Misc/Runs", "", ""},
+      {"AdSense/PrimaryAccount", "", "Combo3"},
+      {"AutoUpdate/Rate", "", "Combo4"},
+      {"TrayIcon/SingleAction", "General",
+       "Combo5 Combo1 Combo2 Combo6 Combo7 Check4 Combo10 Check12"},
+      {"TrayIcon/SingleAction", "TrayIcon", "Combo5 Combo1 Combo2"},
+      {"TrayIcon/SingleAction", "Internet", "Combo5 Combo1 Combo2 Combo6 Combo7 Check4 Combo10"},
+      {"TrayIcon/Action", "TrayIcon", "Combo1 Combo2"},
+      {"TrayTooltip/ShowDataByPage", "", "Combo6 Combo7 Check4 Combo10 Check12"},
+      {"TrayTooltip/DataToDownload", "TrayTooltip", "Combo7 Check4"},
+  };
+  for (const Case& c : kCases) {
+    StartAfresh();
+    Open(
+        "General/Use24Hour=True; TrayTooltip/DisplayAllStats=True; AutoUpdate/WhenConnected=True; "
+        "Misc/LastOption=" +
+        std::string(c.lastOption) + "; " + c.key + "=nonsense");
+    std::vector<std::string> notFilled;
+    for (const char* name : {"Check1", "Combo3", "Combo4", "Combo5", "Combo1", "Combo2", "Combo6",
+                             "Combo7", "Check4", "Combo10", "Check12"}) {
+      const std::string value = ControlValue(Named(name));
+      if (value.empty() || value == kFalse) notFilled.push_back(name);
+    }
+    EXPECT_EQ(JoinText(notFilled, " "), c.notFilled) << c.key << c.lastOption;
+    EXPECT_EQ(Shown("ApplyButton"), ", disabled") << c.key << c.lastOption;
+  }
+}
+
+// The page counts as changed from where its loading stopped, so the next Apply writes it as it is.
+TEST_F(OpenOptions, StoresABadTextAsNoneAtTheNextApply) {
+  Open("TrayIcon/Action=nonsense").GeneralFrame.Check1.SetTicked(true);
+  PressApply();
+  EXPECT_EQ(Get(kTraySingleAction) + "|" + Get(kTrayAction) + "|" + Get(kShowBalloonWhen),
+            "No Action||");
+  Open();
+  EXPECT_EQ(Shown("Combo1 Combo2 Combo7"), "Open Quillbox Options||");
+}
+
+}  // namespace
+}  // namespace quillbox
