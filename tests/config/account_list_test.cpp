@@ -1,7 +1,6 @@
 #include "config/account_list.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "simulated/simulated_files.h"
 #include "simulated/simulated_store.h"
@@ -14,8 +13,7 @@ using ::testing::IsEmpty;
 
 TEST(ScrambleText, MovesEachCodeByItsPosition) {
   struct Case {
-    std::string Clear;
-    std::string Scrambled;
+    std::string Clear, Scrambled;
   };
   const Case kCases[] = {
       {"", ""},
@@ -63,6 +61,7 @@ TEST_F(AccountListTest, ComesBackInBothModes) {
   const AccountList list = {{"one", "a|b"}, {"a@x.test", "b@x.test"}, {"secret", "secret"}};
   for (const char* mode : {"", "ann"}) {
     profile = mode;
+    EXPECT_THAT(SavedAndLoaded({}).Passwords, IsEmpty()) << mode;
     const AccountList loaded = SavedAndLoaded(list);
     EXPECT_EQ(loaded.Accounts, list.Accounts) << mode;
     EXPECT_EQ(loaded.Usernames, list.Usernames) << mode;
@@ -71,26 +70,13 @@ TEST_F(AccountListTest, ComesBackInBothModes) {
   }
 }
 
-TEST_F(AccountListTest, IsStoredInItsOrder) {
-  SettingBatch batch;
-  SaveAccountList(batch, {{"one"}, {"a@x.test"}, {"abc"}});
-  std::vector<std::string> written;
-  for (const SettingChange& c : batch.Changes()) written.push_back(c.Key + "=" + *c.Value);
-  EXPECT_THAT(written, ElementsAre("Accounts=one", "Usernames=a@x.test", "Passwords=bdf"));
-}
-
-TEST_F(AccountListTest, NoAccountsAreThreeEmptyLists) {
-  const AccountList loaded = SavedAndLoaded({});
-  EXPECT_THAT(loaded.Accounts, IsEmpty());
-  EXPECT_THAT(loaded.Usernames, IsEmpty());
-  EXPECT_THAT(loaded.Passwords, IsEmpty());
-}
-
-TEST_F(AccountListTest, TheWalkGoesOverTheAccounts) {
+TEST_F(AccountListTest, IsStoredInItsOrderForEachAccount) {
   SettingBatch batch;
   SaveAccountList(batch, {{"one", "two"}, {"a@x.test"}, {"abc", "abc", "stray"}});
-  EXPECT_EQ(batch.Changes()[1].Value, "a@x.test|||");
-  EXPECT_EQ(batch.Changes()[2].Value, "bdf|||bdf");
+  std::vector<std::string> written;
+  for (const SettingChange& c : batch.Changes()) written.push_back(c.Key + "=" + *c.Value);
+  EXPECT_THAT(written,
+              ElementsAre("Accounts=one|||two", "Usernames=a@x.test|||", "Passwords=bdf|||bdf"));
 }
 
 TEST_F(AccountListTest, APasswordWhoseStoredFormEndsInABarGivesItToTheNext) {
@@ -104,8 +90,7 @@ TEST_F(AccountListTest, DamagedStoresMixNothingUp) {
     const char* Usernames;
     std::string Passwords;
     std::vector<std::string> LoadedPasswords;
-    const char* SecondUsername;
-    const char* SecondPassword;
+    const char *SecondUsername, *SecondPassword;
   };
   const Case kCases[] = {
       {"a|||b", "bdf|||bdf", {"abc", "abc"}, "b", "abc"},

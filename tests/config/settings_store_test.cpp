@@ -1,7 +1,6 @@
 #include "config/settings_store.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "simulated/simulated_desk.h"
 #include "simulated/simulated_files.h"
@@ -10,6 +9,7 @@
 namespace quillbox {
 namespace {
 
+using namespace std::string_literals;
 using ::testing::_;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
@@ -18,6 +18,15 @@ using ::testing::Pair;
 class SettingsStoreTest : public ::testing::Test {
  protected:
   void ChooseProfile() { profile = ChooseSettingsProfile(store, environment); }
+
+  // Chosen for a person of this name when the user store keeps nothing.
+  std::string ProfileOf(const std::string& username) {
+    userStore.SetKeeps(StoreKeeps::kNothing);
+    profile.clear();
+    environment.Set("USERNAME", username);
+    ChooseProfile();
+    return profile;
+  }
 
   SimulatedStore userStore;
   SimulatedFiles files;
@@ -88,53 +97,24 @@ TEST_F(SettingsStoreTest, AStoreThatKeepsStaysInForce) {
 }
 
 TEST_F(SettingsStoreTest, AStoreThatKeepsNothingGivesWayToAFile) {
-  struct Case {
-    std::string Username;
-    std::string Profile;
-  };
-  const Case kCases[] = {
-      {"ann", "ann"},
-      {"Ann Lee.b", "Ann Lee.b"},
-      {"jos\xE9", "jos\xE9"},
-      {std::string(200, 'a'), std::string(200, 'a')},
-      {"", "Default"},
-      {".", "Default"},
-      {"..", "Default"},
-      {"a/b", "Default"},
-      {"../a", "Default"},
-      {"a\\b", "Default"},
-      {"C:", "Default"},
-      {"a*", "Default"},
-      {"a?", "Default"},
-      {"\"a\"", "Default"},
-      {"o'a", "Default"},
-      {"<a>", "Default"},
-      {"a|b", "Default"},
-      {"a\nb", "Default"},
-      {"a\x7F", "Default"},
-      {"a\x81", "Default"},
-      {std::string("a\0b", 3), "Default"},
-      {"a.", "Default"},
-      {"a ", "Default"},
-      {std::string(201, 'a'), "Default"},
-      {std::string(101, '\xE9'), "Default"},  // two bytes each in a file's name
-  };
-  userStore.SetKeeps(StoreKeeps::kNothing);
-  for (const Case& c : kCases) {
-    profile.clear();
-    environment.Set("USERNAME", c.Username);
-    ChooseProfile();
-    EXPECT_EQ(profile, c.Profile) << ::testing::PrintToString(c.Username);
+  const std::string a200(200, 'a');
+  for (const std::string& name : {"ann"s, "Ann Lee.b"s, "jos\xE9"s, a200}) {
+    EXPECT_EQ(ProfileOf(name), name);
+  }
+  // The last one has two bytes each in a file's name.
+  const std::string kOthers[] = {
+      "",      ".",     "..",  "a/b", "../a",  "a\\b",     "C:",
+      "a*",    "a?",    "o'a", "<a>", "a|b",   "a\nb",     "a\x7F",
+      "a\x81", "\"a\"", "a.",  "a ",  "a\0b"s, a200 + "a", std::string(101, '\xE9')};
+  for (const std::string& name : kOthers) {
+    EXPECT_EQ(ProfileOf(name), "Default") << ::testing::PrintToString(name);
   }
 }
 
 TEST_F(SettingsStoreTest, FileModeUsesOneFileInTheDataFolder) {
-  userStore.SetKeeps(StoreKeeps::kNothing);
-  ChooseProfile();
+  ProfileOf("");
   store.WriteSetting(kRuns, "1");
-  environment.Set("username", "jos\xE9");
-  profile.clear();
-  ChooseProfile();
+  ProfileOf("jos\xE9");
   store.WriteSetting(kRuns, "2");
   EXPECT_THAT(files.All(),
               ElementsAre(Pair("/data/Default.ini", _), Pair("/data/jos\xC3\xA9.ini", _)));

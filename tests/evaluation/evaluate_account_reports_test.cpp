@@ -1,109 +1,106 @@
 #include "evaluation/evaluate_account_reports.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "sample_reports.h"
-#include "test_program.h"
+#include "simulated/context_on_state.h"
 
 namespace quillbox {
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
+using testing::StartsWith;
 
-struct Evaluation : testing::Test {
+// Account "one", the primary one, with a report of the day.
+struct Evaluation : ContextOnState {
   Evaluation() {
-    Program.State.Accounts = {"one"};
-    Program.State.SoundFiles = {"imp.wav", "clk.wav", "(None)", "cpm.wav", "(None)", "any.wav"};
-    Program.Setting("AdSense/PrimaryAccount") = "one";
-    Program.Setting("TrayTooltip/DataToDownload") = "AdSense for Content";
-    Program.Setting("TrayTooltip/Values") = "BG";
-    Program.Setting("TrayIcon/ShowBalloonWhen") = "Clicks Changes";
-    Program.Disk.Contents["/c"] = ContentReport("1/31/2007", "1000");
+    host_.Tray.Apply(TrayOperation::kAdd, {});
+    state_.SoundFiles = {"imp.wav", "clk.wav", "(None)", "cpm.wav", "(None)", "any.wav"};
+    store_.WriteSetting(kPrimaryAccount, "one");
+    store_.WriteSetting(kDataToDownload, "AdSense for Content");
+    store_.WriteSetting(kTooltipValues, "BG");
+    store_.WriteSetting(kShowBalloonWhen, "Clicks Changes");
+    host_.Files.Put("/c", ContentReport("1/31/2007", "1000"));
   }
   // What it did to the host.
-  const Trace& Run(const std::string& account = "one") {
-    Program.Did.clear();
-    EvaluateAccountReports(Program.Context, "/c", "/s", "/r", account);
-    return Program.Did;
+  std::vector<std::string> Run(const std::string& account = "one") {
+    host_.Effects.Clear();
+    EvaluateAccountReports(program_, "/c", "/s", "/r", account);
+    return host_.Trace({"store", "tip", "balloon", "sound"});
   }
-  TestProgram Program;
 };
 
-constexpr const char* kStoreBoth = "store Accounts/one Impressions Accounts/one";
-constexpr const char* kTooltip = "tooltip Impressions: 1,000\r\nDownloaded: 12:00 AM";
-constexpr const char* kBalloon = "balloon Impressions: 1,000\r\nDownloaded: 12:00 AM";
+const auto kHistory = StartsWith("store Accounts/one Impressions=");
+const auto kRecord = StartsWith("store Accounts/one=9:05 AM|||");
+const auto kLastDateStored = StartsWith("store Misc/LastDate=");
+constexpr const char* kTip = "tip Impressions: 1,000\r\nDownloaded: 9:05 AM";
 
 TEST_F(Evaluation, CarriesTheDecisionOutInOrder) {
-  EXPECT_THAT(Run(), ElementsAre(kStoreBoth, kTooltip, kBalloon, "sound imp.wav", "sound clk.wav",
-                                 "sound cpm.wav", "sound any.wav", "store Misc/LastDate"));
-  EXPECT_EQ(Program.Setting("Misc/LastDate"), "1/31/2007");
-  EXPECT_EQ(Program.Setting("Accounts/one"),
-            "12:00 AM|||1/31/2007|||1000|||10|||1.00%|||2.00|||2.00|||$0.00|||3000|||30|||1.00%"
-            "|||2.00|||6.00");
-  EXPECT_THAT(Program.Disk.WasRead, ElementsAre("/c"));
+  EXPECT_THAT(
+      Run(),
+      ElementsAre("store Accounts/one Impressions=",
+                  "store Accounts/one=9:05 AM|||1/31/2007|||1000|||10|||1.00%|||2.00|||2.00|||"
+                  "$0.00|||3000|||30|||1.00%|||2.00|||6.00",
+                  kTip, "balloon Quillbox: Impressions: 1,000\r\nDownloaded: 9:05 AM",
+                  "sound imp.wav", "sound clk.wav", "sound cpm.wav", "sound any.wav",
+                  "store Misc/LastDate=1/31/2007"));
 }
 
 TEST_F(Evaluation, BehindAShutGateOnlyTheHistoryIsStored) {
   Run();
-  Program.Disk.Contents["/c"] = ContentReport("1/31/2007", "900", "10", "9%", "9.00", "9.00");
-  EXPECT_THAT(Run(), ElementsAre("store Accounts/one Impressions"));
-  EXPECT_EQ(Program.Setting("Accounts/one Impressions"), "1000");
+  host_.Files.Put("/c", ContentReport("1/31/2007", "900", "10", "9%", "9.00", "9.00"));
+  EXPECT_THAT(Run(), ElementsAre("store Accounts/one Impressions=1000"));
 }
 
 TEST_F(Evaluation, WithoutAChangeTheRecordIsStoredAndTheDateStaysOld) {
-  Program.Disk.Contents["/c"] = ContentReport("1/30/2007", "1000", "0", "0%", "0", "0");
+  host_.Files.Put("/c", ContentReport("1/30/2007", "1000", "0", "0%", "0", "0"));
   Run();
-  Program.Disk.Contents["/c"] = ContentReport("1/31/2007", "1000", "0", "0%", "0", "0");
-  EXPECT_THAT(Run(), ElementsAre(kStoreBoth, kTooltip));
-  EXPECT_EQ(Program.Setting("Misc/LastDate"), "1/30/2007");
+  host_.Files.Put("/c", ContentReport("1/31/2007", "1000", "0", "0%", "0", "0"));
+  EXPECT_THAT(Run(), ElementsAre(kHistory, kRecord, kTip));
+  EXPECT_THAT(Run(), ElementsAre(kHistory, kRecord, kTip)) << "so it is new again";
 }
 
 TEST_F(Evaluation, ABalloonComesForTheChosenFigureAlone) {
   Run();
-  Program.Disk.Contents["/c"] = ContentReport("1/31/2007", "1001");
-  EXPECT_THAT(Run(), ElementsAre(kStoreBoth, "tooltip Impressions: 1,001\r\nDownloaded: 12:00 AM",
-                                 "sound imp.wav", "sound any.wav", "store Misc/LastDate"));
+  host_.Files.Put("/c", ContentReport("1/31/2007", "1001"));
+  EXPECT_THAT(Run(), ElementsAre(kHistory, kRecord, StartsWith("tip Impressions: 1,001"),
+                                 "sound imp.wav", "sound any.wav", kLastDateStored));
 }
 
 TEST_F(Evaluation, ASecondaryAccountOnlySounds) {
-  EXPECT_THAT(Run("ONE"), ElementsAre("store Accounts/ONE Impressions Accounts/ONE",
-                                      "sound imp.wav", "sound clk.wav", "sound cpm.wav",
-                                      "sound any.wav", "store Misc/LastDate"));
+  EXPECT_THAT(Run("ONE"),
+              ElementsAre(StartsWith("store Accounts/ONE Imp"), StartsWith("store Accounts/ONE="),
+                          "sound imp.wav", "sound clk.wav", "sound cpm.wav", "sound any.wav",
+                          kLastDateStored));
+  state_.SoundFiles.fill("(None)");
+  EXPECT_THAT(Run("two").back(), kLastDateStored) << "silence still writes the date";
 }
 
-TEST_F(Evaluation, SilenceStillWritesTheDate) {
-  Program.State.SoundFiles.fill("(None)");
-  Program.Setting("AdSense/PrimaryAccount") = "";
-  EXPECT_THAT(Run(), ElementsAre(kStoreBoth, "store Misc/LastDate"));
-}
-
-TEST_F(Evaluation, ReadsTheSelectedReportsAlone) {
+TEST_F(Evaluation, TakesTheSelectedReportsFromTheirFiles) {
   struct Case {
-    const char* setting;
-    std::set<std::string> read;
+    const char *setting, *impressions;
   };
-  const Case kCases[] = {{"All", {"/c", "/s", "/r"}},
-                         {"AdSense for Search", {"/s"}},
-                         {"Referrals", {"/r"}},
-                         {"Both", {}},
-                         {"", {}}};
+  const Case kCases[] = {{"AdSense for Content", "1000"}, {"All", "1220"}, {"Referrals", "20"},
+                         {"AdSense for Search", "200"},   {"Both", ""},    {"all", ""}};
+  host_.Files.Put("/s", ContentReport("1/31/2007", "200"));
+  host_.Files.Put("/r", ContentReport("1/31/2007", "20"));
   for (const Case& c : kCases) {
-    Program.Setting("TrayTooltip/DataToDownload") = c.setting;
-    Program.Disk.WasRead.clear();
+    store_.WriteSetting(kDataToDownload, c.setting);
+    host_.Store.Put("Accounts", "one", "");
     Run();
-    EXPECT_EQ(Program.Disk.WasRead, c.read) << c.setting;
+    EXPECT_THAT(host_.Store.Read("Accounts", "one"),
+                testing::HasSubstr(std::string("|||") + c.impressions + "|||"))
+        << c.setting;
   }
 }
 
 TEST_F(Evaluation, NoReportSelectedStillRunsThrough) {
-  Program.Setting("TrayTooltip/DataToDownload") = "Both";
-  Program.Setting("TrayIcon/ShowBalloonWhen") = "Never";
-  Program.State.SoundFiles.fill("(None)");
-  EXPECT_THAT(Run(),
-              ElementsAre(kStoreBoth, "tooltip Downloaded: 12:00 AM", "store Misc/LastDate"));
-  EXPECT_EQ(Program.Setting("Accounts/one"), "12:00 AM||||||||||||||||||||||||||||||||||||");
+  store_.WriteSetting(kDataToDownload, "Both");
+  store_.WriteSetting(kShowBalloonWhen, "Never");
+  state_.SoundFiles.fill("(None)");
+  EXPECT_THAT(
+      Run(), ElementsAre(kHistory, "store Accounts/one=9:05 AM||||||||||||||||||||||||||||||||||||",
+                         "tip Downloaded: 9:05 AM", kLastDateStored));
 }
 
 }  // namespace

@@ -10,9 +10,7 @@ namespace {
 
 TEST(RolledOver, AFallOfTheImpressionsIsANewDay) {
   struct Case {
-    const char* history;
-    const char* record;
-    const char* fresh;
+    const char *history, *record, *fresh;
     const char* rolled;
   };
   const Case kCases[] = {{"", "t|||d|||1000", "5", "1000"},
@@ -32,8 +30,7 @@ TEST(RolledOver, AFallOfTheImpressionsIsANewDay) {
 
 TEST(AverageOf, TakesTheFirstSevenDays) {
   struct Case {
-    const char* history;
-    const char* kept;
+    const char *history, *kept;
     std::int32_t daily;
   };
   const Case kCases[] = {

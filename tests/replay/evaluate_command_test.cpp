@@ -1,5 +1,4 @@
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "replay/child_program.h"
 #include "system/temporary_folder.h"
@@ -27,19 +26,24 @@ class EvaluateCommand : public testing::Test {
     folder_.Put("Content.dat", kReport);
   }
 
-  std::vector<std::string> Arguments() const {
-    return {"evaluate",     "--settings", folder_.File("a.ini"), "--account", "Café", "--reports",
-            folder_.Path(), "--at",       "2007-01-31T09:05:00"};
+  // What it says.
+  std::string Run(const std::vector<std::string>& more = {}) {
+    std::vector<std::string> arguments = {"evaluate",     "--settings", folder_.File("a.ini"),
+                                          "--account",    "Café",       "--reports",
+                                          folder_.Path(), "--at",       "2007-01-31T09:05:00"};
+    arguments.insert(arguments.end(), more.begin(), more.end());
+    ChildProgram program(arguments);
+    const std::string words = program.ReadOutput();
+    EXPECT_EQ(program.ReadErrors(), "");
+    EXPECT_EQ(program.ExitCode(), 0);
+    return words;
   }
 
   TemporaryFolder folder_;
 };
 
 TEST_F(EvaluateCommand, TellsInWordsWhatComesOfTheReports) {
-  ChildProgram program(Arguments());
-  const std::string words = program.ReadOutput();
-  EXPECT_EQ(program.ReadErrors(), "");
-  EXPECT_EQ(program.ExitCode(), 0);
+  const std::string words = Run();
   EXPECT_THAT(words,
               AllOf(HasSubstr("Account \"Café\" at 2007-01-31T09:05:00, region en-US\n"),
                     HasSubstr("\n  Content.dat         76 bytes\n"),
@@ -50,37 +54,20 @@ TEST_F(EvaluateCommand, TellsInWordsWhatComesOfTheReports) {
   const std::string text = "  Impressions: 1,000\n  Clicks: 10\n  Downloaded: 9:05 AM\n";
   EXPECT_THAT(words, AllOf(HasSubstr("Tooltip\n" + text), HasSubstr("Balloon\n" + text),
                            HasSubstr("is heard\n  c.wav\n"), HasSubstr("Nothing is saved")));
+  EXPECT_THAT(Run({"--region", "de-DE"}),
+              HasSubstr("\n  eCPM                2,00  (before: 2.00)\n"));
   EXPECT_EQ(folder_.Content("a.ini"), kSettings);
 }
 
-TEST_F(EvaluateCommand, OnlySaveWritesTheSettingsFile) {
-  std::vector<std::string> arguments = Arguments();
-  arguments.emplace_back("--save");
-  ChildProgram program(arguments);
-  EXPECT_THAT(program.ReadOutput(), HasSubstr("Saved in " + folder_.File("a.ini")));
-  EXPECT_EQ(program.ExitCode(), 0);
+TEST_F(EvaluateCommand, SavesWhenToldToAndThenNothingIsNew) {
+  EXPECT_THAT(Run({"--save"}), HasSubstr("Saved in " + folder_.File("a.ini")));
   const std::string saved = folder_.Content("a.ini");
   EXPECT_THAT(saved, testing::StartsWith("; mine\n[AdSense]\nACCOUNTS=Caf\xE9\n"));
   EXPECT_THAT(saved, AllOf(HasSubstr("\nCAF\xC9=9:05 AM|||1/31/2007|||1000|||10|||"),
                            HasSubstr("\n[Misc]\nLASTDATE=1/31/2007\n")));
-}
-
-TEST_F(EvaluateCommand, TellsThatNothingIsNew) {
-  std::vector<std::string> arguments = Arguments();
-  arguments.emplace_back("--save");
-  ChildProgram(arguments).ReadOutput();
-  ChildProgram program(Arguments());
-  const std::string words = program.ReadOutput();
-  EXPECT_THAT(words,
+  EXPECT_THAT(Run(),
               AllOf(HasSubstr("Record, not to be stored"), HasSubstr("Changes\n  none\n"),
                     HasSubstr("Tooltip\n  left as it is\n"), HasSubstr("Balloon\n  none\n")));
-}
-
-TEST_F(EvaluateCommand, TakesAnyBuiltInRegion) {
-  std::vector<std::string> arguments = Arguments();
-  arguments.insert(arguments.end(), {"--region", "de-DE"});
-  ChildProgram program(arguments);
-  EXPECT_THAT(program.ReadOutput(), HasSubstr("\n  eCPM                2,00  (before: 2.00)\n"));
 }
 
 }  // namespace

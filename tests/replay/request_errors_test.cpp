@@ -1,5 +1,4 @@
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "replay/answer.h"
 
@@ -23,9 +22,20 @@ TEST(Requests, IdComesBackUnchanged) {
   }
 }
 
+// A request of "convert" and one of "evaluate" that only lack these members.
+std::string Convert(const std::string& members) {
+  return R"("op":"convert","function":)" + members;
+}
+std::string Evaluate(const std::string& members) {
+  return R"("op":"evaluate","region":"en-US","account":"","settings":{},)" + members;
+}
+
 TEST(Requests, FaultsAreToldWithTheId) {
+  const std::string now = R"("now":"2007-01-31T09:05:00",)";
+  const std::string sounds = R"("soundFiles":["","","","","",""],)";
+  const std::string files = R"("files":{"content":null,"search":null,"referral":null})";
   struct Case {
-    const char* Request;  // without the id
+    std::string Request;  // without the id
     const char* Error;    // a part of it
   };
   const Case kCases[] = {
@@ -33,28 +43,23 @@ TEST(Requests, FaultsAreToldWithTheId) {
       {R"("op":5)", R"(\"op\" must be a text)"},
       {R"("op":"Evaluate")", R"(unknown op \"Evaluate\")"},
       {R"("op":"convert","op":"convert")", "twice"},
-      {R"("op":"convert","function":"ToLong","region":"en-US")", R"(\"argument\" is missing)"},
-      {R"("op":"convert","function":"ToLong","argument":"1")", R"(\"region\" is missing)"},
-      {R"("op":"convert","function":"ToLong","argument":1,"region":"en-US")", "must be a text"},
-      {R"("op":"convert","function":"Nothing","argument":"1")", "unknown function"},
-      {R"("op":"convert","function":"ToLong","argument":"→","region":"en-US")", "windows-1252"},
-      {R"("op":"convert","function":"ToLong","argument":"1","region":"xx-XX")", "unknown region"},
-      {R"("op":"convert","function":"ToLong","argument":"1","region":5)", "a name or an object"},
-      {R"("op":"convert","function":"ToLong","argument":"1","region":{"decimal":5})",
+      {Convert(R"("ToLong","region":"en-US")"), R"(\"argument\" is missing)"},
+      {Convert(R"("ToLong","argument":"1")"), R"(\"region\" is missing)"},
+      {Convert(R"("ToLong","argument":1,"region":"en-US")"), "must be a text"},
+      {Convert(R"("Nothing","argument":"1")"), "unknown function"},
+      {Convert(R"("ToLong","argument":"→","region":"en-US")"), "windows-1252"},
+      {Convert(R"("ToLong","argument":"1","region":"xx-XX")"), "unknown region"},
+      {Convert(R"("ToLong","argument":"1","region":5)"), "a name or an object"},
+      {Convert(R"("ToLong","argument":"1","region":{"decimal":5})"),
        R"(\"region.decimal\" must be a text)"},
-      {R"("op":"convert","function":"ToLong","argument":"1","region":{"currencyDecimals":1.5})",
-       "whole number"},
-      {R"("op":"convert","function":"ToLong","argument":"1","region":{"weekdays":["a"]})",
-       "must hold 7 texts"},
-      {R"("op":"convert","function":"NumberText","argument":"1","region":"en-US")",
-       "must be a number"},
-      {R"("op":"convert","function":"NumberText","argument":1e999,"region":"en-US")", "range"},
-      {R"("op":"convert","function":"NumberText","argument":{"currency":"1.5"},"region":"en-US")",
-       "64 bits"},
-      {R"("op":"convert","function":"CurrencyText","argument":null,"region":"en-US")",
-       "a number or a text"},
-      {R"("op":"convert","function":"ShortDate","argument":"2007-02-30","region":"en-US")", "date"},
-      {R"("op":"convert","function":"TimeText","argument":"24:00:00","use24Hour":true,"region":"en-US")",
+      {Convert(R"("ToLong","argument":"1","region":{"currencyDecimals":1.5})"), "whole number"},
+      {Convert(R"("ToLong","argument":"1","region":{"weekdays":["a"]})"), "must hold 7 texts"},
+      {Convert(R"("NumberText","argument":"1","region":"en-US")"), "must be a number"},
+      {Convert(R"("NumberText","argument":1e999,"region":"en-US")"), "range"},
+      {Convert(R"("NumberText","argument":{"currency":"1.5"},"region":"en-US")"), "64 bits"},
+      {Convert(R"("CurrencyText","argument":null,"region":"en-US")"), "a number or a text"},
+      {Convert(R"("ShortDate","argument":"2007-02-30","region":"en-US")"), "date"},
+      {Convert(R"("TimeText","argument":"24:00:00","use24Hour":true,"region":"en-US")"),
        "time of day"},
       {R"("op":"accountList","settings":{"A":"b"})", R"(\"settings.A\" must be an object)"},
       {R"("op":"accountList","settings":{"A":{"b":1}})", R"(\"settings.A.b\" must be a text)"},
@@ -62,21 +67,16 @@ TEST(Requests, FaultsAreToldWithTheId) {
       {R"("op":"profile","text":"","steps":[["read","a"]])", "too few or too many"},
       {R"("op":"profile","text":"","steps":[["move","a","b"]])", "unknown step"},
       {R"("op":"profile","text":"","steps":[{}])", "must be a list of texts"},
-      {R"("op":"evaluate","region":"en-US","now":"2007-01-31 09:05:00","account":"","accounts":[],)"
-       R"("settings":{},"soundFiles":["","","","","",""],"files":{"content":null,"search":null,"referral":null})",
+      {Evaluate(R"("now":"2007-01-31 09:05:00","accounts":[],)" + sounds + files),
        R"(\"now\" must be)"},
-      {R"("op":"evaluate","region":"en-US","now":"2007-01-31T09:05:00","account":"","accounts":[],)"
-       R"("settings":{},"soundFiles":[""],"files":{"content":null,"search":null,"referral":null})",
-       "six texts"},
-      {R"("op":"evaluate","region":"en-US","now":"2007-01-31T09:05:00","account":"","accounts":[1],)"
-       R"("settings":{},"soundFiles":["","","","","",""],"files":{"content":null,"search":null,"referral":null})",
+      {Evaluate(now + R"("accounts":[],"soundFiles":[""],)" + files), "six texts"},
+      {Evaluate(now + R"("accounts":[1],)" + sounds + files),
        R"(\"accounts\" must be a list of texts)"},
-      {R"("op":"evaluate","region":"en-US","now":"2007-01-31T09:05:00","account":"","accounts":[],)"
-       R"("settings":{},"soundFiles":["","","","","",""],"files":{"content":null,"search":null})",
+      {Evaluate(now + R"("accounts":[],)" + sounds + R"("files":{"content":null,"search":null})"),
        R"(\"files.referral\" is missing)"},
   };
   for (const Case& c : kCases) {
-    const std::string answer = Answer(R"({"id":7,)" + std::string(c.Request) + "}");
+    const std::string answer = Answer(R"({"id":7,)" + c.Request + "}");
     EXPECT_THAT(answer, StartsWith(R"({"ok":false,"id":7,"error":")")) << c.Request;
     EXPECT_THAT(answer, HasSubstr(c.Error)) << c.Request;
   }

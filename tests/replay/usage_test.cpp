@@ -1,5 +1,4 @@
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <algorithm>
 
@@ -9,10 +8,7 @@
 namespace quillbox {
 namespace {
 
-struct Case {
-  std::vector<std::string> Arguments;
-  const char* Error;  // a part of the line
-};
+constexpr const char* kTitle = "Ad Performance - Clicks";
 
 TEST(Usage, EachMistakeGivesOneLineAndNothingElse) {
   const TemporaryFolder folder;
@@ -20,6 +16,15 @@ TEST(Usage, EachMistakeGivesOneLineAndNothingElse) {
   folder.Put("bad.script", "no step\n");
   folder.Put("empty.script", "");
   const std::string ini = folder.File("a.ini");
+  // A whole request for an evaluation, and more.
+  const auto evaluate = [&ini](std::vector<std::string> more) {
+    more.insert(more.begin(), {"evaluate", "--settings", ini, "--account", "a"});
+    return more;
+  };
+  struct Case {
+    std::vector<std::string> Arguments;
+    const char* Error;  // a part of the line
+  };
   const Case kCases[] = {
       {{}, "say what to do"},
       {{"play"}, "unknown way"},
@@ -33,15 +38,19 @@ TEST(Usage, EachMistakeGivesOneLineAndNothingElse) {
       {{"evaluate", "--account", "a"}, "--settings is missing"},
       {{"evaluate", "--settings", ini}, "--account is missing"},
       {{"evaluate", "--settings", ini, "--account"}, "needs a value"},
-      {{"evaluate", "--settings", ini, "--account", "a", "--save", "--save"}, "twice"},
-      {{"evaluate", "--settings", ini, "--account", "a", "--Save"}, "unknown option"},
+      {evaluate({"--save", "--save"}), "twice"},
+      {evaluate({"--Save"}), "unknown option"},
       {{"evaluate", "--settings", ini, "--account", "→"}, "windows-1252"},
-      {{"evaluate", "--settings", ini, "--account", "a", "--region", "en"}, "unknown region en"},
-      {{"evaluate", "--settings", ini, "--account", "a", "--at", "today"}, "--at must be"},
+      {evaluate({"--region", "en"}), "unknown region en"},
+      {evaluate({"--at", "today"}), "--at must be"},
       {{"evaluate", "--settings", ini + "x", "--account", "a", "--save"},
        "can't read the settings"},
-      {{"evaluate", "--settings", ini, "--account", "a", "--reports", ini, "--save"},
-       "can't read the folder"},
+      {evaluate({"--reports", ini, "--save"}), "can't read the folder"},
+      {{"report", "--reports", ini, "--out", ini}, "--title is missing"},
+      {{"report", "--title", "Ad", "--reports", ini, "--out", ini}, "unknown report title Ad"},
+      {{"report", "--title", kTitle, "--reports", ini + "x", "--out", ini},
+       "can't read the report"},
+      {{"report", "--title", kTitle, "--reports", ini, "--out", ini}, "no data in the report"},
   };
   for (const Case& c : kCases) {
     ChildProgram program(c.Arguments);
@@ -53,6 +62,17 @@ TEST(Usage, EachMistakeGivesOneLineAndNothingElse) {
   }
   EXPECT_EQ(folder.Content("a.ini"), "[A]\n");
   EXPECT_EQ(folder.Content("a.inix"), "");
+}
+
+TEST(Usage, AReportGivesItsPage) {
+  const TemporaryFolder folder;
+  folder.Put("Report.dat", "h\n2/1/2007\t1\t5\nt\na\n");
+  ChildProgram program({"report", "--title", kTitle, "--reports", folder.File("Report.dat"),
+                        "--region", "en-GB", "--out", folder.File("Report.html")});
+  EXPECT_THAT(program.ReadOutput(), testing::HasSubstr(folder.File("Report.html")));
+  EXPECT_EQ(program.ExitCode(), 0);
+  EXPECT_THAT(folder.Content("Report.html"),
+              testing::HasSubstr("labels = \"Tuesday<BR>02/01/07\";graph.values = \"5\";"));
 }
 
 TEST(Usage, AScriptGivesItsTrace) {

@@ -1,12 +1,42 @@
-// How the agent learns of a proxy.
+// What the agent is handed: its command texts, to the letter, for they are a contract with another
+// program, and the proxy.
 #include "retrieval/fetch_agent.h"
 
 #include <gtest/gtest.h>
 
-#include "simulated/simulated_program.h"
+#include "retrieval/refresh_commands.h"
+#include "simulated/used_program.h"
 
 namespace quillbox {
 namespace {
+
+TEST(RefreshCommands, AreWhatTheAgentExpects) {
+  const std::string start = "Email=%61%2E%62&Passwd=%2B%%#%https://h.test/adsense/report/";
+  const std::string dates =
+      "&dateRange.dateRangeType=simple&dateRange.simpleDate=thismonth&reportType=property"
+      "&groupByPref=date&outputFormat=TSV_EXCEL";
+  struct Case {
+    Report report;
+    const char* byPage;
+    std::string command;
+  };
+  const Case kCases[] = {
+      {Report::kContent, "Page",
+       start + "aggregate?product=afc" + dates +
+           "&unitPref=page|/my app/Content.dat|/my app/Content.log"},
+      {Report::kContent, "",
+       start + "aggregate?product=afc" + dates +
+           "&unitPref=adunit|/my app/Content.dat|/my app/Content.log"},
+      {Report::kSearch, "Page",
+       start + "aggregate?product=afs" + dates + "|/my app/Search.dat|/my app/Search.log"},
+      {Report::kReferral, "Page",
+       start + "referrals?product=ref" + dates + "|/my app/Referral.dat|/my app/Referral.log"},
+  };
+  const ApplicationFolder folder("/my app", "/my app", '/');
+  for (const Case& c : kCases) {
+    EXPECT_EQ(RefreshCommand(c.report, c.byPage, "a.b", "+%", "h.test", folder), c.command);
+  }
+}
 
 TEST(FetchAgent, GetsTheProxyByItsEnvironment) {
   struct Case {
@@ -28,10 +58,7 @@ TEST(FetchAgent, GetsTheProxyByItsEnvironment) {
 }
 
 TEST(FetchAgent, TheProxyNeverStandsInTheText) {
-  SimulatedProgram program;
-  program.UsedBefore();
-  program.AddAccount("one", "ann", "x");
-  program.Set(kDataToDownload, kDownloadContent);
+  UsedProgram program;
   program.Set(kProxyServer, "proxy.test");
   program.Set(kProxyPort, "8080");
   program.Start();

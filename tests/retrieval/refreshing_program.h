@@ -5,52 +5,39 @@
 
 #include <chrono>
 #include <string>
-#include <vector>
 
-#include "simulated/sample_report.h"
-#include "simulated/simulated_program.h"
+#include "simulated/used_program.h"
 
 namespace quillbox {
 
 class RefreshingProgram : public testing::Test {
  protected:
-  RefreshingProgram() {
-    program_.UsedBefore();
-    program_.Host.Agents.Always(Answers("0"));
-  }
+  RefreshingProgram() { program_.Host.Agents.Always(Answers("0")); }
 
   // Accounts "one" (of ann) and "two" (of bob); "one" is not the primary account.
   void Start(std::string_view dataToDownload, int accounts = 1) {
-    program_.AddAccount("one", "ann", "x");
     if (accounts > 1) program_.AddAccount("two", "bob", "y");
     program_.Set(kDataToDownload, dataToDownload);
-    program_.Start();
+    program_.StartQuietly();
     program_.Set(kDownloadedSound, "done.wav");  // not in SoundFiles: the cycle's alone
-    program_.Host.RunFor(std::chrono::seconds(1));
-    program_.Host.Effects.Clear();
   }
 
-  void Refresh() { program_.Host.Choose("RefreshNow"); }
+  // How long it took.
+  std::chrono::milliseconds Refresh() {
+    const TimePoint begin = program_.Host.Time.Now();
+    program_.Host.Choose("RefreshNow");
+    return program_.Host.Time.Now() - begin;
+  }
 
   bool CanRefresh() const {
-    for (const MenuItem& item : program_.State().TrayMenu) {
-      if (item.Name == "RefreshNow") return item.Enabled;
-    }
-    return false;
+    return program_.State().TrayMenu[2].Enabled && !program_.State().RefreshRunning;
   }
 
   bool WasEvaluated(const std::string& account) {
     return !program_.Host.Store.Read("Accounts", account).empty();
   }
 
-  // The working files that there are.
-  std::vector<std::string> WorkingFiles() {
-    std::vector<std::string> files;
-    for (const auto& [path, content] : program_.Host.Files.All()) files.push_back(path);
-    return files;
-  }
-
-  SimulatedProgram program_;
+  UsedProgram program_;
 };
 
 }  // namespace quillbox

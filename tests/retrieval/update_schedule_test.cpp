@@ -1,4 +1,4 @@
-// The rate table and the minute count.
+// The rate table.
 #include "retrieval/update_schedule.h"
 
 #include <gtest/gtest.h>
@@ -21,19 +21,6 @@ TEST(UpdateSchedule, KnowsEveryRate) {
       {"every minute", 15},     {"Every minute ", 15},    {"", 15},
       {"Every 6 hours", 15}};
   for (const Case& c : kCases) EXPECT_EQ(RateMinutes(c.rate), c.minutes) << '"' << c.rate << '"';
-}
-
-TEST(UpdateSchedule, TheCountStaysInRange) {
-  EXPECT_EQ(CountMinute(0), 1);
-  EXPECT_EQ(CountMinute(32766), 32767);
-  EXPECT_EQ(CountMinute(32767), 32767);
-}
-
-TEST(UpdateSchedule, IsDueWhenTheMinutesHavePassed) {
-  EXPECT_TRUE(RefreshDue(1, 1));
-  EXPECT_FALSE(RefreshDue(14, 15));
-  EXPECT_TRUE(RefreshDue(15, 15));
-  EXPECT_TRUE(RefreshDue(32767, 300));
 }
 
 }  // namespace

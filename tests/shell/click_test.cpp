@@ -1,50 +1,34 @@
 // Single and double clicks on the tray icon.
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <string>
 #include <vector>
 
-#include "simulated/sample_report.h"
-#include "simulated/simulated_program.h"
+#include "simulated/used_program.h"
 
 namespace quillbox {
 namespace {
 
 using namespace std::chrono_literals;
 using testing::ElementsAreArray;
-using testing::IsEmpty;
 
+// A refresh takes 10 seconds, in which events go on; a double click opens the Options.
 class ClickTest : public testing::Test {
  protected:
   ClickTest() {
-    program_.UsedBefore();
-    program_.AddAccount("one", "ann", "x");
-    program_.Set(kPrimaryAccount, "one");
-    program_.Set(kDataToDownload, kDownloadContent);
-    AgentBehaviour agent = Answers("1");
-    agent.LogAfter = 10s;
-    host_.Agents.Always(agent);
+    program_.Set(kTrayAction, kActionOptions);
+    host_.Agents.Always(Answers("1", 10s));
   }
 
-  void Start(std::string_view single, std::string_view twice) {
+  void Start(std::string_view single) {
     program_.Set(kTraySingleAction, single);
-    program_.Set(kTrayAction, twice);
-    program_.Start();
-    host_.RunFor(1s);
-    host_.Effects.Clear();
+    program_.StartQuietly();
     begin_ = host_.Time.Now();
   }
 
-  void LeftDownIn(std::chrono::milliseconds time) {
-    host_.After(time, [this] { host_.LeftDown(); });
-  }
-  void DoubleClickIn(std::chrono::milliseconds time) {
-    host_.After(time, [this] { host_.DoubleClick(); });
-  }
-
-  // What the clicks brought about, each with its milliseconds.
-  std::vector<std::string> Effects() const {
+  // What the clicks brought about in a minute, each with its milliseconds.
+  std::vector<std::string> Effects() {
+    host_.RunFor(1min);
     std::vector<std::string> effects;
     for (const TraceEntry& entry : host_.Effects.Entries()) {
       const bool begins = entry.What == "agent" && entry.Text.starts_with("start");
@@ -54,7 +38,7 @@ class ClickTest : public testing::Test {
     return effects;
   }
 
-  SimulatedProgram program_;
+  UsedProgram program_;
   SimulatedHost& host_ = program_.Host;
   TimePoint begin_{0};
 };
@@ -62,64 +46,69 @@ class ClickTest : public testing::Test {
 TEST_F(ClickTest, TwoHundredMillisecondsTellSingleFromDouble) {
   struct Case {
     const char* what;
-    std::vector<std::chrono::milliseconds> down, doubled;
-    std::vector<std::string> effects;
-  };
-  const Case kCases[] = {{"a click", {0ms}, {}, {"200 open"}},
-                         {"a double click", {0ms}, {120ms}, {"120 form"}},
-                         {"at the last moment", {0ms}, {199ms}, {"199 form"}},
-                         {"a slow double click", {0ms}, {300ms}, {"200 open"}},
-                         {"its second half alone", {}, {0ms}, {}},
-                         {"a click within a click's time", {0ms, 100ms}, {}, {"200 open"}},
-                         {"two clicks", {0ms, 250ms}, {}, {"200 open", "450 open"}},
-                         {"four clicks in a row", {0ms, 200ms}, {100ms, 300ms}, {"100 form"}}};
-  for (const Case& c : kCases) {
-    Start(kActionVisit, kActionOptions);
-    for (const auto time : c.down) LeftDownIn(time);
-    for (const auto time : c.doubled) DoubleClickIn(time);
-    host_.RunFor(1min);
-    EXPECT_THAT(Effects(), ElementsAreArray(c.effects)) << c.what;
-    host_.Kill();
-  }
-}
-
-TEST_F(ClickTest, NoActionStillTakesItsTime) {
-  Start(kActionNone, kActionOptions);
-  LeftDownIn(0ms);
-  DoubleClickIn(250ms);
-  host_.RunFor(1min);
-  EXPECT_THAT(Effects(), IsEmpty()) << "the second half came when the click was over";
-}
-
-// The action is a refresh of 10 seconds, in which events go on.
-TEST_F(ClickTest, ALongActionRunsOnceForItsClick) {
-  struct Case {
-    const char* what;
+    std::string_view single;
     std::vector<std::chrono::milliseconds> down, doubled;
     std::vector<std::string> effects;
   };
   const Case kCases[] = {
-      {"left alone", {0ms}, {}, {"200 agent"}},
-      {"a slow double click", {0ms}, {300ms}, {"200 agent"}},
-      {"clicks meanwhile", {0ms, 1s, 5s, 9900ms}, {}, {"200 agent"}},
-      {"a double click meanwhile", {0ms, 5s}, {5100ms}, {"200 agent", "5100 form"}},
-      {"a click afterwards", {0ms, 11s}, {}, {"200 agent", "11200 agent"}}};
+      {"a click", kActionVisit, {0ms}, {}, {"200 open"}},
+      {"a double click", kActionVisit, {0ms}, {120ms}, {"120 form"}},
+      {"at the last moment", kActionVisit, {0ms}, {199ms}, {"199 form"}},
+      {"a slow double click", kActionVisit, {0ms}, {300ms}, {"200 open"}},
+      {"its second half alone", kActionVisit, {}, {0ms}, {}},
+      {"a click within a click's time", kActionVisit, {0ms, 100ms}, {}, {"200 open"}},
+      {"two clicks", kActionVisit, {0ms, 250ms}, {}, {"200 open", "450 open"}},
+      {"four clicks in a row", kActionVisit, {0ms, 200ms}, {100ms, 300ms}, {"100 form"}},
+      {"no action still takes its time", kActionNone, {0ms}, {250ms}, {}},
+      {"a slow one with a refresh", kActionRefresh, {0ms}, {300ms}, {"200 agent"}},
+      {"clicks in a refresh", kActionRefresh, {0ms, 1s, 5s, 9900ms}, {}, {"200 agent"}},
+      {"a double one in it", kActionRefresh, {0ms, 5s}, {5100ms}, {"200 agent", "5100 form"}},
+      {"a click after it", kActionRefresh, {0ms, 11s}, {}, {"200 agent", "11200 agent"}}};
   for (const Case& c : kCases) {
-    Start(kActionRefresh, kActionOptions);
-    for (const auto time : c.down) LeftDownIn(time);
-    for (const auto time : c.doubled) DoubleClickIn(time);
-    host_.RunFor(1min);
+    Start(c.single);
+    for (const auto time : c.down) host_.After(time, [this] { host_.LeftDown(); });
+    for (const auto time : c.doubled) host_.After(time, [this] { host_.DoubleClick(); });
     EXPECT_THAT(Effects(), ElementsAreArray(c.effects)) << c.what;
     host_.Kill();
   }
 }
 
 TEST_F(ClickTest, ARefreshThatRunsIsLeftAlone) {
-  Start(kActionRefresh, kActionOptions);
-  LeftDownIn(2s);
+  Start(kActionRefresh);
+  host_.After(2s, [this] { host_.LeftDown(); });
   host_.Choose("RefreshNow");
-  host_.RunFor(1min);
   EXPECT_THAT(Effects(), ElementsAreArray({"0 agent"}));
+}
+
+// What the texts of the two tray actions do.
+TEST(TrayAction, DoesWhatItsTextSays) {
+  struct Case {
+    std::string_view action;
+    std::vector<std::string> effects;
+  };
+  const Case kCases[] = {
+      {"No Action", {}},
+      {"Open primary AdSense account",
+       {"open https://adsense.example.test/accounts/ServiceLoginAuth?..."}},
+      {"Open Quillbox Options", {"form Opts"}},
+      {"Refresh tooltip information", {"agent start 1 Content.dat", "agent write 1 Content.log"}},
+      {"Visit Tarnwick Works", {"open https://quillbox.example.test"}},
+      {"open quillbox options", {}},
+      {"Visit", {}},
+  };
+  for (const Case& c : kCases) {
+    for (const bool doubled : {false, true}) {
+      UsedProgram program;
+      program.Set(kPrimaryAccount, "one");
+      program.Set(doubled ? kTrayAction : kTraySingleAction, c.action);
+      program.Start();
+      program.Host.LeftDown();
+      if (doubled) program.Host.DoubleClick();
+      program.Host.RunFor(1min);
+      EXPECT_THAT(program.Host.Trace({"form", "open", "agent", "box"}), ElementsAreArray(c.effects))
+          << c.action << (doubled ? ", twice" : ", once");
+    }
+  }
 }
 
 }  // namespace

@@ -1,12 +1,11 @@
 // The tray menu, item for item, and what its items do.
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <string>
 #include <vector>
 
-#include "simulated/sample_report.h"
-#include "simulated/simulated_program.h"
+#include "about/about_win.h"
+#include "simulated/used_program.h"
 
 namespace quillbox {
 namespace {
@@ -18,18 +17,13 @@ using testing::IsEmpty;
 class MenuCommandsTest : public testing::Test {
  protected:
   MenuCommandsTest() {
-    program_.UsedBefore();
-    program_.AddAccount("one", "ann", "x");
-    program_.Set(kDataToDownload, kDownloadContent);
     host_.Agents.Always(Answers("0"));
-    program_.Start();
-    host_.RunFor(1s);
-    host_.Effects.Clear();
+    program_.StartQuietly();
   }
 
   const MenuItem& Item(std::size_t position) const { return program_.State().TrayMenu[position]; }
 
-  SimulatedProgram program_;
+  UsedProgram program_;
   SimulatedHost& host_ = program_.Host;
 };
 
@@ -76,14 +70,7 @@ TEST_F(MenuCommandsTest, LinksLeadToTheMakersSite) {
   EXPECT_EQ(host_.Opener.Opened().size(), std::size(kCases));
 }
 
-TEST_F(MenuCommandsTest, TheManualIsAFileOfTheApplicationFolder) {
-  host_.Files.Put("/app/ReadMe.txt", "How to");
-  host_.Choose("QuillboxManual");
-  EXPECT_THAT(host_.Opener.Opened(), ElementsAre("/app/ReadMe.txt"));
-  EXPECT_THAT(host_.Boxes.Shown(), IsEmpty());
-}
-
-TEST_F(MenuCommandsTest, AMissingManualIsSaidToBeMissing) {
+TEST_F(MenuCommandsTest, TheManualIsAFileThatMayBeMissing) {
   host_.Choose("QuillboxManual");
   EXPECT_THAT(host_.Opener.Opened(), IsEmpty());
   ASSERT_EQ(host_.Boxes.Shown().size(), 1U);
@@ -91,19 +78,28 @@ TEST_F(MenuCommandsTest, AMissingManualIsSaidToBeMissing) {
   EXPECT_EQ(box.Title, "Quillbox");
   EXPECT_EQ(box.Text, "The Help File is missing!  Reinstall Quillbox to correct this problem.");
   EXPECT_EQ(box.Icon, BoxIcon::kExclamation);
+  host_.Files.Put("/app/ReadMe.txt", "How to");
+  host_.Choose("QuillboxManual");
+  EXPECT_THAT(host_.Opener.Opened(), ElementsAre("/app/ReadMe.txt"));
+  EXPECT_EQ(host_.Boxes.Shown().size(), 1U);
 }
 
-TEST_F(MenuCommandsTest, EachFormIsLoadedOnce) {
+TEST_F(MenuCommandsTest, EachFormIsLoadedOnceAndAnewAfterItWasClosed) {
   struct Case {
     const char *item, *form;
+    FormName name;
   };
-  const Case kCases[] = {
-      {"Options", "form Opts"}, {"Reports", "form ReportsWin"}, {"About", "form AboutWin"}};
+  const Case kCases[] = {{"Options", "form Opts", FormName::kOpts},
+                         {"Reports", "form ReportsWin", FormName::kReportsWin},
+                         {"About", "form AboutWin", FormName::kAboutWin}};
   for (const Case& c : kCases) {
     host_.Effects.Clear();
     host_.Choose(c.item);
     host_.Choose(c.item);
     EXPECT_THAT(host_.Trace({"form"}), ElementsAre(c.form)) << c.item;
+    host_.Windows.Unload(c.name);
+    host_.Choose(c.item);
+    EXPECT_THAT(host_.Trace({"form"}), ElementsAre(c.form, c.form)) << c.item;
   }
 }
 
@@ -131,6 +127,23 @@ TEST_F(MenuCommandsTest, RefreshNowRestsDuringACycle) {
   EXPECT_TRUE(host_.Choose("RefreshNow"));
   EXPECT_TRUE(Item(2).Enabled);
   EXPECT_EQ(host_.Agents.Starts().size(), 1U);
+}
+
+TEST(AboutWin, TellsProductAndMakerAndOpensTheirAddresses) {
+  SimulatedHost host;
+  AboutWin about({"", "", "https://maker.test", "help@maker.test", "1.3.0"}, host.Opener,
+                 host.Windows);
+  host.Windows.Load(about);
+  EXPECT_EQ(about.Caption, "About Quillbox");
+  EXPECT_EQ(about.Product, "Quillbox 1.3.0");
+  EXPECT_EQ(about.WebAddress, "https://maker.test");
+  EXPECT_EQ(about.Email, "help@maker.test");
+  about.WebAddress_Click();
+  about.Email_Click();
+  about.OK_Click();
+  about.OK_Click();
+  EXPECT_THAT(host.Trace(), ElementsAre("form AboutWin", "open https://maker.test",
+                                        "open mailto:help@maker.test", "close AboutWin"));
 }
 
 }  // namespace

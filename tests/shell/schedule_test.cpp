@@ -1,159 +1,184 @@
 // When automatic refreshes happen.
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <vector>
 
-#include "simulated/sample_report.h"
-#include "simulated/simulated_program.h"
+#include "shell/form_on_state.h"
+#include "simulated/used_program.h"
 
 namespace quillbox {
 namespace {
 
 using namespace std::chrono_literals;
 using testing::ElementsAre;
-using testing::IsEmpty;
+using testing::ElementsAreArray;
 
 class ScheduleTest : public testing::Test {
  protected:
-  ScheduleTest() {
-    program_.UsedBefore();
-    program_.AddAccount("one", "ann", "x");
-    program_.Set(kDataToDownload, kDownloadContent);
+  // The program of a person who lets it refresh at this rate, with an agent that takes so long.
+  void Prepare(std::string_view rate, std::chrono::milliseconds agent) {
     program_.Set(kAutoUpdateEnable, kTrue);
-    program_.Set(kAutoUpdateRate, "Every minute");
-    AnswerAfter(400ms);
+    program_.Set(kAutoUpdateRate, rate);
+    host_.Agents.Always(Answers("1", agent));
   }
+  std::vector<TimePoint> Refreshes() const { return AgentStarts(host_); }
 
-  void AnswerAfter(std::chrono::milliseconds time) {
-    AgentBehaviour agent = Answers("1");
-    agent.LogAfter = time;
-    program_.Host.Agents.Always(agent);
-  }
-
-  // The moments at which an agent was started.
-  std::vector<TimePoint> Refreshes() const {
-    std::vector<TimePoint> moments;
-    for (const TraceEntry& entry : program_.Host.Effects.Entries()) {
-      if (entry.What == "agent" && entry.Text.starts_with("start")) moments.push_back(entry.At);
-    }
-    return moments;
-  }
-
-  SimulatedProgram program_;
+  UsedProgram program_;
+  SimulatedHost& host_ = program_.Host;
 };
 
-TEST_F(ScheduleTest, ComesAtTheRateCountedFromTheLastCyclesEnd) {
-  struct Case {
-    const char* rate;
-    std::chrono::minutes minutes;
-  };
-  const Case kCases[] = {
-      {"Every minute", 1min}, {"Every 15 minutes", 15min}, {"Every hour", 60min}, {"", 15min}};
-  for (const Case& c : kCases) {
-    program_.Set(kAutoUpdateRate, c.rate);
-    program_.Host.Effects.Clear();
-    program_.Start();
-    const TimePoint start = program_.Host.Time.Now();
-    program_.Host.RunFor(2 * c.minutes + 30s);
-    EXPECT_THAT(Refreshes(), ElementsAre(start + c.minutes, start + 2 * c.minutes + 400ms))
-        << c.rate;
-    program_.Host.Kill();
+// One every `rate` from the beginning and from the end of the one before.
+std::vector<TimePoint> Regular(std::chrono::milliseconds rate, std::chrono::milliseconds cycle) {
+  std::vector<TimePoint> moments;
+  for (TimePoint due = rate; due <= 24h; due += cycle + rate) moments.push_back(due);
+  return moments;
+}
+
+TEST_F(ScheduleTest, KeepsEveryRateForADay) {
+  for (const UpdateRate& rate : kUpdateRates) {
+    UsedProgram program;
+    program.Set(kAutoUpdateEnable, kTrue);
+    program.Set(kAutoUpdateRate, rate.Text);
+    program.Host.Agents.Always(Answers("1", 1s));
+    program.Start();
+    program.Host.RunFor(24h);
+    EXPECT_EQ(AgentStarts(program.Host), Regular(std::chrono::minutes(rate.Minutes), 1s))
+        << rate.Text;
   }
 }
 
-TEST_F(ScheduleTest, IsOffUnlessEnabled) {
-  program_.Set(kAutoUpdateEnable, "true");
-  program_.Start();
-  program_.Host.RunFor(24h);
-  EXPECT_THAT(Refreshes(), IsEmpty());
+TEST_F(ScheduleTest, IsThereWhenEnabledAndConnectedIfThatMatters) {
+  struct Case {
+    const char *enabled, *whenConnected;
+    bool online;
+    std::vector<TimePoint> refreshes;
+  };
+  const Case kCases[] = {{"True", "", false, {60s}},    {"True", "true", false, {60s}},
+                         {"True", "True", true, {60s}}, {"True", "True", false, {}},
+                         {"true", "", true, {}},        {"", "", true, {}}};
+  for (const Case& c : kCases) {
+    UsedProgram program;
+    program.Set(kAutoUpdateEnable, c.enabled);
+    program.Set(kAutoUpdateRate, "Every minute");
+    program.Set(kAutoUpdateWhenConnected, c.whenConnected);
+    program.Host.Network.SetOnline(c.online);
+    program.Start();
+    program.Host.RunFor(61s);
+    EXPECT_THAT(AgentStarts(program.Host), ElementsAreArray(c.refreshes))
+        << c.enabled << "/" << c.whenConnected << "/" << c.online;
+  }
 }
 
-TEST_F(ScheduleTest, WaitsForAConnectionWhenToldTo) {
+TEST_F(ScheduleTest, HoursOfflineEndWithARefreshInTheFirstMinute) {
+  Prepare("Every 15 minutes", 400ms);
   program_.Set(kAutoUpdateWhenConnected, kTrue);
-  program_.Host.Network.SetOnline(false);
+  host_.After(8h, [this] { host_.Network.SetOnline(false); });
+  host_.After(10h + 7min, [this] {
+    EXPECT_EQ(program_.State().UpdateMinuteCount, 15 + 126);
+    host_.Network.SetOnline(true);
+  });
   program_.Start();
-  program_.Host.RunFor(4min + 30s);
-  EXPECT_THAT(Refreshes(), IsEmpty());
-  EXPECT_EQ(program_.State().UpdateMinuteCount, 4);
-  program_.Host.Network.SetOnline(true);
-  program_.Host.RunFor(1min);
-  EXPECT_THAT(Refreshes(), ElementsAre(5min));
-  EXPECT_EQ(program_.State().UpdateMinuteCount, 0);
-}
-
-TEST_F(ScheduleTest, GoesAheadOfflineWhenNotToldToWait) {
-  program_.Host.Network.SetOnline(false);
-  program_.Start();
-  program_.Host.RunFor(61s);
-  EXPECT_THAT(Refreshes(), ElementsAre(1min));
+  host_.RunFor(10h + 25min);
+  const auto refreshes = Refreshes();
+  ASSERT_EQ(refreshes.size(), 33U);
+  EXPECT_LT(refreshes[30], 8h);
+  EXPECT_EQ(refreshes[31], 10h + 7min + 12400ms) << "31 cycles of 400 ms before it";
+  EXPECT_EQ(refreshes[32], refreshes[31] + 15min + 400ms);
 }
 
 TEST_F(ScheduleTest, TheMinuteCountStaysInRangeThroughAMonthOffline) {
+  Prepare("Every minute", 400ms);
   program_.Set(kAutoUpdateWhenConnected, kTrue);
-  program_.Host.Network.SetOnline(false);
+  host_.Network.SetOnline(false);
   program_.Start();
-  program_.Host.RunFor(31 * 24h);
+  host_.RunFor(31 * 24h);
   EXPECT_EQ(program_.State().UpdateMinuteCount, 32767);
-  program_.Host.Network.SetOnline(true);
-  program_.Host.RunFor(2min);
+  host_.Network.SetOnline(true);
+  host_.RunFor(2min);
   EXPECT_FALSE(Refreshes().empty());
 }
 
-TEST_F(ScheduleTest, ATickDuringACycleIsSkippedWhole) {
-  AnswerAfter(10s);
-  program_.Set(kAutoUpdateRate, "Every 2 minutes");
+TEST_F(ScheduleTest, ACycleOnRequestStartsTheCountAnew) {
+  Prepare("Every hour", 90s);
   program_.Start();
-  program_.Host.RunFor(115s);
-  Host ports = program_.Host.Ports();
-  program_.Host.After(4s, [ports] { ports.Events.Sleep(3s); });
-  program_.Host.After(8s, [this] { EXPECT_EQ(program_.State().UpdateMinuteCount, 1); });
-  program_.Host.Choose("RefreshNow");  // until 125 s; the tick of 120 s comes in it, at 122 s
+  host_.RunFor(100min + 10s);
+  host_.Choose("RefreshNow");  // over the ticks of 100:30 and 101:30
+  host_.RunFor(2h);
+  EXPECT_THAT(Refreshes(), ElementsAre(60min, 100min + 10s, 161min + 30s));
+}
+
+TEST_F(ScheduleTest, ATickDuringACycleIsSkippedWhole) {
+  Prepare("Every 2 minutes", 10s);
+  program_.Start();
+  host_.RunFor(115s);
+  Host ports = host_.Ports();
+  host_.After(4s, [ports] { ports.Events.Sleep(3s); });
+  host_.After(8s, [this] { EXPECT_EQ(program_.State().UpdateMinuteCount, 1); });
+  host_.Choose("RefreshNow");  // until 125 s; the tick of 120 s comes in it, at 122 s
   EXPECT_EQ(program_.State().UpdateMinuteCount, 0);
-  program_.Host.RunFor(4min);
+  host_.RunFor(4min);
   // A swap at 122 s would have begun a fresh minute there; so the clock ticks at 180 s and 240 s.
   EXPECT_THAT(Refreshes(), ElementsAre(115s, 240s));
 }
 
-TEST_F(ScheduleTest, ACycleAsLongAsARefreshMayTakeHoldsTheClock) {
-  program_.Host.Agents.Always(AgentBehaviour{});
-  program_.Start();
-  program_.Host.RunFor(5min);
-  const auto refreshes = Refreshes();
-  ASSERT_EQ(refreshes.size(), 2U);
-  EXPECT_EQ(refreshes[0], 60s);
-  EXPECT_GE(refreshes[1], 240s) << "a minute after the 120 s of the first were over";
-  EXPECT_LE(refreshes[1], 241s);
-}
-
 TEST_F(ScheduleTest, TheClockRunsDuringThePause) {
+  Prepare("Every minute", 400ms);
   program_.Set(kPause, kTrue);
   program_.Set(kRefreshTooltip, kTrue);
   program_.Start();
-  program_.Host.RunFor(91s);
+  host_.RunFor(91s);
   EXPECT_THAT(Refreshes(), ElementsAre(30s, 60s));
 }
 
 TEST_F(ScheduleTest, TheDelayedStartSkipsItsRefreshDuringACycleAndStillChecks) {
-  AnswerAfter(20s);
-  program_.Set(kAutoUpdateEnable, kFalse);
+  host_.Agents.Always(Answers("1", 20s));
   program_.Set(kPause, kTrue);
   program_.Set(kRefreshTooltip, kTrue);
   program_.Set(kCheckForNewVersion, kTrue);
   program_.Start();
-  program_.Host.RunFor(25s);
-  program_.Host.Choose("RefreshNow");
-  program_.Host.RunFor(5min);
-  EXPECT_THAT(program_.Host.Trace({"agent"}),
+  host_.RunFor(25s);
+  host_.Choose("RefreshNow");
+  host_.RunFor(5min);
+  EXPECT_THAT(host_.Trace({"agent"}),
               ElementsAre("agent start 1 Content.dat", "agent start 2 che.wt",
                           "agent write 1 Content.log", "agent write 2 chet.wt"));
 }
 
 TEST_F(ScheduleTest, ATickInsideAnOpenBoxRefreshes) {
-  program_.Host.Boxes.Add({.OpenFor = 90s});
+  Prepare("Every minute", 400ms);
+  host_.Boxes.Add({.OpenFor = 90s});
   program_.Set(kRuns, "");
   program_.Start();
   EXPECT_THAT(Refreshes(), ElementsAre(1min));
+}
+
+TEST_F(ScheduleTest, WhatTheStoreSaysCountsWhenItIsApplied) {
+  Prepare("Every hour", 1s);
+  program_.Start();
+  host_.RunFor(90min);
+  program_.Set(kAutoUpdateEnable, kFalse);
+  program_.Set(kAutoUpdateRate, "Every minute");
+  host_.RunFor(24h - 90min);
+  EXPECT_EQ(Refreshes(), Regular(1h, 1s));
+}
+
+using RateChanges = FormOnState;
+
+TEST_F(RateChanges, CountFromTheLastCycle) {
+  state_.Accounts.resize(1);
+  host_.Store.Put("TrayTooltip", "DataToDownload", kDownloadContent);
+  host_.Store.Put("AutoUpdate", "Rate", "Every 30 minutes");
+  host_.Agents.Always(Answers("1", 0ms));
+  form_.StartTimer1();
+  host_.RunFor(20min + 30s);
+  state_.UpdateRateMinutes = 5;  // due at the next tick
+  host_.RunFor(5min);
+  state_.UpdateRateMinutes = 300;
+  host_.RunFor(6h);
+  const auto refreshes = AgentStarts(host_);
+  ASSERT_EQ(refreshes.size(), 2U);
+  EXPECT_EQ(refreshes[0], 21min);
+  EXPECT_LT(refreshes[1] - 321min, 1s);
 }
 
 }  // namespace

@@ -1,9 +1,7 @@
 // The way out.
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
-#include "simulated/sample_report.h"
-#include "simulated/simulated_program.h"
+#include "simulated/used_program.h"
 
 namespace quillbox {
 namespace {
@@ -12,8 +10,7 @@ using namespace std::chrono_literals;
 using testing::ElementsAre;
 
 TEST(Shutdown, TheIconGoesThenTheFormsThenTheProcess) {
-  SimulatedProgram program;
-  program.UsedBefore();
+  UsedProgram program;
   program.Start();
   program.Host.Choose("Options");
   program.Host.Effects.Clear();
@@ -22,21 +19,16 @@ TEST(Shutdown, TheIconGoesThenTheFormsThenTheProcess) {
 }
 
 TEST(Shutdown, AbandonsARefreshWhereItStands) {
-  SimulatedProgram program;
-  program.UsedBefore();
-  program.AddAccount("one", "ann", "x");
-  program.Set(kDataToDownload, kDownloadAll);
+  UsedProgram program;
   AgentBehaviour silent;
   silent.Data = "half a rep";
   program.Host.Agents.Always(silent);
-  program.Start();
-  program.Host.Effects.Clear();
+  program.StartQuietly();
   program.Host.After(5s, [&program] { program.Host.Choose("Exit"); });
   program.Host.Choose("RefreshNow");
   EXPECT_TRUE(program.Host.Ended());
   EXPECT_THAT(program.Host.Trace({"tray", "exit", "delete", "store", "sound", "balloon"}),
               ElementsAre("tray delete", "exit"));
-  EXPECT_TRUE(program.Host.Files.Exists("/app/Content.dat"));
   EXPECT_EQ(program.Host.Agents.RunningCount(), 0U) << "ended with the program";
 }
 

@@ -1,12 +1,10 @@
 // The start sequence.
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <string>
 #include <vector>
 
-#include "simulated/sample_report.h"
-#include "simulated/simulated_program.h"
+#include "simulated/used_program.h"
 
 namespace quillbox {
 namespace {
@@ -15,46 +13,37 @@ using namespace std::chrono_literals;
 using testing::Contains;
 using testing::ElementsAre;
 using testing::ElementsAreArray;
-using testing::IsEmpty;
 using testing::StartsWith;
 
 constexpr const char* kGreeting =
-    "Greetings!  It looks like this is your first time using Quillbox.\r\n\r\n"
+    "box Greetings!  It looks like this is your first time using Quillbox.\r\n\r\n"
     "Would you like to set up the Options now?";
 constexpr const char* kVersionPrompt =
-    "Quillbox is not currently set to automatically alert you\r\n"
+    "box Quillbox is not currently set to automatically alert you\r\n"
     "when new releases are available.\r\n\r\n"
     "Would you like to enable this feature now?";
-constexpr const char* kNoAccount =
-    "You must complete the \"AdSense Account\" section of the Quillbox\r\n"
-    "Options before attempting to retrieve your AdSense information!";
-
-std::string BoxLine(const char* text) {
-  return std::string("box ") + text;
-}
 
 TEST(Start, TheFirstOneGreetsAfterEverythingElse) {
   SimulatedProgram program;
-  program.Start();
-  EXPECT_THAT(
-      program.Host.Trace({"store", "tray", "tip", "agent", "box", "answer", "form"}),
-      ElementsAre("store Misc/Version=1.3.0", "store Misc/RegTest=Test", "tip Quillbox", "tray add",
-                  "store General/CheckForNewVersion=True", "store General/CheckPrompted=True",
-                  "store Misc/CheckDate=1/31/2007", "agent start 1 che.wt", "agent write 1 chet.wt",
-                  "store Misc/Runs=1", BoxLine(kGreeting), "answer No"));
-}
-
-TEST(Start, TheGreetingIsInFrontAndLeadsToTheOptions) {
-  SimulatedProgram program;
+  program.Set(kRefreshTooltip, kTrue);
   program.Host.Boxes.Add({.Part = "Greetings", .Answer = BoxAnswer::kYes});
   program.Start();
-  ASSERT_EQ(program.Host.Boxes.Shown().size(), 1U);
-  const Message& greeting = program.Host.Boxes.Shown()[0];
+  std::vector<std::string> trace =
+      program.Host.Trace({"store", "tray", "tip", "agent", "box", "answer"});
+  trace.resize(14);  // what comes then is of the Options
+  EXPECT_THAT(
+      trace,
+      ElementsAre("store Misc/Version=1.3.0", "store Misc/RegTest=Test", "tip Quillbox", "tray add",
+                  "store General/CheckForNewVersion=True", "store General/CheckPrompted=True",
+                  StartsWith("box You must complete the \"AdSense Account\" section"), "answer OK",
+                  "store Misc/CheckDate=1/31/2007", "agent start 1 che.wt", "agent write 1 chet.wt",
+                  "store Misc/Runs=1", kGreeting, "answer Yes"));
+  EXPECT_NE(program.Host.Windows.Opts(), nullptr);
+  const Message& greeting = program.Host.Boxes.Shown()[1];
   EXPECT_EQ(greeting.Title, "Quillbox");
   EXPECT_EQ(greeting.Icon, BoxIcon::kInformation);
   EXPECT_EQ(greeting.Buttons, BoxButtons::kYesNo);
   EXPECT_TRUE(greeting.InForeground);
-  EXPECT_NE(program.Host.Windows.Opts(), nullptr);
 }
 
 TEST(Start, AsksOnceForVersionChecks) {
@@ -73,15 +62,14 @@ TEST(Start, AsksOnceForVersionChecks) {
       {"false", "", BoxAnswer::kYes, false, "false", ""},
   };
   for (const Case& c : kCases) {
-    SimulatedProgram program;
-    program.UsedBefore();
+    UsedProgram program;
     program.Set(kCheckForNewVersion, c.check);
     program.Set(kCheckPrompted, c.prompted);
     program.Host.Boxes.Add({.Answer = c.answer});
     program.Start();
     const std::string row = std::string(c.check) + "/" + c.prompted;
     std::vector<std::string> boxes;
-    if (c.asks) boxes.push_back(BoxLine(kVersionPrompt));
+    if (c.asks) boxes.push_back(kVersionPrompt);
     EXPECT_THAT(program.Host.Trace({"box"}), ElementsAreArray(boxes)) << row;
     EXPECT_EQ(program.Setting(kCheckForNewVersion), c.checkAfter) << row;
     EXPECT_EQ(program.Setting(kCheckPrompted), c.promptedAfter) << row;
@@ -109,50 +97,36 @@ TEST(Start, RefreshesAndChecksAtOnceOrAfterThePause) {
       {"yes", "True", "False", "", {"Content.dat"}, {}, ""},
   };
   for (const Case& c : kCases) {
-    SimulatedProgram program;
-    program.UsedBefore();
-    program.AddAccount("one", "ann", "x");
-    program.Set(kDataToDownload, kDownloadContent);
+    UsedProgram program;
     program.Set(kPause, c.pause);
     program.Set(kRefreshTooltip, c.refresh);
     program.Set(kCheckForNewVersion, c.check);
     program.Set(kCheckDate, c.checkDate);
-    std::vector<std::string> fetched;
-    const auto note = [&] {
-      fetched.clear();
+    const auto fetched = [&program] {
+      std::vector<std::string> files;
       for (const AgentStart& start : program.Host.Agents.Starts()) {
-        fetched.push_back(start.Text.find("che.wt") != std::string::npos ? "che.wt"
-                                                                         : "Content.dat");
+        const bool check = start.Text.find("che.wt") != std::string::npos;
+        files.emplace_back(check ? "che.wt" : "Content.dat");
       }
+      return files;
     };
     const std::string row =
         std::string(c.pause) + "/" + c.refresh + "/" + c.check + "/" + c.checkDate;
     program.Start();
-    note();
-    EXPECT_THAT(fetched, ElementsAreArray(c.atOnce)) << row;
+    EXPECT_THAT(fetched(), ElementsAreArray(c.atOnce)) << row;
     program.Host.RunFor(29999ms);
-    note();
-    EXPECT_THAT(fetched, ElementsAreArray(c.atOnce)) << row << ", a moment too early";
+    EXPECT_THAT(fetched(), ElementsAreArray(c.atOnce)) << row << ", a moment too early";
     program.Host.RunFor(1h);
-    note();
     std::vector<std::string> all = c.atOnce;
     all.insert(all.end(), c.later.begin(), c.later.end());
-    EXPECT_THAT(fetched, ElementsAreArray(all)) << row;
+    EXPECT_THAT(fetched(), ElementsAreArray(all)) << row;
     EXPECT_EQ(program.Setting(kCheckDate), c.checkDateAfter) << row;
   }
 }
 
-TEST(Start, WithoutAnAccountTheRefreshSaysSoAheadOfTheGreeting) {
-  SimulatedProgram program;
-  program.Set(kRefreshTooltip, kTrue);
-  program.Start();
-  EXPECT_THAT(program.Host.Trace({"box"}), ElementsAre(BoxLine(kNoAccount), BoxLine(kGreeting)));
-}
-
 TEST(Start, TakesThePictureThatThereIs) {
   struct Case {
-    const char* what;
-    const char* icon;
+    const char *what, *icon;
     bool exists, isPicture;
     const char* shown;
   };
@@ -161,8 +135,7 @@ TEST(Start, TakesThePictureThatThereIs) {
                          {"deleted", "/pictures/a.ico", false, true, ""},
                          {"not a picture", "/pictures/a.ico", true, false, ""}};
   for (const Case& c : kCases) {
-    SimulatedProgram program;
-    program.UsedBefore();
+    UsedProgram program;
     program.Set(kTrayIcon, c.icon);
     if (c.exists) program.Host.Files.Put(c.icon, "picture");
     if (!c.isPicture) program.Host.Tray.RefusePicture(c.icon);
@@ -173,8 +146,7 @@ TEST(Start, TakesThePictureThatThereIs) {
 }
 
 TEST(Start, FillsTheWholeTrayRecord) {
-  SimulatedProgram program;
-  program.UsedBefore();
+  UsedProgram program;
   program.Start();
   const TrayIconRecord& record = program.Host.Tray.Record();
   EXPECT_EQ(record.cbSize, 488U);
@@ -187,9 +159,7 @@ TEST(Start, FillsTheWholeTrayRecord) {
 }
 
 TEST(Start, LoadsTheStateWithItsDefaults) {
-  SimulatedProgram program;
-  program.UsedBefore();
-  program.AddAccount("one", "ann", "pass");
+  UsedProgram program;
   program.AddAccount("two", "bob", "z");
   program.Set(kSounds[1], "click.wav");
   program.Set(kShowBalloonWhen, kBalloonClicks);
@@ -199,7 +169,7 @@ TEST(Start, LoadsTheStateWithItsDefaults) {
   const AppState& state = program.State();
   EXPECT_THAT(state.Accounts, ElementsAre("one", "two"));
   EXPECT_THAT(state.Usernames, ElementsAre("ann", "bob"));
-  EXPECT_THAT(state.Passwords, ElementsAre("pass", "z"));
+  EXPECT_THAT(state.Passwords, ElementsAre("x", "z"));
   EXPECT_EQ(state.ProxyServer + ":" + state.ProxyPort, "proxy:8080");
   EXPECT_EQ(state.TrayAction, "Open Quillbox Options");
   EXPECT_EQ(state.TraySingleAction, "No Action");
@@ -210,14 +180,8 @@ TEST(Start, LoadsTheStateWithItsDefaults) {
 }
 
 TEST(Start, ThePrimaryAccountsStoredFiguresComeIntoTheTooltip) {
-  SimulatedProgram program;
-  program.UsedBefore();
-  program.AddAccount("one", "ann", "x");
-  program.Set(kPrimaryAccount, "one");
-  program.Set(kTooltipValues, "AB");
-  program.Set(kRefreshTooltip, kTrue);
-  program.Set(kDataToDownload, kDownloadContent);
-  program.Host.Agents.Always(Answers("0"));
+  UsedProgram program;
+  program.FetchFigures();
   program.Start();
   const std::string figures = program.State().TooltipText;
   EXPECT_THAT(figures, testing::HasSubstr("100"));
@@ -228,50 +192,40 @@ TEST(Start, ThePrimaryAccountsStoredFiguresComeIntoTheTooltip) {
 }
 
 TEST(Start, TheSubmenusAreFilledAtTheFirstPumping) {
-  SimulatedProgram program;
-  program.UsedBefore();
-  program.AddAccount("one", "ann", "x");
+  UsedProgram program;
   program.Start();
-  const auto openAccountItems = [&program] {
-    const Menu& menu = program.State().TrayMenu;
-    for (const MenuItem& item : menu) {
-      if (item.Caption == "Open AdSense Account") return item.Items.size();
-    }
-    return std::size_t{99};
-  };
-  EXPECT_EQ(openAccountItems(), 0U);
+  const MenuItem& openAccount = program.State().TrayMenu[3];
+  EXPECT_EQ(openAccount.Items.size(), 0U);
   program.Host.RunFor(1s);
-  EXPECT_EQ(openAccountItems(), 1U) << "once, not at every tick";
+  EXPECT_EQ(openAccount.Items.size(), 1U) << "once, not at every tick";
 }
 
-TEST(Start, AStoreThatKeepsNothingGivesWayToAFile) {
+TEST(Start, CountsItself) {
   struct Case {
-    const char* username;
-    const char* file;
+    const char *stored, *afterwards;
   };
-  const Case kCases[] = {
-      {"ann", "/app/ann.ini"}, {"", "/app/Default.ini"}, {"a/b", "/app/Default.ini"}};
+  const Case kCases[] = {{"1", "2"},         {"32766", "32767"}, {"32767", "32767"},
+                         {"40000", "40000"}, {"-3", "-2"},       {"-32769", "-32769"},
+                         {"many", "many"},   {"1x", "1x"},       {"9", "10"}};
   for (const Case& c : kCases) {
-    SimulatedProgram program;
-    program.Host.Store.SetKeeps(StoreKeeps::kNothing);
-    program.Host.Variables.Set("USERNAME", c.username);
+    UsedProgram program;
+    program.Set(kRuns, c.stored);
     program.Start();
-    EXPECT_THAT(program.Host.Trace({"store"}),
-                ElementsAre("store Misc/Version=1.3.0", "store Misc/RegTest=Test"))
-        << c.username;
-    const std::string text = program.Host.Files.Read(c.file).value_or("no file");
-    EXPECT_THAT(text, testing::HasSubstr("RUNS=1")) << c.username;
-    EXPECT_THAT(text, testing::Not(testing::HasSubstr("\nVERSION="))) << c.username;
-    EXPECT_EQ(program.Host.Files.All().count(c.file), 1U) << c.username;
+    EXPECT_EQ(program.Setting(kRuns), c.afterwards) << c.stored;
+    EXPECT_TRUE(program.Host.Boxes.Shown().empty()) << c.stored;
   }
 }
 
-TEST(Start, AStoreThatKeepsMakesNoFile) {
+TEST(Start, AStoreThatKeepsNothingGivesWayToAFile) {
   SimulatedProgram program;
-  program.UsedBefore();
-  program.Host.Variables.Set("Username", "ann");
+  program.Host.Store.SetKeeps(StoreKeeps::kNothing);
+  program.Host.Variables.Set("USERNAME", "ann");
   program.Start();
-  EXPECT_THAT(program.Host.Files.All(), IsEmpty());
+  EXPECT_THAT(program.Host.Trace({"store"}),
+              ElementsAre("store Misc/Version=1.3.0", "store Misc/RegTest=Test"));
+  const std::string text = program.Host.Files.Read("/app/ann.ini").value_or("no file");
+  EXPECT_THAT(text, testing::HasSubstr("RUNS=1"));
+  EXPECT_THAT(text, testing::Not(testing::HasSubstr("\nVERSION=")));
 }
 
 TEST(Start, GoesOnWhenNothingCanBeKept) {
@@ -280,7 +234,7 @@ TEST(Start, GoesOnWhenNothingCanBeKept) {
   program.Host.Files.SetDisk(DiskState::kReadOnly);
   program.Start();
   EXPECT_TRUE(program.Host.Tray.HasIcon());
-  EXPECT_THAT(program.Host.Trace({"box"}), Contains(BoxLine(kGreeting)));
+  EXPECT_THAT(program.Host.Trace({"box"}), Contains(kGreeting));
   EXPECT_FALSE(program.Host.Ended());
 }
 

@@ -1,51 +1,31 @@
-// A tray that comes late or restarts.
+// A tray that comes late or restarts, and a program that is started again.
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
-#include "simulated/sample_report.h"
-#include "simulated/simulated_program.h"
+#include "simulated/used_program.h"
 
 namespace quillbox {
 namespace {
 
 using namespace std::chrono_literals;
 using testing::ElementsAre;
-using testing::StartsWith;
+using testing::IsEmpty;
 
-void WithOneAccount(SimulatedProgram& program) {
-  program.UsedBefore();
-  program.AddAccount("one", "ann", "x");
-  program.Set(kDataToDownload, kDownloadContent);
-}
+constexpr const char* kNoConnection = "balloon Quillbox: Could not connect to example.test!";
 
 TEST(TrayWatch, TheIconComesWithALateTray) {
-  SimulatedProgram program;
-  program.UsedBefore();
+  UsedProgram program;
   program.Host.Tray.SetPresent(false);
   program.Start();
-  EXPECT_FALSE(program.Host.Tray.HasIcon());
   program.Host.RunFor(10min);
   program.Host.TrayAppears();
   EXPECT_TRUE(program.Host.Tray.HasIcon());
-}
-
-TEST(TrayWatch, WithoutAPrimaryAccountTheTooltipIsTheProgramsName) {
-  SimulatedProgram program;
-  WithOneAccount(program);
-  program.Start();
-  program.Host.TrayRestarts();
-  EXPECT_TRUE(program.Host.Tray.HasIcon());
-  EXPECT_EQ(program.State().TooltipText, "Quillbox");
+  EXPECT_EQ(program.State().TooltipText, "Quillbox") << "without a primary account";
   EXPECT_EQ(program.Host.Tray.Tooltip(), "Quillbox");
 }
 
 TEST(TrayWatch, WithAPrimaryAccountTheTooltipHoldsItsFigures) {
-  SimulatedProgram program;
-  WithOneAccount(program);
-  program.Set(kPrimaryAccount, "one");
-  program.Set(kTooltipValues, "AB");
-  program.Set(kRefreshTooltip, kTrue);
-  program.Host.Agents.Always(Answers("0"));
+  UsedProgram program;
+  program.FetchFigures();
   program.Start();
   const std::string figures = program.State().TooltipText;
   ASSERT_THAT(figures, testing::HasSubstr("100"));
@@ -55,29 +35,51 @@ TEST(TrayWatch, WithAPrimaryAccountTheTooltipHoldsItsFigures) {
 }
 
 TEST(TrayWatch, TheTrayCanRestartInTheMiddleOfARefresh) {
-  SimulatedProgram program;
-  WithOneAccount(program);
-  program.Host.Agents.Always(Answers("1"));
-  program.Start();
+  UsedProgram program;
+  program.StartQuietly();
   program.Host.After(200ms, [&program] { program.Host.TrayRestarts(); });
-  program.Host.Effects.Clear();
   program.Host.Choose("RefreshNow");
   EXPECT_THAT(program.Host.Trace({"tray", "balloon"}),
-              ElementsAre("tray add", "tray modify",
-                          "balloon Quillbox: Could not connect to "
-                          "example.test!"));
-}
-
-TEST(TrayWatch, ANewTrayGetsTheLastBalloonAgain) {
-  SimulatedProgram program;
-  WithOneAccount(program);
-  program.Start();
-  program.Host.Choose("RefreshNow");
+              ElementsAre("tray add", "tray modify", kNoConnection));
   program.Host.Effects.Clear();
   program.Host.TrayRestarts();
-  EXPECT_THAT(program.Host.Trace({"tray", "balloon"}),
-              ElementsAre("tray add", StartsWith("balloon Quillbox: Could not connect")));
+  EXPECT_THAT(program.Host.Trace({"tray", "balloon"}), ElementsAre("tray add", kNoConnection))
+      << "a new tray gets the last balloon again";
   EXPECT_EQ(program.Host.Tray.Record().szTip.Text(), "Could not connect to example.test!");
+}
+
+TEST(SecondStart, WakesTheFirstAndLeavesNoTrace) {
+  UsedProgram program;
+  program.FetchFigures();
+  program.Host.Instance.SetAnotherRuns(true);
+  program.Start();
+  EXPECT_TRUE(program.Host.Ended());
+  EXPECT_THAT(program.Host.Trace(), ElementsAre("wake", "tray delete, no icon", "exit"));
+  EXPECT_THAT(program.Host.Files.All(), IsEmpty());
+}
+
+TEST(SecondStart, BringsALostIconBackWithItsFigures) {
+  UsedProgram program;
+  program.FetchFigures();
+  program.StartQuietly();
+  program.Host.LaunchAgain();
+  EXPECT_THAT(program.Host.Trace(), ElementsAre("tray modify")) << "the icon is there";
+  const std::string figures = program.State().TooltipText;
+  program.Host.Tray.LoseIcon();
+  program.Host.Effects.Clear();
+  program.Host.LaunchAgain();
+  EXPECT_THAT(program.Host.Trace(), ElementsAre("tray modify, no icon", "tip Quillbox", "tray add",
+                                                "tip " + figures, "tray modify"));
+  EXPECT_EQ(program.State().TooltipText, figures);
+}
+
+TEST(SecondStart, OpensTheOptionsWhenThereIsNoTrayToShowTheIconIn) {
+  UsedProgram program;
+  program.Host.Tray.SetPresent(false);
+  program.StartQuietly();
+  program.Host.LaunchAgain();
+  program.Host.LaunchAgain();
+  EXPECT_THAT(program.Host.Trace({"form"}), ElementsAre("form Opts")) << "once";
 }
 
 }  // namespace

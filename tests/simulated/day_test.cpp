@@ -1,5 +1,4 @@
 // A day of the whole program: the same seed gives the same trace.
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <string>
@@ -26,11 +25,9 @@ std::vector<std::string> RunDay(std::uint64_t seed) {
   program.AddAccount("one", "ann@example.test", "secret");
   program.AddAccount("two", "bob@example.test", "other");
   program.Set(kPrimaryAccount, "one");
-  program.Set(kTooltipValues, "ABCDE");
   program.Set(kRefreshTooltip, kTrue);
   program.Set(kDataToDownload, kDownloadAll);
   program.Set(kAutoUpdateEnable, kTrue);
-  program.Set(kAutoUpdateRate, "Every 15 minutes");
   program.Host.Agents.Always(Slow("0"));
   program.Start();
   program.Host.RunFor(8h);
@@ -48,10 +45,7 @@ TEST(SimulatedDay, SameSeedSameTrace) {
   const auto day = RunDay(7);
   EXPECT_GT(day.size(), 1000U);
   EXPECT_EQ(day, RunDay(7));
-}
-
-TEST(SimulatedDay, AnotherSeedAnotherTrace) {
-  EXPECT_NE(RunDay(7), RunDay(8));
+  EXPECT_NE(day, RunDay(8));
 }
 
 }  // namespace

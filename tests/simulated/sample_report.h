@@ -1,6 +1,7 @@
 // Reports and agent behaviours for tests of the whole program.
 #pragma once
 
+#include <chrono>
 #include <string>
 
 #include "simulated/simulated_agents.h"
@@ -20,10 +21,35 @@ inline std::string SampleReport(const std::string& impressions) {
 }
 
 // Answers with the code, and with a report when that is 0.
-inline AgentBehaviour Answers(const std::string& log) {
+inline AgentBehaviour Answers(const std::string& log,
+                              std::chrono::milliseconds after = std::chrono::milliseconds(400)) {
   AgentBehaviour behaviour;
   behaviour.Log = log;
+  behaviour.LogAfter = after;
   if (log == "0") behaviour.Data = SampleReport("100");
+  return behaviour;
+}
+
+// Ends without an answer.
+inline AgentBehaviour DiesAfter(std::chrono::milliseconds time) {
+  AgentBehaviour behaviour;
+  behaviour.EndAfter = time;
+  return behaviour;
+}
+
+inline AgentBehaviour NeverStarts() {
+  AgentBehaviour behaviour;
+  behaviour.Starts = false;
+  return behaviour;
+}
+
+// The same for this account's requests, or for this data file, alone.
+inline AgentBehaviour ForUser(const std::string& username, AgentBehaviour behaviour) {
+  behaviour.Username = username;
+  return behaviour;
+}
+inline AgentBehaviour ForFile(const std::string& dataFile, AgentBehaviour behaviour) {
+  behaviour.DataFile = dataFile;
   return behaviour;
 }
 

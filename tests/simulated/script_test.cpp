@@ -1,12 +1,7 @@
 // Scripts: what they do, what comes out, and what is refused.
-#include "simulated/script_run.h"
-
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
-#include <sstream>
-#include <string>
-#include <vector>
+#include "simulated/run_script.h"
 
 namespace quillbox {
 namespace {
@@ -14,8 +9,6 @@ namespace {
 using testing::Contains;
 using testing::ElementsAre;
 using testing::HasSubstr;
-using testing::IsEmpty;
-using testing::Not;
 
 constexpr const char* kMorning = R"(
 # Two accounts, one of them refused; then a tray that restarts and a second start.
@@ -37,13 +30,6 @@ constexpr const char* kMorning = R"(
 {"do":"menu","item":"Exit"}
 )";
 
-std::vector<std::string> Lines(const std::string& text) {
-  std::vector<std::string> lines;
-  std::istringstream in(text);
-  for (std::string line; std::getline(in, line);) lines.push_back(line);
-  return lines;
-}
-
 std::vector<std::string> LinesWith(const std::vector<std::string>& lines, const std::string& what) {
   std::vector<std::string> found;
   for (const std::string& line : lines) {
@@ -52,85 +38,57 @@ std::vector<std::string> LinesWith(const std::vector<std::string>& lines, const 
   return found;
 }
 
-std::string Refusal(const std::string& script) {
-  std::istringstream in(script);
-  std::ostringstream out;
-  std::string error;
-  EXPECT_EQ(RunScript(in, out, error), kScriptRefused) << script;
-  EXPECT_THAT(out.str(), IsEmpty()) << script;
-  EXPECT_THAT(error, Not(HasSubstr("\n"))) << script;
-  return error;
-}
-
-class MorningScript : public testing::Test {
- protected:
-  MorningScript() {
-    std::istringstream in(kMorning);
-    std::ostringstream out;
-    std::string error;
-    EXPECT_EQ(RunScript(in, out, error), kScriptDone) << error;
-    trace_ = Lines(out.str());
-  }
-
-  std::vector<std::string> trace_;
-};
-
-TEST_F(MorningScript, TellsWhatHappenedAndWhen) {
-  EXPECT_THAT(LinesWith(trace_, "answer"),
+TEST(Script, TellsWhatHappenedAndWhen) {
+  const std::vector<std::string> trace = TraceOf(kMorning);
+  EXPECT_THAT(LinesWith(trace, "answer"),
               ElementsAre(R"({"at":"2007-01-31T09:05:01.000","what":"answer","text":"No"})",
                           R"({"at":"2007-01-31T09:05:01.000","what":"answer","text":"Yes"})"));
-  EXPECT_THAT(LinesWith(trace_, "form"),
+  EXPECT_THAT(LinesWith(trace, "form"),
               ElementsAre(R"({"at":"2007-01-31T09:05:01.000","what":"form","text":"Opts"})"));
-  EXPECT_THAT(trace_, Contains(R"({"at":"2007-01-31T09:05:01.000","what":"store",)"
-                               R"("section":"Misc","key":"Runs","value":"1"})"));
+  EXPECT_THAT(trace, Contains(R"({"at":"2007-01-31T09:05:01.000","what":"store",)"
+                              R"("section":"Misc","key":"Runs","value":"1"})"));
   // The tray that lost its icon gets the last balloon's text with the new one.
   const auto refused = HasSubstr("incorrect username and/or password for the \\\"bob\\\"");
-  EXPECT_THAT(LinesWith(trace_, "balloon"), ElementsAre(refused, refused));
-}
-
-TEST_F(MorningScript, DoesLaterStepsInTheMiddleOfOthers) {
-  EXPECT_THAT(LinesWith(trace_, "tray"),
+  EXPECT_THAT(LinesWith(trace, "balloon"), ElementsAre(refused, refused));
+  // Later steps come in the middle of others.
+  EXPECT_THAT(LinesWith(trace, "tray"),
               ElementsAre(HasSubstr("add"), HasSubstr("modify"), HasSubstr("modify, no icon"),
                           HasSubstr("add"), HasSubstr("delete")));
   EXPECT_THAT(
-      LinesWith(trace_, "step"),
+      LinesWith(trace, "step"),
       Contains(R"({"at":"2007-01-31T09:05:13.400","what":"step","line":"14","do":"start"})"));
-}
-
-TEST_F(MorningScript, ShowsTheMenuInUtf8) {
-  EXPECT_THAT(LinesWith(trace_, "item"), Contains(HasSubstr("Open AdSense Account > München")));
-}
-
-TEST_F(MorningScript, EndsWithTheProgram) {
-  EXPECT_THAT(trace_.back(), HasSubstr("Exit, no program"));
-  EXPECT_EQ(LinesWith(trace_, "exit").size(), 1U);
+  EXPECT_THAT(LinesWith(trace, "item"), Contains(HasSubstr("Open AdSense Account > München")));
+  EXPECT_THAT(trace.back(), HasSubstr("Exit, no program"));
+  EXPECT_EQ(LinesWith(trace, "exit").size(), 1U);
 }
 
 TEST(Script, IsRefusedAsAWholeWithItsLine) {
   struct Case {
-    const char* script;
+    std::string script;
     const char* error;
   };
   const Case kCases[] = {
-      {"{\"do\":\"start\"}\n{\"do\":\"begin\"}", "line 2: unknown step \"begin\""},
+      {Step("'do':'start'") + Step("'do':'begin'"), "line 2: unknown step \"begin\""},
       {"start", "line 1: not a JSON object"},
       {"[]", "line 1: not a JSON object"},
       {"\n{}", "line 2: \"do\" is missing"},
-      {"{\"do\":\"run\",\"for\":\"5 minutes\"}",
+      {Step("'do':'run','for':'5 minutes'"),
        "line 1: \"for\" must be a duration such as \"1h30m\""},
-      {"{\"do\":\"run\",\"for\":5}", "line 1: \"for\" must be a text"},
-      {"{\"do\":\"start\",\"at\":\"1s\"}", "line 1: \"at\" is not known here"},
-      {"{\"do\":\"host\",\"region\":\"xx\"}",
-       "line 1: \"region\" is not one of the built-in regions"},
-      {"{\"do\":\"host\",\"time\":\"2007-02-30T09:05:00\"}",
+      {Step("'do':'run','for':5"), "line 1: \"for\" must be a text"},
+      {Step("'do':'start','at':'1s'"), "line 1: \"at\" is not known here"},
+      {Step("'do':'host','region':'xx'"), "line 1: \"region\" is not one of the built-in regions"},
+      {Step("'do':'host','time':'2007-02-30T09:05:00'"),
        "line 1: \"time\" must be a time such as \"2007-01-31T09:05:00\""},
-      {"{\"do\":\"tray\",\"it\":\"flies\"}", "line 1: \"it\" can't be \"flies\""},
-      {"{\"do\":\"menu\",\"item\":\"\xE4\xB8\xAD\"}",
+      {Step("'do':'tray','it':'flies'"), "line 1: \"it\" can't be \"flies\""},
+      {Step("'do':'menu','item':'\xE4\xB8\xAD'"),
        "line 1: \"item\" holds a character outside of windows-1252"},
-      {"{\"do\":\"agent\",\"once\":\"yes\"}", "line 1: \"once\" must be true or false"},
-      {"{\"do\":\"settings\",\"values\":{\"Misc\":\"x\"}}",
-       "line 1: \"Misc\" must be an object of keys"},
-      {"{\"do\":\"start\"}\n{\"do\":\"host\"}", "line 2: \"host\" must be the first step"},
+      {Step("'do':'agent','once':'yes'"), "line 1: \"once\" must be true or false"},
+      {Step("'do':'settings','values':{'Misc':'x'}"), "line 1: \"Misc\" must be an object of keys"},
+      {Step("'do':'set','form':'Opts','field':'Check1','to':1"), "line 1: \"to\" must be a text"},
+      {Step("'do':'press','form':'Opts'"), "line 1: \"button\" is missing"},
+      {Step("'do':'closeBox','form':'Form1'"), "line 1: \"form\" can't be \"Form1\""},
+      {Step("'do':'show','what':'menu','form':'Opts'"), "line 1: \"form\" is not known here"},
+      {Step("'do':'start'") + Step("'do':'host'"), "line 2: \"host\" must be the first step"},
   };
   for (const Case& c : kCases) EXPECT_EQ(Refusal(c.script), c.error);
 }

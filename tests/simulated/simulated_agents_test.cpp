@@ -1,8 +1,8 @@
 // Scripted runs of the fetch program.
-#include "simulated/simulated_agents.h"
-
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
+
+#include "simulated/agent_text.h"
+#include "simulated/sample_report.h"
 
 namespace quillbox {
 namespace {
@@ -15,12 +15,6 @@ constexpr const char* kContentOfAnn =
     "Email=%61%6e%6e&Passwd=%78%#%https://h/p|/d/Content.dat|/d/Content.log";
 constexpr const char* kSearchOfBob =
     "Email=%62%6f%62&Passwd=%78%#%https://h/p|/d/Search.dat|/d/Search.log";
-
-AgentBehaviour Logs(std::string log) {
-  AgentBehaviour behaviour;
-  behaviour.Log = std::move(log);
-  return behaviour;
-}
 
 class SimulatedAgentsTest : public testing::Test {
  protected:
@@ -39,7 +33,7 @@ class SimulatedAgentsTest : public testing::Test {
 };
 
 TEST_F(SimulatedAgentsTest, WritesDataAndLogWhenTheyAreDue) {
-  AgentBehaviour behaviour = Logs("0");
+  AgentBehaviour behaviour = Answers("0");
   behaviour.Data = "report";
   behaviour.EmptyLogAfter = 350ms;
   agents_.Always(behaviour);
@@ -59,50 +53,23 @@ TEST_F(SimulatedAgentsTest, WritesDataAndLogWhenTheyAreDue) {
 }
 
 TEST_F(SimulatedAgentsTest, ChoosesTheBehaviourThatFits) {
-  AgentBehaviour forBob = Logs("3");
-  forBob.Username = "bob";
-  AgentBehaviour forContent = Logs("2");
-  forContent.DataFile = "Content.dat";
   EXPECT_EQ(LogOfRun(kContentOfAnn, "/d/Content.log"), "1") << "nothing fits";
-  agents_.Always(Logs("0"));
-  agents_.Always(forBob);
-  agents_.Once(forContent);
+  agents_.Always(Answers("0"));
+  agents_.Always(ForUser("bob", Answers("3")));
+  agents_.Once(ForFile("Content.dat", Answers("2")));
   EXPECT_EQ(LogOfRun(kSearchOfBob, "/d/Search.log"), "3");
   EXPECT_EQ(LogOfRun(kContentOfAnn, "/d/Content.log"), "2") << "once";
   EXPECT_EQ(LogOfRun(kContentOfAnn, "/d/Content.log"), "0") << "then always";
 }
 
-TEST_F(SimulatedAgentsTest, DiesStaysSilentOrNeverStarts) {
-  AgentBehaviour dies;
-  dies.EndAfter = 2s;
-  AgentBehaviour failsToStart;
-  failsToStart.Starts = false;
-  agents_.Once(dies);
-  agents_.Once(AgentBehaviour{});
-  agents_.Once(failsToStart);
-  const AgentId dying = agents_.Start({kContentOfAnn, {}});
-  const AgentId silent = agents_.Start({kContentOfAnn, {}});
-  const AgentId missing = agents_.Start({kContentOfAnn, {}});
-  EXPECT_TRUE(agents_.Running(dying));
-  EXPECT_FALSE(agents_.Running(missing));
-  time_.RunUntil(1h);
-  EXPECT_FALSE(agents_.Running(dying));
-  EXPECT_TRUE(agents_.Running(silent));
-  EXPECT_FALSE(files_.Exists("/d/Content.log"));
-}
-
-TEST_F(SimulatedAgentsTest, WritesNothingAfterItWasEnded) {
-  agents_.Always(Logs("0"));
-  agents_.End(agents_.Start({kContentOfAnn, {}}));
-  time_.RunUntil(1h);
-  EXPECT_FALSE(files_.Exists("/d/Content.log"));
-  EXPECT_THAT(trace_.Lines(), ElementsAre("agent start 1 Content.dat", "agent end 1"));
-}
-
-TEST_F(SimulatedAgentsTest, AFullDiskKeepsTheLogAway) {
-  agents_.Always(Logs("0"));
-  files_.SetDisk(DiskState::kFull);
-  EXPECT_EQ(LogOfRun(kContentOfAnn, "/d/Content.log"), "(none)");
+TEST(AgentText, IsCutFromTheRight) {
+  const AgentText read =
+      ReadAgentText("Email=%61%40%62&Passwd=%31|%#%2%#%https://h/p?q|/app/a b.dat|/app/a.log");
+  EXPECT_EQ(read.Username, "a@b");
+  EXPECT_EQ(read.Password, "1|%#%2");
+  EXPECT_EQ(read.Address, "https://h/p?q");
+  EXPECT_EQ(read.DataPath, "/app/a b.dat");
+  EXPECT_EQ(read.LogPath, "/app/a.log");
 }
 
 }  // namespace

@@ -2,12 +2,9 @@
 #include "simulated/simulated_files.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <set>
 #include <string>
-
-#include "config/atomic_write.h"
 
 namespace quillbox {
 namespace {
@@ -18,12 +15,6 @@ using testing::ElementsAre;
 using testing::Optional;
 
 constexpr int kSeeds = 50;
-
-void SaveWithoutFlushing(SimulatedFiles& files, const std::string& content) {
-  files.WriteNew("/d/new", content);
-  files.Rename("/d/new", "/d/a.ini");
-  files.Flush("/d");
-}
 
 // What the file can hold when the power goes at any step of the saving, with any seed; "(none)" for
 // a file that is gone.
@@ -44,15 +35,12 @@ std::set<std::string> LeftByPowerLosses(const Save& save) {
   return left;
 }
 
-TEST(SimulatedFiles, AnAtomicWriteLeavesTheOldOrTheNewFile) {
-  const auto left =
-      LeftByPowerLosses([](SimulatedFiles& files) { WriteAtomically(files, "/d/a.ini", "new"); });
-  EXPECT_THAT(left, ElementsAre("new", "old"));
-}
-
 TEST(SimulatedFiles, AWriteWithoutAFlushIsCaught) {
-  const auto left =
-      LeftByPowerLosses([](SimulatedFiles& files) { SaveWithoutFlushing(files, "new"); });
+  const auto left = LeftByPowerLosses([](SimulatedFiles& files) {
+    files.WriteNew("/d/new", "new");
+    files.Rename("/d/new", "/d/a.ini");
+    files.Flush("/d");
+  });
   EXPECT_THAT(left, Contains("")) << "content that was never flushed can be gone";
   EXPECT_THAT(left, Contains(AnyOf("n", "ne"))) << "or cut";
 }
@@ -118,14 +106,9 @@ TEST(SimulatedFiles, AFileThatCannotBeReadIsThere) {
   EXPECT_TRUE(files.Exists("/d/a"));
   EXPECT_THAT(files.Size("/d/a"), Optional(2U));
   EXPECT_EQ(files.Read("/d/a"), std::nullopt);
+  EXPECT_FALSE(files.WriteNew("/d/a", "3")) << "a name is taken once";
   files.SetReadable("/d/a", true);
   EXPECT_THAT(files.Read("/d/a"), Optional(std::string("12")));
-}
-
-TEST(SimulatedFiles, ANameIsTakenOnce) {
-  SimulatedFiles files{{"/d/a", "1"}};
-  EXPECT_FALSE(files.WriteNew("/d/a", "2"));
-  EXPECT_THAT(files.Read("/d/a"), Optional(std::string("1")));
 }
 
 TEST(SimulatedFiles, ListsTheFolderAlone) {

@@ -1,11 +1,12 @@
-// The order of events in simulated time.
+// The order of events in simulated time, and its timers.
 #include "simulated/simulated_time.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <string>
 #include <vector>
+
+#include "simulated/simulated_timers.h"
 
 namespace quillbox {
 namespace {
@@ -86,6 +87,70 @@ TEST_F(SimulatedTimeTest, TheCalendarGoesOnFromWhatItWasSetTo) {
   time_.SetLocalTime(local_days{year{2007} / 12 / 31} + 23h + 59min + 59s);
   time_.Sleep(1s);
   EXPECT_EQ(time_.LocalTime(), local_days{year{2008} / 1 / 1});
+}
+
+class SimulatedTimersTest : public testing::Test {
+ protected:
+  std::unique_ptr<Timer> NotingTimer(std::chrono::milliseconds interval) {
+    return timers_.NewTimer(interval, [this] { ticks_.push_back(time_.Now()); });
+  }
+
+  SimulatedTime time_;
+  SimulatedTimers timers_{time_};
+  std::vector<TimePoint> ticks_;
+};
+
+TEST_F(SimulatedTimersTest, TicksWhileItIsOn) {
+  const auto timer = NotingTimer(100ms);
+  time_.RunUntil(250ms);
+  EXPECT_THAT(ticks_, IsEmpty()) << "a new timer is off";
+  timer->SetEnabled(true);
+  time_.RunUntil(300ms);
+  timer->SetEnabled(true);  // changes nothing
+  time_.RunUntil(550ms);
+  timer->SetEnabled(false);
+  time_.RunUntil(580ms);
+  timer->SetEnabled(true);  // begins a whole interval
+  time_.RunUntil(690ms);
+  timer->SetEnabled(false);
+  time_.RunUntil(2s);
+  EXPECT_THAT(ticks_, ElementsAre(350ms, 450ms, 550ms, 680ms));
+}
+
+TEST_F(SimulatedTimersTest, TicksThatComeDueDuringTheHandlerAreLeftOut) {
+  const auto timer = timers_.NewTimer(100ms, [this] {
+    ticks_.push_back(time_.Now());
+    time_.Sleep(250ms);
+    time_.PumpEvents();
+  });
+  timer->SetEnabled(true);
+  time_.RunUntil(700ms);
+  EXPECT_THAT(ticks_, ElementsAre(100ms, 400ms, 700ms));
+}
+
+TEST_F(SimulatedTimersTest, AHandlerThatSwitchesItOffAndOnIsNotRunInsideItself) {
+  std::unique_ptr<Timer> timer;
+  timer = timers_.NewTimer(100ms, [&] {
+    ticks_.push_back(time_.Now());
+    timer->SetEnabled(false);
+    timer->SetEnabled(true);
+    time_.Sleep(100ms);
+    time_.PumpEvents();
+  });
+  timer->SetEnabled(true);
+  time_.RunUntil(350ms);
+  EXPECT_THAT(ticks_, ElementsAre(100ms, 300ms));
+}
+
+TEST_F(SimulatedTimersTest, AHandlerMayThrowItsTimerAway) {
+  std::unique_ptr<Timer> timer;
+  timer = timers_.NewTimer(100ms, [&] {
+    timer.reset();
+    ticks_.push_back(time_.Now());
+  });
+  timer->SetEnabled(true);
+  time_.RunUntil(1s);
+  EXPECT_THAT(ticks_, ElementsAre(100ms));
 }
 
 }  // namespace

@@ -1,8 +1,7 @@
 // How long a check waits, and that there is one at a time.
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
-#include "simulated/simulated_program.h"
+#include "simulated/used_program.h"
 
 namespace quillbox {
 namespace {
@@ -15,32 +14,23 @@ using testing::SizeIs;
 class VersionWaitTest : public testing::Test {
  protected:
   void Start(const AgentBehaviour& agent) {
-    program_.UsedBefore();
     host_.Agents.Always(agent);
-    program_.Start();
-    host_.Effects.Clear();
+    program_.StartQuietly();
   }
   void Ask() { host_.Choose("CheckForNewVersion"); }
 
-  SimulatedProgram program_;
+  UsedProgram program_;
   SimulatedHost& host_ = program_.Host;
 };
 
 TEST_F(VersionWaitTest, EndsWithTheLogOrWithTheAgentOrAfterTwoMinutes) {
-  AgentBehaviour answers;
+  AgentBehaviour answers = Answers("0", 5s);
   answers.Data = "1.3.0";
   answers.EmptyLogAfter = 1s;
-  answers.Log = "0";
-  answers.LogAfter = 5s;
   AgentBehaviour silent;
   silent.Data = "1.3.1";
   AgentBehaviour empty;
   empty.EmptyLogAfter = 1s;
-  AgentBehaviour crashes;
-  crashes.EndAfter = 2s;
-  AgentBehaviour missing;
-  missing.Starts = false;
-
   struct Case {
     const char* what;
     AgentBehaviour agent;
@@ -50,11 +40,10 @@ TEST_F(VersionWaitTest, EndsWithTheLogOrWithTheAgentOrAfterTwoMinutes) {
   const Case kCases[] = {{"a log that fills", answers, 5s, "latest version"},
                          {"silence", silent, 120s, "failed!"},
                          {"an empty log", empty, 120s, "failed!"},
-                         {"an agent that ended", crashes, 2s, "failed!"},
-                         {"no agent", missing, 0s, "failed!"}};
+                         {"an agent that ended", DiesAfter(2s), 2s, "failed!"},
+                         {"no agent", NeverStarts(), 0s, "failed!"}};
   for (const Case& c : kCases) {
-    SimulatedProgram program;
-    program.UsedBefore();
+    UsedProgram program;
     program.Host.Agents.Always(c.agent);
     program.Start();
     const TimePoint asked = program.Host.Time.Now();
@@ -68,10 +57,8 @@ TEST_F(VersionWaitTest, EndsWithTheLogOrWithTheAgentOrAfterTwoMinutes) {
 }
 
 TEST_F(VersionWaitTest, ASecondCheckIsSkippedWhileOneWaitsOrAsks) {
-  AgentBehaviour agent;
+  AgentBehaviour agent = Answers("0", 10s);
   agent.Data = "1.3.1";
-  agent.Log = "0";
-  agent.LogAfter = 10s;
   Start(agent);
   host_.After(3s, [this] { Ask(); });
   host_.Boxes.Add({.Part = "available", .WhileOpen = [this] { Ask(); }});
@@ -83,12 +70,8 @@ TEST_F(VersionWaitTest, ASecondCheckIsSkippedWhileOneWaitsOrAsks) {
 }
 
 TEST_F(VersionWaitTest, ARefreshCanRunInsideOfACheck) {
-  AgentBehaviour agent;
+  AgentBehaviour agent = Answers("1", 3s);
   agent.Data = "1.3.0";
-  agent.Log = "1";
-  agent.LogAfter = 3s;
-  program_.AddAccount("one", "ann", "x");
-  program_.Set(kDataToDownload, kDownloadContent);
   Start(agent);
   host_.After(1s, [this] { host_.Choose("RefreshNow"); });
   Ask();
@@ -101,8 +84,7 @@ TEST_F(VersionWaitTest, ARefreshCanRunInsideOfACheck) {
 }
 
 TEST_F(VersionWaitTest, AnExitLeavesTheCheckWhereItStands) {
-  AgentBehaviour silent;
-  Start(silent);
+  Start(AgentBehaviour{});
   host_.After(5s, [this] { host_.Choose("Exit"); });
   Ask();
   EXPECT_TRUE(host_.Ended());

@@ -1,6 +1,8 @@
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
+#include "config/atomic_write.h"
 #include "config/profile_file.h"
+#include "simulated/simulated_files.h"
 
 namespace quillbox {
 namespace {
@@ -9,15 +11,11 @@ using namespace std::string_literals;
 
 TEST(ProfileText, Reads) {
   struct Case {
-    const char* Text;
-    const char* Section;
-    const char* Key;
-    const char* Value;
+    const char *Text, *Section, *Key, *Value;
   };
   const Case kCases[] = {
       {"", "S", "K", ""},
       {"[S]\r\nK=v\r\n", "S", "K", "v"},
-      {"[S]\nK=v", "S", "K", "v"},
       {"[S]\rK=v\rL=w", "S", "L", "w"},
       {"[S]\nUSE24HOUR=True\n", "s", "Use24Hour", "True"},
       {"[G\xC9N]\n\xC9=v\n", "g\xE9n", "\xE9", "v"},
@@ -26,7 +24,6 @@ TEST(ProfileText, Reads) {
       {"[S]\n \tK\t =v\n", "S", "K", "v"},
       {"[S]\nK=v\n", "S", " K ", "v"},
       {"[S]\nmy key=v\n", "S", "MY KEY", "v"},
-      {"[S]\nK=\n", "S", "K", ""},
       {"[S]\nK\n", "S", "K", ""},
       {"[S]\nK\nK=v\n", "S", "K", "v"},
       {"K=v\n[S]\n", "S", "K", ""},
@@ -38,7 +35,6 @@ TEST(ProfileText, Reads) {
       {"[S]\nK=1\n[s]\nK=2\n", "S", "K", "1"},
       {"[S]\nL=1\n[T]\n[S]\nK=2\n", "S", "K", ""},
       // Comments, and text that is neither.
-      {"[S]\n;K=v\n", "S", "K", ""},
       {"[S]\n;K=v\n", "S", ";K", ""},
       {"[S]\n  ;K=v\n", "S", ";K", ""},
       {";[S]\nK=v\n", "S", "K", ""},
@@ -54,21 +50,11 @@ TEST(ProfileText, Reads) {
   }
 }
 
-struct WriteCase {
-  std::string Text;
-  std::string Section;
-  std::string Key;
-  std::string Value;
-  std::string Written;
-};
-
-void ExpectWritten(const WriteCase& c) {
-  EXPECT_EQ(WithProfileValue(c.Text, c.Section, c.Key, c.Value), c.Written)
-      << ::testing::PrintToString(c.Text) << " " << c.Section << "/" << c.Key << "=" << c.Value;
-}
-
 TEST(ProfileText, Writes) {
-  const WriteCase kCases[] = {
+  struct Case {
+    std::string Text, Section, Key, Value, Written;
+  };
+  const Case kCases[] = {
       {"", "General", "Use24Hour", "True", "[General]\r\nUSE24HOUR=True\r\n"},
       {"", "S", "\xE9", "\xE9", "[S]\r\n\xC9=\xE9\r\n"},
       // A line replaced in place keeps its own line end.
@@ -90,18 +76,16 @@ TEST(ProfileText, Writes) {
       {"[T]\r\n", "S", "K", "v", "[T]\r\n[S]\r\nK=v\r\n"},
       {"[S]\rA=1\r", "S", "K", "v", "[S]\rA=1\rK=v\r"},
       {"\n\n", "S", "K", "v", "\n\n[S]\nK=v\n"},
-  };
-  for (const WriteCase& c : kCases) ExpectWritten(c);
-}
-
-TEST(ProfileText, ALineEndInsideAValueEndsIt) {
-  const WriteCase kCases[] = {
+      // A line end inside a value ends it.
       {"", "S", "K", "a\r\nL=b", "[S]\r\nK=a\r\n"},
       {"", "S", "K", "a\nL=b", "[S]\r\nK=a\r\n"},
       {"", "S", "K", "a\0b"s, "[S]\r\nK=a\r\n"},
       {"[S]\nK=1\n", "S", "K", "\n[T]", "[S]\nK=\n"},
   };
-  for (const WriteCase& c : kCases) ExpectWritten(c);
+  for (const Case& c : kCases) {
+    EXPECT_EQ(WithProfileValue(c.Text, c.Section, c.Key, c.Value), c.Written)
+        << ::testing::PrintToString(c.Text) << " " << c.Section << "/" << c.Key << "=" << c.Value;
+  }
 }
 
 TEST(ProfileText, RefusesWhatNoLineCanCarry) {
@@ -114,6 +98,49 @@ TEST(ProfileText, RefusesWhatNoLineCanCarry) {
   for (const std::string& section : {"a]b"s, "a\nb"s, "a\rb"s, "a\0b"s}) {
     EXPECT_EQ(WithProfileValue(text, section, "K", "v"), text) << ::testing::PrintToString(section);
   }
+}
+
+constexpr const char* kPath = "/data/ann.ini";
+
+TEST(IniFile, ReadsAtMost749Characters) {
+  SimulatedFiles files;
+  for (const std::size_t length : {748U, 749U, 750U, 5000U}) {
+    const std::string value(length, 'x');
+    IniWrite(files, std::vector<SettingChange>{{"S", "K", value}}, kPath);
+    EXPECT_EQ(IniRead(files, "S", "K", kPath), value.substr(0, 749)) << length;
+    EXPECT_EQ(files.Read(kPath), "[S]\r\nK=" + value + "\r\n") << "the file holds all of it";
+  }
+}
+
+TEST(IniFile, ADeletedKeyKeepsItsLine) {
+  SimulatedFiles files({{kPath, "[S]\r\nK=v\r\n"}});
+  IniWrite(files, std::vector<SettingChange>{{"S", "k", {}}, {"S", "Other", {}}}, kPath);
+  EXPECT_EQ(files.Read(kPath), "[S]\r\nK=\r\nOTHER=\r\n");
+  EXPECT_EQ(IniRead(files, "S", "K", kPath), "");
+}
+
+TEST(IniFile, ABatchIsOneAtomicWrite) {
+  SimulatedFiles once({{kPath, ""}}), files({{kPath, "[S]\nA=1\nB=1\n[T]\nC=1\n"}});
+  WriteAtomically(once, kPath, "text");
+  IniWrite(files, std::vector<SettingChange>{{"S", "A", "2"}, {"S", "B", "2"}, {"T", "C", "2"}},
+           kPath);
+  EXPECT_EQ(files.Read(kPath), "[S]\nA=2\nB=2\n[T]\nC=2\n");
+  EXPECT_EQ(files.Steps(), once.Steps());
+}
+
+TEST(IniFile, AFileThatCannotBeReadIsNotReplaced) {
+  SimulatedFiles files({{kPath, "[S]\nPRECIOUS=1\n"}});
+  files.SetReadable(kPath, false);
+  IniWrite(files, std::vector<SettingChange>{{"S", "K", "v"}}, kPath);
+  files.SetReadable(kPath, true);
+  EXPECT_EQ(files.Read(kPath), "[S]\nPRECIOUS=1\n");
+}
+
+TEST(IniFile, ChangesThatNoLineCanCarryMakeNoFile) {
+  SimulatedFiles files;
+  EXPECT_EQ(IniRead(files, "S", "K", kPath), "");
+  IniWrite(files, std::vector<SettingChange>{{"S", "a=b", "v"}}, kPath);
+  EXPECT_THAT(files.All(), ::testing::IsEmpty());
 }
 
 }  // namespace

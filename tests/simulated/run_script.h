@@ -1,0 +1,50 @@
+// Scripts for the tests: what comes of them, line for line.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "simulated/script_run.h"
+
+namespace quillbox {
+
+// A person who has used the program before and starts it; single clicks lead to the maker's site.
+inline constexpr const char* kUsedAndStarted =
+    R"({"do":"settings","values":{"Misc":{"Runs":"2"},"General":{"CheckForNewVersion":"False","CheckPrompted":"True"},"TrayIcon":{"SingleAction":"Visit Tarnwick Works"}}}
+{"do":"start"}
+)";
+
+// The trace of a script without faults.
+inline std::vector<std::string> TraceOf(const std::string& script) {
+  std::istringstream in(script);
+  std::ostringstream out;
+  std::string error;
+  EXPECT_EQ(RunScript(in, out, error), kScriptDone) << error;
+  std::vector<std::string> lines;
+  std::istringstream trace(out.str());
+  for (std::string line; std::getline(trace, line);) lines.push_back(line);
+  return lines;
+}
+
+// What is said about a script with a fault.
+inline std::string Refusal(const std::string& script) {
+  std::istringstream in(script);
+  std::ostringstream out;
+  std::string error;
+  EXPECT_EQ(RunScript(in, out, error), kScriptRefused) << script;
+  EXPECT_EQ(out.str(), "") << script;
+  return error;
+}
+
+// A step as it is written in C++: without braces, and with one kind of quotation mark for the
+// other.
+inline std::string Step(std::string members) {
+  std::ranges::replace(members, '\'', '"');
+  return "{" + members + "}\n";
+}
+
+}  // namespace quillbox
