@@ -20,8 +20,11 @@ using Refusal = std::string;
 constexpr char kOtherKind[] = "is another kind of control";
 
 // Why the person can't reach the form.
-Refusal OutOfReach(const SimulatedForms& forms, FormName form) {
+Refusal OutOfReach(const SimulatedHost& host, FormName form) {
+  const SimulatedForms& forms = host.Windows;
   if (!IsLoaded(forms, form)) return "is not open";
+  // The Reports window is a process of its own.
+  if (host.Boxes.Open() && form != FormName::kReportsWin) return "is behind a message box";
   const bool behind = form == FormName::kOpts && IsLoaded(forms, FormName::kAccount);
   return behind ? "is behind Account" : "";
 }
@@ -34,7 +37,7 @@ using Use = std::function<Refusal(Control&)>;
 
 void UseControl(SimulatedProgram& program, const ScriptForm& form, const std::string& name,
                 const Use& use) {
-  const Refusal outOfReach = OutOfReach(program.Host.Windows, form.Form);
+  const Refusal outOfReach = OutOfReach(program.Host, form.Form);
   if (!outOfReach.empty()) return Tell(program, form.Name, outOfReach);
   for (Control* control : ControlsOf(program.Host.Windows, form.Form)) {
     if (control->Name() != name) continue;
@@ -109,7 +112,7 @@ ScriptAction ReadPress(ScriptMembers& members) {
 
 ScriptAction ReadCloseBox(ScriptMembers& members) {
   return [form = ReadForm(members)](SimulatedProgram& program) {
-    const Refusal outOfReach = OutOfReach(program.Host.Windows, form.Form);
+    const Refusal outOfReach = OutOfReach(program.Host, form.Form);
     if (!outOfReach.empty()) return Tell(program, form.Name, outOfReach);
     program.Host.Do([&] { program.Host.Windows.CloseBox(form.Form); });
   };

@@ -1,6 +1,8 @@
 // Steps of a script that put the state of things into the trace.
 #include "simulated/script_show.h"
 
+#include <sstream>
+
 namespace quillbox {
 namespace {
 
@@ -12,6 +14,21 @@ void ShowItems(SimulatedTrace& trace, const Menu& menu, const std::string& above
               {{"path", path}, {"enabled", std::string(BooleanText(item.Enabled))}});
     ShowItems(trace, item.Items, path + " > ");
   }
+}
+
+// A settings file holds the secrets of the per-user store, too.
+std::string ShownContent(const std::string& path, const std::string& content) {
+  if (!path.ends_with(".ini")) return content;
+  std::string shown;
+  std::istringstream lines(content);
+  for (std::string line; std::getline(lines, line);) {
+    const std::size_t equals = line.find('=');
+    const bool secret =
+        equals != std::string::npos && ShownValue(line.substr(0, equals), line) != line;
+    shown += secret ? line.substr(0, equals + 1) + "...\r" : line;
+    shown += '\n';
+  }
+  return shown;
 }
 
 }  // namespace
@@ -26,7 +43,8 @@ void ShowSettings(SimulatedProgram& program) {
 
 void ShowFiles(SimulatedProgram& program) {
   for (const auto& [path, content] : program.Host.Files.All()) {
-    program.Host.Effects.Add("file", path, {{"path", path}, {"content", content}});
+    program.Host.Effects.Add("file", path,
+                             {{"path", path}, {"content", ShownContent(path, content)}});
   }
 }
 

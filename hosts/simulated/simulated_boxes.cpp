@@ -25,12 +25,25 @@ BoxAnswer Fitting(BoxAnswer wanted, BoxButtons buttons) {
   return wanted == BoxAnswer::kYes ? BoxAnswer::kYes : BoxAnswer::kNo;
 }
 
+// The process may end while the box is there.
+class Standing {
+ public:
+  explicit Standing(int& boxes) : boxes_(boxes) { ++boxes_; }
+  ~Standing() { --boxes_; }
+  Standing(const Standing&) = delete;
+  Standing& operator=(const Standing&) = delete;
+
+ private:
+  int& boxes_;
+};
+
 }  // namespace
 
 BoxAnswer SimulatedBoxes::Show(const Message& message) {
   shown_.push_back(message);
   trace_.Add("box", message.Text);
   const BoxReply reply = TakeReply(message);
+  const Standing standing(open_);
   if (reply.WhileOpen) reply.WhileOpen();
   time_.RunUntil(time_.Now() + reply.OpenFor);
   const BoxAnswer answer = Fitting(reply.Answer, message.Buttons);

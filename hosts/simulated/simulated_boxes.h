@@ -30,6 +30,9 @@ class SimulatedBoxes final : public MessageBoxes {
 
   const std::vector<Message>& Shown() const { return shown_; }
 
+  // Whether a box stands in front of the program's forms.
+  bool Open() const { return open_ > 0; }
+
   // MessageBoxes
   BoxAnswer Show(const Message& message) override;
 
@@ -40,6 +43,7 @@ class SimulatedBoxes final : public MessageBoxes {
   SimulatedTrace& trace_;
   std::list<BoxReply> replies_;
   std::vector<Message> shown_;
+  int open_ = 0;  // one may stand in front of another
 };
 
 }  // namespace quillbox

@@ -2,11 +2,18 @@
 
 #include <QJsonArray>
 #include <QJsonDocument>
+#include <QTimer>
 #include <QWebEngineFullScreenRequest>
 #include <QWebEngineScript>
+#include <chrono>
 #include <utility>
 
 namespace quillbox {
+namespace {
+
+constexpr std::chrono::seconds kLongestWait{3};
+
+}  // namespace
 
 CagedPage::CagedPage(QWebEngineProfile& profile) : QWebEnginePage(&profile) {
   connect(this, &QWebEnginePage::loadFinished, this, [this] { Loaded(); });
@@ -28,7 +35,7 @@ void CagedPage::Navigate(const QUrl& address, std::function<void()> loaded) {
 
 void CagedPage::Loaded() {
   loading_ = false;
-  if (!body_.isEmpty()) SetBody(std::exchange(body_, {}));
+  PutBody();
   if (loaded_) std::exchange(loaded_, {})();
 }
 
@@ -38,14 +45,26 @@ bool CagedPage::acceptNavigationRequest(const QUrl& url, NavigationType, bool is
   return wanted && url.scheme() != "javascript";
 }
 
+void CagedPage::SetBody(const QString& html) {
+  body_ = html;
+  if (!loading_) return PutBody();
+  QTimer::singleShot(kLongestWait, this, [this] { GiveUpPage(); });
+}
+
+// It may have no body by now, or a script that is never done.
+void CagedPage::GiveUpPage() {
+  if (!loading_ || body_.isEmpty()) return;
+  const QString html = body_;
+  Navigate(QUrl("about:blank"), std::exchange(loaded_, {}));
+  body_ = html;
+}
+
 // JSON is the way in which a text becomes a script's text without meaning anything else. In a world
 // of its own: the page's scripts may have changed what they can reach.
-void CagedPage::SetBody(const QString& html) {
-  if (loading_) {
-    body_ = html;
-    return;
-  }
-  const QByteArray text = QJsonDocument(QJsonArray{html}).toJson(QJsonDocument::Compact);
+void CagedPage::PutBody() {
+  if (body_.isEmpty()) return;
+  const QByteArray text =
+      QJsonDocument(QJsonArray{std::exchange(body_, {})}).toJson(QJsonDocument::Compact);
   runJavaScript("document.body.innerHTML = " + QString::fromUtf8(text) + "[0]",
                 QWebEngineScript::ApplicationWorld);
 }

@@ -16,7 +16,8 @@ class CagedPage : public QWebEnginePage {
   // A Navigate that comes meanwhile takes the place of the earlier one.
   void Navigate(const QUrl& address, std::function<void()> loaded);
 
-  // Replaces the contents of the document that is shown, or that is on its way.
+  // Replaces the contents of the document that is shown, or that is on its way; one that doesn't
+  // come in some seconds gives way to an empty one.
   void SetBody(const QString& html);
 
  protected:
@@ -36,11 +37,13 @@ class CagedPage : public QWebEnginePage {
 
  private:
   void Loaded();
+  void PutBody();
+  void GiveUpPage();
 
   bool navigating_ = false;  // the program asked for it, the page did not
   bool loading_ = false;
   std::function<void()> loaded_;
-  QString body_;  // for the document that is on its way
+  QString body_;  // still to be put into the document
 };
 
 }  // namespace quillbox

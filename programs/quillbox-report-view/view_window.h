@@ -7,8 +7,8 @@
 
 #include "cage.h"
 #include "caged_page.h"
-#include "qt_windows/reports_form.h"
 #include "program_link.h"
+#include "qt_windows/reports_form.h"
 #include "reports/reports_fields.h"
 
 namespace quillbox {

@@ -14,6 +14,7 @@ namespace quillbox {
 namespace {
 
 void MoveStats(SettingsStore& store, const std::string& oldName, const std::string& newName) {
+  if (newName == oldName) return;
   const AccountKeys oldKeys(oldName), newKeys(newName);
   SettingBatch batch;
   batch.Write(newKeys.Stats(), store.ReadSetting(oldKeys.Stats())).Delete(oldKeys.Stats());
@@ -100,6 +101,7 @@ void Account::OK_Click() {
     program_.Host.Boxes.Show({.Text = *refusal, .Icon = BoxIcon::kExclamation});
     return;
   }
+  if (Edits()) MoveStats(program_.Store, program_.State.Accounts[Index()], Text1.Text());
   program_.Host.Windows.Hide(FormName::kAccount);
   Take(std::move(list));
   accounts_.AccountsEdited();
@@ -109,8 +111,6 @@ void Account::OK_Click() {
 void Account::Take(AccountList list) {
   ListField& names = accounts_.Combo3;
   if (Edits()) {
-    const std::string oldName = program_.State.Accounts[Index()];
-    if (oldName != Text1.Text()) MoveStats(program_.Store, oldName, Text1.Text());
     if (names.Selected()) names.Replace(*names.Selected(), Text1.Text());
   } else {
     names.Add(Text1.Text());

@@ -1,5 +1,7 @@
 #include "reports/reports_win.h"
 
+#include <utility>
+
 #include "config/atomic_write.h"
 #include "evaluation/report_cells.h"
 #include "platform/clock.h"
@@ -53,8 +55,7 @@ void ReportsWin::Load() {
 
 void ReportsWin::Closed() {
   loaded_ = false;
-  busy_ = false;
-  fetch_.GiveUp();
+  if (std::exchange(busy_, false)) fetch_.GiveUp();
 }
 
 void ReportsWin::FillFields() {

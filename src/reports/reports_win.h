@@ -33,8 +33,8 @@ class ReportsWin {
   // Opens the window with its lists filled anew; nothing when it is open.
   void Load();
 
-  // The window has gone. A download that runs is given up, and its files go; nothing is shown any
-  // more.
+  // The window has gone. A report that is being made is given up, and its files go; nothing is
+  // shown any more. Those of a finished one stay until the next.
   void Closed();
 
  private:

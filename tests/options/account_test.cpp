@@ -140,7 +140,11 @@ TEST_F(AccountTest, EditShowsTheAccountAndReplacesIt) {
   EXPECT_THAT(state_.Passwords, ElementsAre("pass0", "new"));
   EXPECT_TRUE(Changed());
 
+  host_.Effects.Clear();
   Rename("three");
+  EXPECT_THAT(host_.Trace({"store", "unset", "hide", "close"}),
+              ElementsAre("store Accounts/three=figures of two", "unset Accounts/two",
+                          "hide Account", "close Account"));
   EXPECT_THAT(state_.Accounts, ElementsAre("one", "three"));
   EXPECT_EQ(page_.Combo3.Text(), "three");
   EXPECT_EQ(Stored("three"), "figures of two");

@@ -32,11 +32,11 @@ ViewOnDesktop::ViewOnDesktop() : host_(WithWindows(simulated_.Ports(), forms_, w
   state_.Accounts = {"one", "two"};
 }
 
-bool ViewOnDesktop::Until(const std::function<bool()>& isSo) {
+bool ViewOnDesktop::Until(const std::function<bool()>& isSo, int longest) {
   QElapsedTimer time;
   time.start();
   while (!isSo()) {
-    if (time.hasExpired(40000)) return false;
+    if (time.hasExpired(longest)) return false;
     QApplication::processEvents(QEventLoop::AllEvents, 20);
     QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     QThread::msleep(5);
@@ -75,10 +75,10 @@ std::vector<int> ViewOnDesktop::Views() {
   return views;
 }
 
-bool ViewOnDesktop::Shows(const std::string& html) {
+bool ViewOnDesktop::Shows(const std::string& html, int longest) {
   std::ofstream(PageFile()) << html;
   window_.Navigate(PageFile());
-  return Until([this] { return window_.ReadyState() == kPageLoaded; });
+  return Until([this] { return window_.ReadyState() == kPageLoaded; }, longest);
 }
 
 // Left of the middle: nothing of a message stands there.

@@ -22,8 +22,8 @@ class ViewOnDesktop : public testing::Test {
   ViewOnDesktop();
   ~ViewOnDesktop() override { forms_.UnloadAll(); }
 
-  // Handles events until it is so; for 40 seconds at most.
-  static bool Until(const std::function<bool()>& isSo);
+  // Handles events until it is so; for `longest` milliseconds at most.
+  static bool Until(const std::function<bool()>& isSo, int longest = 40000);
 
   // Loads the form and waits for its window.
   bool Opens();
@@ -34,7 +34,7 @@ class ViewOnDesktop : public testing::Test {
   static std::vector<int> Views();
 
   // Writes a page with this body beside the script files, and shows it. Whether it was loaded.
-  bool Shows(const std::string& html);
+  bool Shows(const std::string& html, int longest = 40000);
   std::string PageFile() const { return folder_.filePath("Report.html").toStdString(); }
 
   // The colour in the middle of the page, "#80d080".

@@ -32,6 +32,13 @@ TEST_F(ViewProcess, ShowsPagesAndMessagesOnThem) {
   EXPECT_TRUE(Until([this] { return ColourOfPage() == "#654321"; })) << "soon after navigating";
 }
 
+TEST_F(ViewProcess, ShowsAMessageOnAPageThatIsNeverDone) {
+  ASSERT_TRUE(Opens());
+  EXPECT_FALSE(Shows("<img src=x onerror='document.open()'>", 2000));
+  window_.SetBody("<div style='position:fixed;inset:0;background:#123456'></div>");
+  EXPECT_TRUE(Until([this] { return ColourOfPage() == "#123456"; })) << ColourOfPage();
+}
+
 TEST_F(ViewProcess, TellsWhatThePersonChose) {
   ASSERT_TRUE(Opens());
   Press("Down");  // the first list has the focus

@@ -38,6 +38,14 @@ TEST_F(StaleWindow, ClosedWhileThePageLoadsEndsTheWait) {
   EXPECT_THAT(WorkingFiles(), IsEmpty());
 }
 
+TEST_F(StaleWindow, ClosedAfterAReportLeavesItsFiles) {
+  host_.Agents.Once(Reports("0"));
+  Open();
+  Generate();
+  CloseWindow();
+  EXPECT_THAT(WorkingFiles(), ElementsAre("Report.dat", "Report.log"));
+}
+
 // The first window's wait is still on the stack, below all that the second one does.
 TEST_F(StaleWindow, LeavesTheNextWindowAlone) {
   struct Case {

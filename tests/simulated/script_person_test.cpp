@@ -64,7 +64,7 @@ TEST(FieldScript, SetsUpTheProgram) {
   EXPECT_EQ(trace.back(), "close Opts");
 }
 
-TEST(FieldScript, TellsWhatThePersonCannotDo) {
+TEST(FieldScript, TellsWhatThePersonCannotDoAndKeepsSecrets) {
   struct Case {
     const char *step, *trace;
   };
@@ -80,12 +80,19 @@ TEST(FieldScript, TellsWhatThePersonCannotDo) {
       {"'press','form':'Account','button':'Command1'", "refused Account is not open"},
       {"'closeBox','form':'ReportsWin'", "refused ReportsWin is not open"},
       {"'closeBox','form':'Opts'", "close Opts"},
+      {"'press','form':'Opts','button':'Command5'}\n"
+       "{'do':'closeBox','form':'Account','in':'1s'}\n{'do':'answer','with':'OK','after':'2s'}\n"
+       "{'do':'press','form':'Account','button':'Command1'",
+       "refused Account is behind a message box"},
       {"'show','what':'form','form':'AboutWin'", ""},
+      {"'file','name':'a.ini','text':'PASSWORDS=hgkins\\r\\nRUNS=2\\r\\n'}\n"
+       "{'do':'show','what':'files'",
+       "file /app/a.ini PASSWORDS=...\\r\\nRUNS=2\\r\\n"},
   };
   for (const Case& c : kCases) {
     const std::string script = kUsedAndStarted + Step("'do':'menu','item':'Options'") +
                                Step(std::string("'do':") + c.step);
-    const auto trace = LinesOf(script, {"refused", "close", "control"});
+    const auto trace = LinesOf(script, {"refused", "close", "control", "file"});
     EXPECT_EQ(JoinText(trace, "\n"), c.trace) << c.step;
   }
 }
