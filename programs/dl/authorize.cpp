@@ -56,8 +56,9 @@ class Authorization {
   std::string Run(const std::string& email, unsigned fileMask) {
     try {
       OpenPage(email, fileMask);
+      const std::string code = AwaitCode();
       Session session = OpenSession(curl_);  // its time begins once the person has answered
-      Keep(MakeGrant(session, AwaitCode()));
+      Keep(MakeGrant(session, code));
       server_.Show("Quillbox is connected. You can close this page.");
       return name_;
     } catch (const NoGrant&) {

@@ -6,6 +6,9 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <string_view>
+#include <vector>
+
 #ifdef __APPLE__
 extern char** environ;
 #endif
@@ -18,6 +21,25 @@ constexpr const char* kOpener = "open";
 #else
 constexpr const char* kOpener = "xdg-open";
 #endif
+
+// A proxy whose password we were given; the browser would keep it, for all its children, as long as
+// it runs.
+bool HoldsPassword(std::string_view variable) {
+  const std::size_t cut = variable.find('=');
+  if (cut == std::string_view::npos) return false;
+  const std::string_view name = variable.substr(0, cut);
+  return (name.ends_with("_proxy") || name.ends_with("_PROXY")) &&
+         variable.find('@', cut) != std::string_view::npos;
+}
+
+std::vector<char*> EnvironmentOfBrowser() {
+  std::vector<char*> variables;
+  for (char** variable = environ; *variable != nullptr; ++variable) {
+    if (!HoldsPassword(*variable)) variables.push_back(*variable);
+  }
+  variables.push_back(nullptr);
+  return variables;
+}
 
 // Our outputs belong to the name of the grant and to our own words, and the browser outlives
 // whoever reads them. What we ignore isn't its matter either.
@@ -37,7 +59,8 @@ bool Spawn(char* const* arguments) {
   ::posix_spawnattr_setsigdefault(&attributes, &usual);
   ::posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSIGDEF);
   pid_t child = -1;
-  const int failed = ::posix_spawnp(&child, kOpener, &actions, &attributes, arguments, environ);
+  const int failed = ::posix_spawnp(&child, kOpener, &actions, &attributes, arguments,
+                                    EnvironmentOfBrowser().data());
   ::posix_spawnattr_destroy(&attributes);
   ::posix_spawn_file_actions_destroy(&actions);
   return failed == 0;

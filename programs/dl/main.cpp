@@ -28,8 +28,8 @@ std::optional<std::string> ArgumentOf(const std::string& text, const std::string
   return text.substr(command.size() + 1);
 }
 
+// The commands come first: an e-mail address that holds bars names no files.
 int Obey(const std::string& text, unsigned fileMask) {
-  if (text.find('|') != std::string::npos) return RunFetch(text);
   if (const auto email = ArgumentOf(text, "authorize")) return Authorize(*email, fileMask);
   if (const auto email = ArgumentOf(text, "check")) return Check(*email);
   return RunFetch(text);

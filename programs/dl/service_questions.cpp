@@ -10,6 +10,10 @@
 namespace quillbox {
 namespace {
 
+bool IsLetter(char c) {
+  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
+}
+
 template <typename Ask>
 ServiceReply AskPatiently(const Session& session, Ask ask) {
   for (int repeat = 1;; ++repeat) {
@@ -23,12 +27,20 @@ ServiceReply AskPatiently(const Session& session, Ask ask) {
   }
 }
 
+// The status, and the kind of error where it is letters and "_" alone: no secret looks like that.
+std::string ShortWords(const std::string& words) {
+  const std::string kind = words.substr(0, words.find(": "));
+  const std::size_t cut = std::min(kind.find(' '), kind.size());
+  const bool isName = std::all_of(kind.begin() + static_cast<std::ptrdiff_t>(cut), kind.end(),
+                                  [](char c) { return IsLetter(c) || c == '_' || c == ' '; });
+  return isName ? kind : kind.substr(0, cut);
+}
+
 }  // namespace
 
 ServiceReply AskForToken(Session& session, const std::string& address, const std::string& form) {
   ServiceReply reply = AskPatiently(session, [&] { return session.PostForm(address, form); });
-  std::string& words = reply.Verdict.Words;
-  words.resize(std::min(words.size(), words.find(": ")));
+  reply.Verdict.Words = ShortWords(reply.Verdict.Words);
   return reply;
 }
 

@@ -12,6 +12,11 @@ constexpr std::size_t kMostLetters = 300;
 std::string Plain(std::string_view text) {
   std::string plain(text.substr(0, kMostLetters));
   for (char& c : plain) c = static_cast<unsigned char>(c) < ' ' || c == '\x7F' ? ' ' : c;
+  // U+0080 to U+009F, two bytes each.
+  for (std::size_t i = plain.find('\xC2'); i < plain.size(); i = plain.find('\xC2', i + 1)) {
+    const bool control = i + 1 < plain.size() && static_cast<unsigned char>(plain[i + 1]) < 0xA0;
+    if (control) plain.replace(i, 2, "  ");
+  }
   return plain;
 }
 

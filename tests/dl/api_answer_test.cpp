@@ -1,6 +1,7 @@
 // What answers of the reporting service become: reports of old, result codes, accounts, tokens.
 #include <gtest/gtest.h>
 
+#include "api/channel_cells.h"
 #include "api/publisher_accounts.h"
 #include "api/service_verdict.h"
 #include "api/tabbed_report.h"
@@ -106,6 +107,15 @@ TEST(ApiAnswer, GetsEveryChannelOnEveryDayUnderANameOfItsOwn) {
                 "2026-03-02\t? (2)\t0" + kRest + "Totals\t\t10" + kRest + "Averages\t\t10" + kRest);
   EXPECT_EQ(Table({.ByChannel = true}, Object({kChannelHeaders, Days(2)})), "")
       << "no channels, no data";
+}
+
+TEST(ApiAnswer, NumbersNamesThatBecomeAlikeHoweverMany) {
+  std::vector<std::string> names{"? (2)"};
+  names.resize(60'000, "\xE4\xB8\x80");
+  const std::vector<std::string> cells = ChannelCells(names);
+  EXPECT_EQ(std::vector(cells.begin(), cells.begin() + 4),
+            (std::vector<std::string>{"? (2)", "?", "? (3)", "? (4)"}));
+  EXPECT_EQ(cells.back(), "? (60000)");
 }
 
 TEST(ApiAnswer, OfReferralsIsZeros) {

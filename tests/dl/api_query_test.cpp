@@ -96,10 +96,17 @@ TEST(ApiPatience, GrowsEndsAndGivesTheServerItsTime) {
     std::chrono::seconds wanted;
     std::optional<std::chrono::milliseconds> pause;
   };
-  const Case kCases[] = {
-      {1, 90s, 0s, 1s},          {2, 90s, 0s, 3s},          {3, 90s, 0s, std::nullopt},
-      {1, 90s, 20s, 20s},        {2, 90s, 1s, 3s},          {1, 20s, 20s, std::nullopt},
-      {1, 1s, 0s, std::nullopt}, {1, 0s, 0s, std::nullopt}, {1, 90s, 1'000'000'000s, std::nullopt}};
+  const Case kCases[] = {{1, 90s, 0s, 1s},
+                         {2, 90s, 0s, 3s},
+                         {3, 90s, 0s, std::nullopt},
+                         {1, 90s, 20s, 20s},
+                         {2, 90s, 1s, 3s},
+                         {1, 20s, 20s, std::nullopt},
+                         {1, 1s, 0s, std::nullopt},
+                         {1, 0s, 0s, std::nullopt},
+                         {1, 90s, 1'000'000'000s, std::nullopt},
+                         {1, 90s, std::chrono::seconds::max(), std::nullopt},
+                         {1, 90s, std::chrono::seconds::min(), 1s}};
   for (const Case& c : kCases) {
     EXPECT_EQ(PauseBefore(c.repeat, 100s, c.left, c.wanted), c.pause)
         << c.repeat << " " << c.left.count() << " " << c.wanted.count();

@@ -20,6 +20,7 @@ TEST(Check, SaysWhatHappenedAndNeverASecret) {
       {{}, kGrantName, 0, "Sign-in works.\nThe service answered with a report of "},
       {{"--currency", "SEK"}, kGrantName, 0, "in SEK."},
       {{"--warning", "Some \x1B[31m data"}, kGrantName, 0, "It warns: Some  [31m data"},
+      {{"--warning", "A \xC2\x9B[ \xC2\xA3"}, kGrantName, 0, "It warns: A   [ \xC2\xA3"},
       {{"--fail", "refuse:/token"}, kGrantName, 3, "refused the sign-in.\n"},
       {{"--fail", "refuse:/token"}, kGrantName, 3, "400 invalid_grant\n"},
       {{"--fail", "429:/v2"}, kGrantName, 2, "429 RESOURCE_EXHAUSTED"},

@@ -31,6 +31,9 @@ constexpr const char* kGoodReport =
 constexpr const char* kEchoedGrant =
     "400\n\n"
     R"({"error":"invalid_grant","error_description":"1//a-grant_of.the/tests token-for-the-tests"})";
+constexpr const char* kGrantForError =
+    "401\n\n"
+    R"({"error":"1//a-grant_of.the/tests"})";
 constexpr const char* kEchoedToken =
     "403\n\n"
     R"({"error":{"status":"X","message":"you sent token-for-the-tests"}})";
@@ -135,8 +138,8 @@ TEST_F(GrantSecrets, ANewGrantTakesThePlaceOfTheOld) {
 }
 
 TEST_F(GrantSecrets, AreNotShownEvenIfTheServiceRepeatsThem) {
-  const std::pair<const char*, const char*> kEchoes[] = {{kEchoedGrant, kGoodReport},
-                                                         {kGoodToken, kEchoedToken}};
+  const std::pair<const char*, const char*> kEchoes[] = {
+      {kEchoedGrant, kGoodReport}, {kGrantForError, kGoodReport}, {kGoodToken, kEchoedToken}};
   for (const auto& [token, report] : kEchoes) {
     const ListeningServer service(Service({token}, {report}));
     const auto [status, said] =

@@ -1,5 +1,6 @@
 #include "api/channel_cells.h"
 
+#include <map>
 #include <set>
 #include <string_view>
 
@@ -40,12 +41,12 @@ std::string CellOf(std::string_view name) {
 std::vector<std::string> ChannelCells(const std::vector<std::string>& names) {
   std::vector<std::string> cells;
   std::set<std::string> taken;
+  std::map<std::string, int> last;  // number given to a cell; there may be very many alike
   for (const std::string& name : names) {
     const std::string cell = CellOf(name);
     std::string own = cell;
-    for (int number = 2; !taken.insert(own).second; ++number) {
-      own = cell + " (" + std::to_string(number) + ")";
-    }
+    int& number = last.try_emplace(cell, 1).first->second;
+    while (!taken.insert(own).second) own = cell + " (" + std::to_string(++number) + ")";
     cells.push_back(own);
   }
   return cells;
