@@ -1,8 +1,8 @@
 // Scripts of a person who uses the program's forms and its tray icon.
 #include <gmock/gmock.h>
 
-#include <regex>
 #include <set>
+#include <string_view>
 
 #include "simulated/run_script.h"
 #include "text/text_list.h"
@@ -14,16 +14,33 @@ using testing::Contains;
 using testing::Not;
 using testing::StartsWith;
 
-// "what" and the texts of the other members, as they are written, of the lines of these kinds.
+// The text at the front, up to the quote that ends it.
+std::string TakeText(std::string_view& from) {
+  std::size_t end = 0;
+  while (from[end] != '"') end += from[end] == '\\' ? 2 : 1;
+  std::string text(from.substr(0, end));
+  from.remove_prefix(end + 1);
+  return text;
+}
+
+// The values that are texts, in their order, as they are written.
+std::vector<std::string> TextsOf(std::string_view line) {
+  std::vector<std::string> texts;
+  for (auto at = line.find("\":\""); at != line.npos; at = line.find("\":\"")) {
+    line.remove_prefix(at + 3);
+    texts.push_back(TakeText(line));
+  }
+  return texts;
+}
+
+// "what" and the texts of the other members of the lines of these kinds.
 std::vector<std::string> LinesOf(const std::string& script, const std::set<std::string>& kinds) {
-  static const std::regex kMember(R"re("(\w+)":"((?:[^"\\]|\\.)*)")re");
   std::vector<std::string> lines;
-  for (const std::string& text : TraceOf(script)) {
-    std::sregex_iterator member(text.begin(), text.end(), kMember);
-    std::string line = (*++member)[2];
-    if (!kinds.contains(line)) continue;
-    while (++member != std::sregex_iterator()) line += " " + (*member)[2].str();
-    lines.push_back(line);
+  for (const std::string& line : TraceOf(script)) {
+    const std::vector<std::string> texts = TextsOf(line);
+    if (texts.size() < 2 || !kinds.contains(texts[1])) continue;
+    lines.push_back(texts[1]);
+    for (std::size_t i = 2; i < texts.size(); ++i) lines.back() += " " + texts[i];
   }
   return lines;
 }
