@@ -3,8 +3,8 @@
 
 #include <QPoint>
 
-#include "qt_tray/qt_tray_host.h"
 #include "platform/cursor.h"
+#include "qt_tray/qt_tray_host.h"
 
 namespace quillbox {
 

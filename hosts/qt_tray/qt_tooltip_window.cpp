@@ -4,10 +4,10 @@
 #include <QFontMetricsF>
 #include <cmath>
 
-#include "qt_tray/icon_surroundings.h"
-#include "qt_tray/panel_rectangle.h"
 #include "qt_base/spare_memory.h"
 #include "qt_base/unicode_text.h"
+#include "qt_tray/icon_surroundings.h"
+#include "qt_tray/panel_rectangle.h"
 
 namespace quillbox {
 namespace {

@@ -6,8 +6,8 @@
 #include <QScreen>
 #include <memory>
 
-#include "qt_tray/tooltip_view.h"
 #include "platform/tooltip_window.h"
+#include "qt_tray/tooltip_view.h"
 
 namespace quillbox {
 

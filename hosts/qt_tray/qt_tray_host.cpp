@@ -1,8 +1,8 @@
 #include "qt_tray/qt_tray_host.h"
 
 #include "qt_base/icon_picture.h"
-#include "qt_tray/tray_menu_view.h"
 #include "qt_base/unicode_text.h"
+#include "qt_tray/tray_menu_view.h"
 
 namespace quillbox {
 

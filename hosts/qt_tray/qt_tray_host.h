@@ -7,12 +7,12 @@
 #include <optional>
 #include <string>
 
+#include "platform/host_events.h"
+#include "platform/tray_host.h"
 #include "qt_tray/no_tray_notice.h"
 #include "qt_tray/notification_service.h"
 #include "qt_tray/tray_icon_mouse.h"
 #include "qt_tray/tray_presence.h"
-#include "platform/host_events.h"
-#include "platform/tray_host.h"
 
 namespace quillbox {
 

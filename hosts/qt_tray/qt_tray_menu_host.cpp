@@ -3,8 +3,8 @@
 #include <QCursor>
 #include <QMenu>
 
-#include "qt_tray/tray_menu_view.h"
 #include "qt_base/window_system.h"
+#include "qt_tray/tray_menu_view.h"
 
 namespace quillbox {
 

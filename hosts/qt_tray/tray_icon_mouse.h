@@ -9,8 +9,8 @@
 #include <functional>
 #include <optional>
 
-#include "qt_tray/activations.h"
 #include "platform/host_events.h"
+#include "qt_tray/activations.h"
 
 namespace quillbox {
 

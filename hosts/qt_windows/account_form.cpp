@@ -8,10 +8,10 @@
 #include <QLineEdit>
 #include <QPushButton>
 
+#include "options/account.h"
 #include "qt_windows/form_binding.h"
 #include "qt_windows/form_dialog.h"
 #include "qt_windows/window_place.h"
-#include "options/account.h"
 
 namespace quillbox {
 namespace {

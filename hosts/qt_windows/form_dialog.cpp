@@ -5,10 +5,10 @@
 #include <QPushButton>
 #include <QShortcut>
 
-#include "qt_windows/form_binding.h"
+#include "forms/button.h"
 #include "qt_base/icon_picture.h"
 #include "qt_base/unicode_text.h"
-#include "forms/button.h"
+#include "qt_windows/form_binding.h"
 
 namespace quillbox {
 

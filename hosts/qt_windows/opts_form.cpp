@@ -7,13 +7,13 @@
 #include <QTabWidget>
 #include <QVBoxLayout>
 
+#include "options/opts.h"
+#include "qt_base/icon_picture.h"
+#include "qt_base/unicode_text.h"
 #include "qt_windows/form_binding.h"
 #include "qt_windows/form_dialog.h"
-#include "qt_base/icon_picture.h"
 #include "qt_windows/opts_pages.h"
 #include "qt_windows/page_pictures.h"
-#include "qt_base/unicode_text.h"
-#include "options/opts.h"
 
 namespace quillbox {
 namespace {

@@ -4,12 +4,12 @@
 #include <QLabel>
 #include <QPushButton>
 
+#include "options/proxy_frame.h"
+#include "options/sounds_frame.h"
 #include "qt_windows/form_binding.h"
 #include "qt_windows/opts_page.h"
 #include "qt_windows/opts_pages.h"
 #include "qt_windows/page_pictures.h"
-#include "options/proxy_frame.h"
-#include "options/sounds_frame.h"
 
 namespace quillbox {
 namespace {

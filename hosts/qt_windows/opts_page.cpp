@@ -8,10 +8,10 @@
 #include <QLineEdit>
 #include <QVBoxLayout>
 
-#include "qt_windows/form_binding.h"
 #include "forms/check_box.h"
 #include "forms/list_field.h"
 #include "forms/text_field.h"
+#include "qt_windows/form_binding.h"
 
 namespace quillbox {
 namespace {

@@ -2,12 +2,12 @@
 #include <QHBoxLayout>
 #include <QPushButton>
 
-#include "qt_windows/form_binding.h"
-#include "qt_windows/opts_page.h"
-#include "qt_windows/opts_pages.h"
 #include "options/ad_sense_frame.h"
 #include "options/auto_update_frame.h"
 #include "options/general_frame.h"
+#include "qt_windows/form_binding.h"
+#include "qt_windows/opts_page.h"
+#include "qt_windows/opts_pages.h"
 
 namespace quillbox {
 

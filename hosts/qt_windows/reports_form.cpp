@@ -9,8 +9,8 @@
 #include <QScreen>
 #include <algorithm>
 
-#include "qt_windows/form_binding.h"
 #include "qt_base/icon_picture.h"
+#include "qt_windows/form_binding.h"
 #include "reports/window_layout.h"
 
 namespace quillbox {

@@ -3,10 +3,10 @@
 #include <QFile>
 #include <utility>
 
+#include "platform/address_opener.h"
+#include "qt_base/unicode_text.h"
 #include "qt_windows/close_watcher.h"
 #include "qt_windows/form_binding.h"
-#include "qt_base/unicode_text.h"
-#include "platform/address_opener.h"
 #include "reports/reports_win.h"
 
 namespace quillbox {

@@ -10,10 +10,10 @@
 #include "api/wanted_report.h"
 #include "environment.h"
 #include "fetch.h"
-#include "text/grant_name.h"
 #include "grant_files.h"
 #include "granted_report.h"
 #include "text/code_page.h"
+#include "text/grant_name.h"
 #include "words.h"
 
 namespace quillbox {

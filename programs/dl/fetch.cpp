@@ -2,10 +2,10 @@
 
 #include <utility>
 
-#include "text/grant_name.h"
 #include "granted_report.h"
 #include "request/sign_in_form.h"
 #include "request/web_address.h"
+#include "text/grant_name.h"
 
 namespace quillbox {
 namespace {

@@ -7,8 +7,8 @@
 #include <cerrno>
 #include <cstdlib>
 
-#include "text/grant_name.h"
 #include "result_files.h"
+#include "text/grant_name.h"
 
 namespace quillbox {
 namespace {

@@ -19,9 +19,9 @@
 
 #include "config/account_list.h"
 #include "config/setting_keys.h"
-#include "qt_windows/qt_forms.h"
-#include "qt_base/unicode_text.h"
 #include "options/opts.h"
+#include "qt_base/unicode_text.h"
+#include "qt_windows/qt_forms.h"
 #include "simulated/script_forms.h"
 #include "simulated/simulated_host.h"
 #include "tray/tray_menu.h"
