@@ -2,6 +2,7 @@
 #include <iostream>
 
 #include "config/atomic_write.h"
+#include "evaluation/date_text.h"
 #include "evaluation/report_cells.h"
 #include "quillbox-replay/commands.h"
 #include "quillbox-replay/time_argument.h"

@@ -1,4 +1,5 @@
 // What the Reports window asks of the agent, and what becomes of the report.
+#include "evaluation/date_text.h"
 #include "quillbox-replay/operations.h"
 #include "quillbox-replay/region_argument.h"
 #include "quillbox-replay/time_argument.h"

@@ -10,7 +10,4 @@ namespace quillbox {
 // The member "now"; the machine's time when it is left out. Throws RequestError when it is no time.
 std::chrono::local_seconds TimeOf(const Request& request);
 
-// Dates without a year are of this one.
-int YearOf(std::chrono::local_seconds time);
-
 }  // namespace quillbox

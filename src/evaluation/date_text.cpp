@@ -20,6 +20,11 @@ struct DateToken {
 
 }  // namespace
 
+int YearOf(std::chrono::local_seconds time) {
+  const auto day = std::chrono::floor<std::chrono::days>(time);
+  return static_cast<int>(std::chrono::year_month_day(day).year());
+}
+
 std::string ShortDate(std::chrono::year_month_day date, const RegionalSettings& region) {
   const auto day = static_cast<unsigned>(date.day());
   const auto month = static_cast<unsigned>(date.month());

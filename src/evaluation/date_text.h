@@ -17,6 +17,9 @@ namespace quillbox {
 std::chrono::year_month_day ToDate(std::string_view text, const RegionalSettings& region,
                                    int currentYear);
 
+// The calendar year, for dates that don't name theirs.
+int YearOf(std::chrono::local_seconds time);
+
 // In the region's short date form.
 std::string ShortDate(std::chrono::year_month_day date, const RegionalSettings& region);
 

@@ -3,6 +3,7 @@
 #include <chrono>
 #include <vector>
 
+#include "evaluation/date_text.h"
 #include "evaluation/stats_text.h"
 #include "platform/clock.h"
 #include "tray/tray_icon.h"
@@ -16,18 +17,13 @@ std::string ReadRecord(const ProgramContext& program, const std::string& account
   return program.Store.ReadSetting(keys.Stats());
 }
 
-int CurrentYear(const ProgramContext& program) {
-  using std::chrono::days, std::chrono::floor, std::chrono::year_month_day;
-  return static_cast<int>(year_month_day(floor<days>(program.Host.Time.LocalTime())).year());
-}
-
 }  // namespace
 
 std::string BuildStatsText(const ProgramContext& program, std::string& account) {
   if (account.empty()) account = program.Store.ReadSetting(kPrimaryAccount);
   if (account.empty()) return {};
   const std::string values = program.Store.ReadSetting(kTooltipValues);
-  const int year = CurrentYear(program);
+  const int year = YearOf(program.Host.Time.LocalTime());
   if (program.Store.ReadSetting(kDisplayAllStats) != kTrue) {
     return OneAccountStatsText(values, ReadRecord(program, account), year, program.Region);
   }

@@ -2,10 +2,11 @@
 
 namespace quillbox {
 
-FileDialogResult OpenDialog::OpenFileDialog() {
-  const std::optional<std::string> chosen = chooser_.Choose(Question);
+FileDialogResult OpenDialog::OpenFileDialog(FileQuestion question) {
+  question.File = lastFile_;
+  const std::optional<std::string> chosen = chooser_.Choose(question);
   if (!chosen) return {.Cancelled = true};
-  Question.File = *chosen;
+  lastFile_ = *chosen;
   const std::size_t nameBegin = chosen->rfind(separator_) + 1;  // 0 without a separator
   return {
       .FileCount = 1, .Files = {chosen->substr(nameBegin)}, .Folder = chosen->substr(0, nameBegin)};

@@ -24,14 +24,14 @@ class OpenDialog {
   // `chooser` must outlive the dialog; `separator` is the host's between folders.
   OpenDialog(FileChooser& chooser, char separator) : chooser_(chooser), separator_(separator) {}
 
-  // Set by callers before each call: what may be chosen, the title and where the person begins.
-  FileQuestion Question;
-
-  FileDialogResult OpenFileDialog();
+  // `question` says what may be chosen, the title and where the person begins; its File is set
+  // here.
+  FileDialogResult OpenFileDialog(FileQuestion question);
 
  private:
   FileChooser& chooser_;
   char separator_;
+  std::string lastFile_;
 };
 
 // What stands behind the last separator, "\" or the host's own; the whole text when it has none.

@@ -59,11 +59,11 @@ void SoundsFrame::Sound_Click() {
 void SoundsFrame::Browse_Click() {
   std::string* choice = Choice();
   if (choice == nullptr) return;
-  dialog_.Question.FilterName = "WAV Files";
-  dialog_.Question.Pattern = "*.wav";
-  dialog_.Question.Title = "Select Sound";
-  dialog_.Question.Folder = program_.Folder.ProgramFile("");
-  const FileDialogResult result = dialog_.OpenFileDialog();
+  const FileDialogResult result = dialog_.OpenFileDialog({.Title = "Select Sound",
+                                                          .FilterName = "WAV Files",
+                                                          .Pattern = "*.wav",
+                                                          .Folder = program_.Folder.ProgramFile(""),
+                                                          .File = {}});
   if (result.Cancelled) return;
   *choice = result.Folder + result.Files.front();
   Event_Click();

@@ -18,11 +18,11 @@ TrayIconFrame::TrayIconFrame(const ProgramContext& program, ChangeMark& mark, Op
 
 // A file that holds no picture is the choice all the same: it may hold one at the next start.
 void TrayIconFrame::SelectIcon_Click() {
-  dialog_.Question.FilterName = "Icon Files (*.ico)";
-  dialog_.Question.Pattern = "*.ICO";
-  dialog_.Question.Title = "Select Icon";
-  dialog_.Question.Folder = program_.Folder.ProgramFile("");
-  const FileDialogResult result = dialog_.OpenFileDialog();
+  const FileDialogResult result = dialog_.OpenFileDialog({.Title = "Select Icon",
+                                                          .FilterName = "Icon Files (*.ico)",
+                                                          .Pattern = "*.ICO",
+                                                          .Folder = program_.Folder.ProgramFile(""),
+                                                          .File = {}});
   if (result.Cancelled) return;
   mark_.Set(TrayIconChanged);
   const std::string path = result.Folder + result.Files.front();

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "config/atomic_write.h"
+#include "evaluation/date_text.h"
 #include "evaluation/report_cells.h"
 #include "platform/clock.h"
 #include "platform/event_pump.h"
@@ -27,11 +28,6 @@ constexpr std::string_view kNoAccount =
 
 void Fill(ListField& list, std::initializer_list<const char*> items) {
   for (const char* const item : items) list.Add(item);
-}
-
-int CurrentYear(Clock& clock) {
-  const auto today = std::chrono::floor<std::chrono::days>(clock.LocalTime());
-  return static_cast<int>(std::chrono::year_month_day(today).year());
 }
 
 }  // namespace
@@ -102,7 +98,7 @@ void ReportsWin::MakeReport(Loading loading) {
   const std::string file = WindowReportFiles(program_.Folder).Data;
   const std::optional<ReportData> data =
       BuildReportData(program_.Host.Disk.Read(file).value_or(""), *title, program_.Region,
-                      CurrentYear(program_.Host.Time));
+                      YearOf(program_.Host.Time.LocalTime()));
   if (!data) return ShowReportMessage(kNoData);
   ShowReport(loading, *data, title->Text);
 }
