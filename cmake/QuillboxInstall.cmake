@@ -17,10 +17,8 @@ if(QUILLBOX_DESKTOP)
   if(TARGET quillbox-report-view)
     install(TARGETS quillbox-report-view DESTINATION "${QUILLBOX_PROGRAM_FOLDER}")
   endif()
-  install(FILES "${assets}/ReadMe.txt" "${assets}/skin/skin.ini"
+  install(FILES "${assets}/ReadMe.txt" "${assets}/skin/skin.ini" ${QUILLBOX_PAGE_FILES}
     DESTINATION "${QUILLBOX_PROGRAM_FOLDER}")
-  install(DIRECTORY "${assets}/report/" DESTINATION "${QUILLBOX_PROGRAM_FOLDER}"
-    FILES_MATCHING PATTERN "*.js" PATTERN "*.css")
   install(DIRECTORY "${assets}/sounds/" DESTINATION "${QUILLBOX_PROGRAM_FOLDER}"
     FILES_MATCHING PATTERN "*.wav")
   install(DIRECTORY "${PROJECT_SOURCE_DIR}/skins" DESTINATION "${QUILLBOX_PROGRAM_FOLDER}"
