@@ -7,4 +7,18 @@ namespace quillbox {
 // mouse and the keyboard without having another window. Elsewhere none of it can be relied on.
 bool OnX11();
 
+// While it lives, a QApplication that is made speaks X11 where the desktop offers it beside
+// Wayland, which most do, and Wayland otherwise. Has no effect when the person chose with
+// QT_QPA_PLATFORM, and none on the programs that are started after its end.
+class X11Preference {
+ public:
+  X11Preference();
+  ~X11Preference();
+  X11Preference(const X11Preference&) = delete;
+  X11Preference& operator=(const X11Preference&) = delete;
+
+ private:
+  bool chosen_;
+};
+
 }  // namespace quillbox

@@ -3,6 +3,7 @@
 #include <QLocale>
 #include <QSessionManager>
 #include <QTimer>
+#include <optional>
 
 #include "build_values.h"
 #include "desktop/application_folders.h"
@@ -10,12 +11,15 @@
 #include "desktop/region.h"
 #include "desktop/working_files.h"
 #include "platform/single_instance.h"
+#include "qt_base/window_system.h"
 #include "shell/program.h"
 #include "system/process_protection.h"
 
 int main(int argc, char* argv[]) {
   const mode_t ownFileMask = quillbox::ProtectProcess();
+  auto preference = std::make_optional<quillbox::X11Preference>();
   QApplication application(argc, argv);
+  preference.reset();
   QApplication::setApplicationName("Quillbox");
   QApplication::setDesktopFileName("quillbox");
   // The program's face is its icon: closing a window ends nothing, and a signing out asks nothing.
