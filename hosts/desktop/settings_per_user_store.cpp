@@ -24,7 +24,7 @@ class UserSettings : public QSettings {
 
 // The name among `stored` that means `name` in any case, else the one to store it under.
 QString FindName(const QStringList& stored, std::string_view name) {
-  const QString exact = ToStoredName(name);
+  QString exact = ToStoredName(name);
   if (stored.contains(exact)) return exact;
   for (const QString& candidate : stored) {
     const auto text = FromStoredName(candidate);
@@ -36,7 +36,7 @@ QString FindName(const QStringList& stored, std::string_view name) {
 QString FindPath(QSettings& settings, std::string_view section, std::string_view key) {
   const QString group = FindName(settings.childGroups(), section);
   settings.beginGroup(group);
-  const QString path = group + '/' + FindName(settings.childKeys(), key);
+  QString path = group + '/' + FindName(settings.childKeys(), key);
   settings.endGroup();
   return path;
 }
