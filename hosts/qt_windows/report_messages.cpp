@@ -10,7 +10,7 @@ namespace {
 
 void TakeItems(const QJsonArray& items, ListField& field) {
   while (!field.Items().empty()) field.Remove(field.Items().size() - 1);
-  for (const QJsonValue& item : items) field.Add(ToCodePage(item.toString()).value_or("?"));
+  for (const auto& item : items) field.Add(ToCodePage(item.toString()).value_or("?"));
 }
 
 void TakeList(const QJsonObject& message, ListField& field) {

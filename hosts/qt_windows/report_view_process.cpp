@@ -16,7 +16,7 @@ using namespace std::chrono_literals;
 constexpr auto kPingEvery = 5s;
 constexpr int kMostUnanswered = 3;
 constexpr auto kTimeToClose = 2s;
-constexpr qsizetype kLongestMessage = 64 * 1024;  // a view has little to say
+constexpr qsizetype kLongestMessage = 65536;  // a view has little to say
 
 // The process closes its window, or is killed; nobody waits for either.
 void LetEnd(std::unique_ptr<QProcess> owned) {
