@@ -40,6 +40,7 @@ class QtTimer : public Timer {
   void Tick() {
     const QPointer<QTimer> alive(&timer_);  // the handler may throw the timer away
     const std::function<void()> handler = onTick_;
+    due_ += interval_;  // from what was due, for a coarse timer may come early
     inHandler_ = true;
     handler();
     if (!alive) return;

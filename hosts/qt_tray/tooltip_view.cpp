@@ -17,8 +17,9 @@ QColor ColorOf(std::int32_t value) {
 }
 
 QSize PixelSizeOf(const TooltipPicture& picture, const QSizeF& pixelsPerTwip) {
-  return {qRound(picture.Width * pixelsPerTwip.width()),
-          qRound(picture.Height * pixelsPerTwip.height())};
+  const auto pixels = [](qreal length) { return static_cast<int>(std::nearbyint(length)); };
+  return {pixels(picture.Width * pixelsPerTwip.width()),
+          pixels(picture.Height * pixelsPerTwip.height())};
 }
 
 }  // namespace
