@@ -12,8 +12,9 @@ namespace quillbox {
 // Reads a date in numbers or with the month's name, full or short, in the region's language or in
 // English. The region's order of day, month and year comes first, then month and day exchanged,
 // then the year first. Separators are "/", "-", "." and blanks, and the comma in dates with a
-// month's name. Years 00 to 29 are 20xx, 30 to 99 are 19xx; a date without a year is in
-// `currentYear`. Throws ConversionFailed on anything else, and on a date that no calendar has.
+// month's name; one point may close the date. Years 00 to 29 are 20xx, 30 to 99 are 19xx; a date
+// without a year is in `currentYear`. Throws ConversionFailed on anything else, and on a date that
+// no calendar has.
 std::chrono::year_month_day ToDate(std::string_view text, const RegionalSettings& region,
                                    int currentYear);
 

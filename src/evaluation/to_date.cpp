@@ -81,6 +81,7 @@ bool TakeSeparator(std::string_view& in) {
 std::vector<DatePart> TakeParts(std::string_view in, const RegionalSettings& region) {
   TakeWhile(in, IsBlank);
   while (!in.empty() && IsBlank(in.back())) in.remove_suffix(1);
+  if (in.ends_with('.')) in.remove_suffix(1);  // as some regions close a date, or a short month
   std::vector<DatePart> parts;
   parts.reserve(3);
   parts.push_back(TakePart(in, region));

@@ -28,7 +28,7 @@ bool AutoUpdate::Running() const {
 
 void AutoUpdate::Start() {
   program_.State.UpdateMinuteCount = 0;
-  Timer1_->SetEnabled(true);
+  if (!Running()) Timer1_->SetEnabled(true);
 }
 
 void AutoUpdate::Stop() {

@@ -18,7 +18,7 @@ class AutoUpdate {
 
   bool Running() const;
 
-  // Begins to count at 0; call it on a stopped clock.
+  // Begins to count at 0. A clock that runs already goes on with its minute.
   void Start();
   void Stop();
 

@@ -1,5 +1,7 @@
 #include "retrieval/refresh_cycle.h"
 
+#include <cstddef>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -31,6 +33,7 @@ struct Cycle {
 
 // The account as it was when its turn began: the lists may change while its reports are fetched.
 struct Turn {
+  std::size_t Index;
   std::string Account;
   std::string Username;
   std::string Password;
@@ -65,20 +68,26 @@ void ReadCodes(const ProgramContext& program, Cycle& cycle) {
   }
 }
 
-// The account may have been removed or renamed while its reports were fetched; what is stored under
-// a name must be that account's.
-bool StillWatched(const AppState& state, const Turn& turn) {
+// The name that the account has now; nothing when it is watched no more. It may have been removed,
+// moved or renamed in its place while its reports were fetched; what is stored under a name must be
+// that account's, and that is the one with its address.
+std::optional<std::string> NameNow(const AppState& state, const Turn& turn) {
   for (std::size_t i = 0; i < state.Accounts.size(); ++i) {
-    if (state.Accounts[i] == turn.Account && state.UsernameAt(i) == turn.Username) return true;
+    if (state.Accounts[i] == turn.Account && state.UsernameAt(i) == turn.Username) {
+      return turn.Account;
+    }
   }
-  return false;
+  const bool renamed =
+      turn.Index < state.Accounts.size() && state.UsernameAt(turn.Index) == turn.Username;
+  return renamed ? std::optional(state.Accounts[turn.Index]) : std::nullopt;
 }
 
 void EvaluateTurn(const ProgramContext& program, const Turn& turn) {
-  if (!StillWatched(program.State, turn)) return;
+  const std::optional<std::string> name = NameNow(program.State, turn);
+  if (!name) return;
   EvaluateAccountReports(program, ReportFilesOf(Report::kContent, program.Folder).Data,
                          ReportFilesOf(Report::kSearch, program.Folder).Data,
-                         ReportFilesOf(Report::kReferral, program.Folder).Data, turn.Account);
+                         ReportFilesOf(Report::kReferral, program.Folder).Data, *name);
 }
 
 void FinishTurn(const ProgramContext& program, Cycle& cycle, const Turn& turn) {
@@ -117,7 +126,8 @@ void RefreshAccounts(const ProgramContext& program) {
   cycle.ShowDataByPage = program.Store.ReadSetting(kShowDataByPage);
   const std::size_t count = state.Accounts.size();
   for (std::size_t i = 0; i < count && i < state.Accounts.size(); ++i) {
-    RefreshAccount(program, cycle, {state.Accounts[i], state.UsernameAt(i), state.PasswordAt(i)});
+    RefreshAccount(program, cycle,
+                   {i, state.Accounts[i], state.UsernameAt(i), state.PasswordAt(i)});
   }
 }
 

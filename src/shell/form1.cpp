@@ -9,7 +9,6 @@
 #include "platform/tray_menu_host.h"
 #include "retrieval/refresh_cycle.h"
 #include "tray/tray_icon.h"
-#include "tray/tray_menu.h"
 #include "update/version_check.h"
 
 namespace quillbox {
@@ -60,9 +59,9 @@ void Form1::StartTimer1() {
   autoUpdate_.Start();
 }
 
+// A refresh at the start that had nothing to wait for has filled them already: hence anew.
 void Form1::Timer3_Timer() {
-  BuildAccountStatsMenus(program_);
-  FillOpenAccountMenu(program_);
+  RebuildAccountMenus(program_);
   Timer3_->SetEnabled(false);
 }
 

@@ -26,6 +26,7 @@ struct AppState : AccountList {
   std::int16_t UpdateRateMinutes = 0;
   bool RefreshRunning = false;
   bool VersionCheckRunning = false;
+  bool VersionCheckAsked = false;  // the person waits for what the running check finds
 
   std::string SettingsProfile;  // empty: the per-user store; else the settings file's name
 

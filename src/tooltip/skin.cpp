@@ -1,12 +1,12 @@
 #include "tooltip/skin.h"
 
 #include <algorithm>
-#include <charconv>
 #include <vector>
 
 #include "config/profile_file.h"
 #include "text/text_list.h"
 #include "text/trimmed.h"
+#include "tooltip/skin_number.h"
 
 namespace quillbox {
 namespace {
@@ -14,13 +14,11 @@ namespace {
 constexpr std::string_view kSection = "Skin";
 constexpr SkinColorValue kDefaultFontColor = 0 | 26 << 8 | 53 << 16;
 
-// A whole number of 16 bits, with blanks round it.
+// A whole number of 16 bits.
 std::optional<int> ColorPart(std::string_view text) {
-  text = Trimmed(text, kBlankAndTab);
-  std::int16_t value = 0;
-  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-  if (error != std::errc() || end != text.data() + text.size() || value < 0) return std::nullopt;
-  return std::min<int>(value, 255);
+  const std::optional<std::int16_t> value = SkinNumber<std::int16_t>(text);
+  if (!value || *value < 0) return std::nullopt;
+  return std::min<int>(*value, 255);
 }
 
 }  // namespace
@@ -40,7 +38,10 @@ std::optional<SkinColorValue> SkinColor(std::string_view text) {
 }
 
 Skin ReadSkin(Files& files, const std::string& path) {
-  const auto read = [&](std::string_view key) { return IniRead(files, kSection, key, path); };
+  // A person may write "FontSize = 10".
+  const auto read = [&](std::string_view key) {
+    return std::string(Trimmed(IniRead(files, kSection, key, path), kBlankAndTab));
+  };
   const auto orDefault = [](const std::string& value, const std::string& whenEmpty) {
     return value.empty() ? whenEmpty : value;
   };

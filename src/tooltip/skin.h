@@ -29,7 +29,8 @@ struct Skin {
 // number gives black.
 std::optional<SkinColorValue> SkinColor(std::string_view text);
 
-// The skin in the file at `path`; a missing file gives the default look.
+// The skin in the file at `path`, blanks round its values left out; a missing file gives the
+// default look.
 Skin ReadSkin(Files& files, const std::string& path);
 
 }  // namespace quillbox

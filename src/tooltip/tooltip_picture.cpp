@@ -1,9 +1,9 @@
 #include "tooltip/tooltip_picture.h"
 
-#include <charconv>
 #include <optional>
 
 #include "tooltip/skin.h"
+#include "tooltip/skin_number.h"
 #include "tooltip/tooltip_layout.h"
 #include "tooltip/tooltip_placement.h"
 
@@ -11,19 +11,11 @@ namespace quillbox {
 namespace {
 
 constexpr double kDesignedPoints = 8.25;
-
-// The whole text as a number; nothing when it isn't one.
-template <typename Number>
-std::optional<Number> NumberIn(std::string_view text) {
-  Number number{};
-  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-  if (error != std::errc() || end != text.data() + text.size()) return std::nullopt;
-  return number;
-}
+constexpr double kMostPoints = 1000;  // no screen shows more; "inf" reads as a number too
 
 double PointsIn(std::string_view text) {
-  const std::optional<double> points = NumberIn<double>(text);
-  return points && *points > 0 ? *points : kDesignedPoints;
+  const std::optional<double> points = SkinNumber<double>(text);
+  return points && *points > 0 && *points <= kMostPoints ? *points : kDesignedPoints;
 }
 
 TooltipFont ValueFont(const Skin& skin) {
@@ -67,7 +59,7 @@ TooltipPicture BuildTooltipPicture(std::string_view text, Files& files, const st
   if (files.Exists(pictureFile)) {
     picture.PictureFile = pictureFile;
   } else {
-    picture.BackColor = NumberIn<std::int32_t>(skin.BackColor);
+    picture.BackColor = SkinNumber<std::int32_t>(skin.BackColor);
   }
   picture.DescriptionFont = DescriptionFont(skin);
   picture.ValueFont = ValueFont(skin);

@@ -48,7 +48,7 @@ void SetTooltipText(const ProgramContext& program, const std::string& text) {
 
 void UpdateTrayIcon(const ProgramContext& program) {
   TrayIconRecord& record = program.State.TrayIconRecord;
-  record.uFlags |= kNifIcon;
+  record.uFlags = kNifMessage | kNifIcon | kNifTip;
   record.hIcon = program.State.IconImage;
   program.Host.Tray.Apply(TrayOperation::kModify, record);
 }

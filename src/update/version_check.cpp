@@ -74,8 +74,10 @@ std::string AnnouncedVersion(const ProgramContext& program,
   return same ? *published : announced;
 }
 
-void Check(const ProgramContext& program, bool asked) {
+// Whether the person asked for it is looked at behind the wait, in which they still may.
+void Check(const ProgramContext& program) {
   const std::optional<std::string> file = Download(program);
+  const bool asked = program.State.VersionCheckAsked;
   const VersionDecision decision = DecideVersion(program.Store.ReadSetting(kVersion), file, asked,
                                                  AnnouncedVersion(program, file));
   switch (decision.Outcome) {
@@ -96,10 +98,13 @@ void Check(const ProgramContext& program, bool asked) {
 }  // namespace
 
 void CheckForUpdate(const ProgramContext& program, std::string_view asked) {
-  if (program.State.VersionCheckRunning) return;
-  program.State.VersionCheckRunning = true;
-  Check(program, asked == "Yes");
-  program.State.VersionCheckRunning = false;
+  AppState& state = program.State;
+  if (asked == "Yes") state.VersionCheckAsked = true;
+  if (state.VersionCheckRunning) return;
+  state.VersionCheckRunning = true;
+  Check(program);
+  state.VersionCheckRunning = false;
+  state.VersionCheckAsked = false;
 }
 
 }  // namespace quillbox

@@ -9,7 +9,8 @@ namespace quillbox {
 
 // `asked` is "Yes" when the person asked for the check and "No" when it came by itself, which tells
 // of nothing but a version that is newly out. Events are pumped while it waits; a check that comes
-// during another one is skipped.
+// during another one starts none of its own, but when the person asks for it they are told what the
+// waiting one finds.
 void CheckForUpdate(const ProgramContext& program, std::string_view asked);
 
 }  // namespace quillbox
