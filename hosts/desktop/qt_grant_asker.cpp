@@ -1,6 +1,7 @@
 #include "desktop/qt_grant_asker.h"
 
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <QFile>
 #include <QProcess>
@@ -17,9 +18,15 @@ namespace {
 constexpr char kNoProgram[] =
     "The program \"dl\", which asks for access, is missing or has broken down.";
 
-QProcessEnvironment ChangedEnvironment(const GrantQuestion& question) {
+using Variables = std::vector<std::pair<std::string, std::string>>;
+
+// The name of a grant is short: it goes into the pipe at once. It is only for the case that the
+// program can't be started.
+constexpr int kLongestHandOverMs = 2000;
+
+QProcessEnvironment ChangedEnvironment(const Variables& changes) {
   QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-  for (const auto& [name, value] : question.Environment) {
+  for (const auto& [name, value] : changes) {
     if (value.empty()) {
       environment.remove(ToUnicode(name));
     } else {
@@ -51,7 +58,7 @@ class Asking final : public GrantAsking {
       : process_(std::make_unique<QProcess>()), done_(std::move(done)) {
     process_->setProgram(QFile::decodeName(program.c_str()));
     process_->setArguments({"authorize", ToUnicode(question.Email)});
-    process_->setProcessEnvironment(ChangedEnvironment(question));
+    process_->setProcessEnvironment(ChangedEnvironment(question.Environment));
     process_->setStandardInputFile(QProcess::nullDevice());
     process_->setChildProcessModifier([fileMask] {
       ::umask(fileMask);
@@ -91,11 +98,34 @@ class Asking final : public GrantAsking {
   std::function<void(const GrantAnswer&)> done_;
 };
 
+// To outlive the program: out of the reach of what ends the others of its terminal or session.
+void SetUpRevoking(QProcess& process, const std::string& program, const Variables& environment) {
+  process.setProgram(QFile::decodeName(program.c_str()));
+  process.setArguments({"revoke"});
+  process.setProcessEnvironment(ChangedEnvironment(environment));
+  process.setStandardOutputFile(QProcess::nullDevice());
+  process.setStandardErrorFile(QProcess::nullDevice());
+  process.setChildProcessModifier([] { ::setsid(); });
+}
+
 }  // namespace
 
 std::unique_ptr<GrantAsking> QtGrantAsker::Ask(const GrantQuestion& question,
                                                std::function<void(const GrantAnswer&)> done) {
   return std::make_unique<Asking>(program_, fileMask_, question, std::move(done));
+}
+
+// Nobody owns the process: destroying it would end what runs. The name has left this program when
+// this returns, since the program may end right then.
+void QtGrantAsker::Forget(const std::string& name, const Variables& environment) {
+  auto* const process = new QProcess;
+  SetUpRevoking(*process, program_, environment);
+  QObject::connect(process, &QProcess::finished, process, &QObject::deleteLater);
+  process->start();
+  process->write((name + "\n").c_str());
+  process->closeWriteChannel();
+  process->waitForBytesWritten(kLongestHandOverMs);
+  if (process->state() == QProcess::NotRunning) process->deleteLater();
 }
 
 }  // namespace quillbox

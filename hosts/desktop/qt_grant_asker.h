@@ -1,15 +1,18 @@
-// Grants by the fetch program, which opens the consent page.
+// Grants by the fetch program, which opens the consent page and gives grants back.
 #pragma once
 
 #include <sys/types.h>
 
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "platform/grant_asker.h"
 
 namespace quillbox {
 
-// Each asking is a run of `dl authorize`; it ends with the program, however that ends.
+// Each asking is a run of `dl authorize`; it ends with the program, however that ends. Each
+// forgetting is a run of `dl revoke`, which goes on without the program.
 class QtGrantAsker : public GrantAsker {
  public:
   // `program`: full path of the fetch program, in the host's bytes. `fileMask`: under which it
@@ -19,6 +22,9 @@ class QtGrantAsker : public GrantAsker {
 
   std::unique_ptr<GrantAsking> Ask(const GrantQuestion& question,
                                    std::function<void(const GrantAnswer&)> done) override;
+
+  void Forget(const std::string& name,
+              const std::vector<std::pair<std::string, std::string>>& environment) override;
 
  private:
   const std::string program_;

@@ -54,6 +54,10 @@ class IdlePorts final : public AddressOpener,
                                    std::function<void(const GrantAnswer&)>) override {
     Refuse();
   }
+  void Forget(const std::string&,
+              const std::vector<std::pair<std::string, std::string>>&) override {
+    Refuse();
+  }
   void Load(AboutWin&) override { Refuse(); }
   void Load(Opts&) override { Refuse(); }
   void Load(Account&) override { Refuse(); }

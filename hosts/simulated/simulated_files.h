@@ -20,7 +20,7 @@ enum class DiskState { kWorks, kFull, kReadOnly };
 
 // Folders need not be made: every path with a "/" in it has one. Steps are the calls of WriteNew,
 // Flush, Rename and Remove.
-class SimulatedFiles final : public Files {
+class SimulatedFiles : public Files {
  public:
   using Contents = std::map<std::string, std::string>;
 

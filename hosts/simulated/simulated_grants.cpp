@@ -45,6 +45,12 @@ void SimulatedGrants::GiveUp(std::size_t asking) {
   trace_.Add("grant", "given up");
 }
 
+void SimulatedGrants::Forget(const std::string& name,
+                             const std::vector<std::pair<std::string, std::string>>& environment) {
+  trace_.Add("grant", "forget " + name);
+  forgotten_.push_back({name, environment});
+}
+
 void SimulatedGrants::EndAll() {
   for (const auto& [asking, answer] : running_) time_.Cancel(answer);
   running_.clear();

@@ -5,6 +5,8 @@
 #include <cstddef>
 #include <deque>
 #include <map>
+#include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/grant_asker.h"
@@ -29,6 +31,14 @@ class SimulatedGrants final : public GrantAsker {
   // Everything that was asked, in order.
   const std::vector<GrantQuestion>& Asked() const { return asked_; }
 
+  struct Forgetting {
+    std::string Name;
+    std::vector<std::pair<std::string, std::string>> Environment;
+  };
+
+  // The grants that were to be forgotten, in order.
+  const std::vector<Forgetting>& Forgotten() const { return forgotten_; }
+
   std::size_t RunningCount() const { return running_.size(); }
 
   // The process that asked is gone.
@@ -36,6 +46,8 @@ class SimulatedGrants final : public GrantAsker {
 
   std::unique_ptr<GrantAsking> Ask(const GrantQuestion& question,
                                    std::function<void(const GrantAnswer&)> done) override;
+  void Forget(const std::string& name,
+              const std::vector<std::pair<std::string, std::string>>& environment) override;
 
  private:
   class Asking;
@@ -47,6 +59,7 @@ class SimulatedGrants final : public GrantAsker {
   SimulatedTrace& trace_;
   std::deque<Reply> replies_;
   std::vector<GrantQuestion> asked_;
+  std::vector<Forgetting> forgotten_;
   std::map<std::size_t, SimulatedTime::EventId> running_;  // each with its answer
 };
 

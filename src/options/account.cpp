@@ -50,6 +50,7 @@ void Account::Connect_Click() {
 void Account::Answered(const GrantAnswer& answer) {
   Connect.SetEnabled(true);
   if (answer.Problem.empty()) {
+    accounts_.Grants.Made(answer.Name);
     Text3.SetText(answer.Name);
   } else {
     program_.Host.Boxes.Show({.Text = answer.Problem, .Icon = BoxIcon::kExclamation});

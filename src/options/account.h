@@ -31,7 +31,8 @@ class Account {
   TextField Text3{"Text3", "Password:", TextField::Echo::kStars};
   Button Command1{"Command1", "OK"};
   Button Command2{"Command2", "Cancel"};
-  // Asks for a grant, whose name then stands in Text3.
+  // Asks for a grant, whose name then stands in Text3. Should it come to stand in no account, it is
+  // forgotten with the Options.
   Button Connect{"Connect", "Co&nnect..."};
 
   std::int16_t AdSenseIndex = 0;  // of the account that is edited

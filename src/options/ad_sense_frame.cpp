@@ -32,7 +32,7 @@ AccountList Named(const AccountList& old) {
 }  // namespace
 
 AdSenseFrame::AdSenseFrame(const ProgramContext& program, ChangeMark& mark)
-    : program_(program), mark_(mark) {
+    : Grants(program), program_(program), mark_(mark) {
   Command7.SetEnabled(false);
   Command6.SetEnabled(false);
   Combo3.Clicked = [this] { mark_.Set(AdSenseChanged); };
@@ -42,6 +42,7 @@ AdSenseFrame::AdSenseFrame(const ProgramContext& program, ChangeMark& mark)
 }
 
 void AdSenseFrame::LoadAdSenseFrame() {
+  Grants.Opened();
   for (const std::string& account : program_.State.Accounts) Combo3.Add(account);
   if (!Combo3.Items().empty()) {
     const std::string primary = program_.Store.ReadSetting(kPrimaryAccount);

@@ -9,6 +9,7 @@
 #include "forms/list_field.h"
 #include "options/account.h"
 #include "options/change_mark.h"
+#include "options/grant_keeping.h"
 #include "state/program_context.h"
 
 namespace quillbox {
@@ -27,6 +28,8 @@ class AdSenseFrame {
 
   // The form that adds or edits an account; null before the first time.
   std::unique_ptr<quillbox::Account> AccountForm;
+
+  GrantKeeping Grants;  // of the accounts, from the loading of the page on
 
   void LoadAdSenseFrame();
 

@@ -69,6 +69,14 @@ void Opts::Load() {
   program_.Host.Windows.Load(*this);
 }
 
+// What stands in a form that is still open must not become an account later, when its grant is
+// gone.
+void Opts::Closed() {
+  loaded_ = false;
+  program_.Host.Windows.Unload(FormName::kAccount);
+  AdSenseFrame.Grants.Closed();
+}
+
 void Opts::LoadActiveFrame(std::string_view activeFrame) {
   const std::size_t index = PageNamed(activeFrame);
   Tabs.ShowSelected(index);

@@ -45,7 +45,8 @@ class Opts {
   void Load();
 
   // The window has gone. By its close box nothing is applied, and the account list stays as edited.
-  void Closed() { loaded_ = false; }
+  // Grants that no account holds any more are forgotten.
+  void Closed();
 
   // Notes the page as the one to show at the next opening. `caption` is that of a tab.
   void ShowFrame(std::string_view caption);

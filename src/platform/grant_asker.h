@@ -1,4 +1,4 @@
-// Asking a person to grant access to their reports.
+// Asking a person to grant access to their reports, and giving it back.
 #pragma once
 
 #include <functional>
@@ -37,6 +37,13 @@ class GrantAsker {
   // still goes on when the program ends.
   virtual std::unique_ptr<GrantAsking> Ask(const GrantQuestion& question,
                                            std::function<void(const GrantAnswer&)> done) = 0;
+
+  // A grant that nobody needs any more: its file goes, and the access is taken away at the service
+  // if that can be reached. Starts and returns at once; nobody is told how it went. What was
+  // started goes on when the program ends, also if it is asked for as the last thing; it ends by
+  // itself within the limits of the fetch program. `environment`: as of GrantQuestion.
+  virtual void Forget(const std::string& name,
+                      const std::vector<std::pair<std::string, std::string>>& environment) = 0;
 };
 
 }  // namespace quillbox
