@@ -1,5 +1,7 @@
 #include "api_pages.h"
 
+#include <algorithm>
+
 #include "api/report_json.h"
 #include "error_answers.h"
 
@@ -21,7 +23,7 @@ ApiPages::ApiPages(const ServiceOptions& options, const std::set<std::string>& e
                    const DemoClock& clock)
     : options_(options.Api),
       seed_(options.Seed),
-      publishers_(emails, options.Api.PublishersPerEmail),
+      publishers_(emails, options.Api.PublishersPerEmail, options.Api.ReadyPublishers),
       clock_(clock) {}
 
 GoodAnswer ApiPages::Accounts(const FormFields& query, const std::string& email) const {
@@ -40,7 +42,8 @@ GoodAnswer ApiPages::Report(const FormFields& query, const std::string& publishe
   }
   try {
     const Moment now = clock_.Now();
-    const ReportRequest request = ParseReportRequest(query, now.Today);
+    ReportRequest request = ParseReportRequest(query, now.Today);
+    request.Limit = std::min(request.Limit, options_.RowLimit);
     const ReportRows rows = MakeReportRows(request, seed_, owner->Ready ? email : "", now);
     const std::string currency = request.Currency.empty() ? options_.Currency : request.Currency;
     return Json(ReportJson(request, rows, currency, options_.Warnings));

@@ -60,7 +60,7 @@ Service::Service(const ServiceOptions& options)
       wrongName_(authority_.Issue({.Names = "DNS:elsewhere.example.test"})),
       untrusted_(ThrowawayAuthority("Quillbox demo authority").Issue({.Names = kNames})),
       signIns_(options.Accounts),
-      grants_(options.Api.Grants, options.Api.TokenLife),
+      grants_(options.Api.Grants, options.Api.TokenLife, options.Api.Refreshes),
       consent_(options.Api, EmailsOf(options), grants_),
       tokens_(options.Api, grants_),
       api_(options, EmailsOf(options), clock_),
@@ -118,7 +118,8 @@ void Service::AnswerRequest(const Maker& make, const httplib::Request& request,
   const FaultRule rule = faults_.For(request.path, account);
   response.set_header("Date", DateHeader(clock_.Time()));
   // What is answered with an error was not done either.
-  const bool fails = rule.Kind == Fault::kStatus || rule.Kind == Fault::kRefuse;
+  const bool fails =
+      rule.Kind == Fault::kStatus || rule.Kind == Fault::kRefuse || rule.Kind == Fault::kStall;
   Answer(rule, request.path, fails ? GoodAnswer{} : make(request, account), faults_, response);
 }
 

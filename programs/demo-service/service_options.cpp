@@ -62,6 +62,11 @@ void SetConsent(ServiceOptions& options, const std::string& text) {
   options.Api.Asks = kind->second;
 }
 
+void SetRefresh(ServiceOptions& options, const std::string& text) {
+  if (text != "keep" && text != "rotate") throw BadCommandLine("--refresh needs keep or rotate");
+  options.Api.Refreshes = text == "rotate" ? OnRefresh::kNewGrant : OnRefresh::kKeepGrant;
+}
+
 void AddGrant(ServiceOptions& options, const std::string& text) {
   const std::size_t colon = text.find(':');
   if (colon == std::string::npos) throw BadCommandLine("--grant needs EMAIL:TOKEN");
@@ -93,8 +98,13 @@ const std::map<std::string, Setter>& Setters() {
        [](auto& o, auto& text) { o.Api.TokenLife = seconds(ParseNumber(text, 0, 1 << 30)); }},
       {"--publishers",
        [](auto& o, auto& text) { o.Api.PublishersPerEmail = ParseNumber(text, kOne, kMany); }},
+      {"--ready-publishers",
+       [](auto& o, auto& text) { o.Api.ReadyPublishers = ParseNumber(text, kOne, kMany); }},
       {"--page-limit",
        [](auto& o, auto& text) { o.Api.PageLimit = ParseNumber(text, kOne, kMany); }},
+      {"--row-limit",
+       [](auto& o, auto& text) { o.Api.RowLimit = ParseNumber(text, kOne, kMostRows); }},
+      {"--refresh", SetRefresh},
       {"--currency", [](auto& o, auto& text) { o.Api.Currency = text; }},
       {"--warning", [](auto& o, auto& text) { o.Api.Warnings.push_back(text); }},
       {"--clock-skew",

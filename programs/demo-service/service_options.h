@@ -10,7 +10,9 @@
 #include <string>
 #include <vector>
 
+#include "api/report_request.h"
 #include "faults/fault_rule.h"
+#include "oauth/grants.h"
 
 namespace quillbox {
 
@@ -24,7 +26,10 @@ struct ApiOptions {
   std::map<std::string, std::string> Grants;  // refresh tokens and e-mail addresses
   std::chrono::seconds TokenLife{3600};
   std::size_t PublishersPerEmail = 1;
+  std::size_t ReadyPublishers = 1;  // of each e-mail address
   std::size_t PageLimit = 10'000;
+  std::size_t RowLimit = kMostRows;  // in one report
+  OnRefresh Refreshes = OnRefresh::kKeepGrant;
   std::string Currency = "USD";
   std::vector<std::string> Warnings;
 };

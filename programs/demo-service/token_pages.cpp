@@ -51,7 +51,7 @@ GoodAnswer TokenPages::FromGrant(const FormFields& fields) {
   if (grant.empty()) return Missing("refresh_token");
   const auto tokens = grants_.Refresh(grant);
   if (!tokens) return RefusalAt("/token");
-  return Granted(*tokens, grants_.TokenLife(), false);
+  return Granted(*tokens, grants_.TokenLife(), tokens->Grant != grant);
 }
 
 GoodAnswer TokenPages::Revoke(const FormFields& fields) {

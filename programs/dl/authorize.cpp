@@ -1,27 +1,26 @@
 #include "authorize.h"
 
-#include <chrono>
+#include <unistd.h>
+
 #include <cstdio>
-#include <optional>
 #include <utility>
 #include <vector>
 
-#include "api/publisher_accounts.h"
-#include "api/token_answer.h"
+#include "account_choice.h"
 #include "browser.h"
+#include "consent_exchange.h"
 #include "consent_secrets.h"
 #include "environment.h"
 #include "grant_files.h"
 #include "loopback_server.h"
+#include "no_grant.h"
+#include "oauth/browser_pages.h"
 #include "oauth/consent_address.h"
-#include "service_questions.h"
+#include "oauth/consent_answer.h"
 #include "words.h"
 
 namespace quillbox {
 namespace {
-
-constexpr std::chrono::seconds kPatience = std::chrono::minutes(5);
-constexpr int kMostPages = 100;  // of accounts
 
 constexpr const char* kNoClient =
     "Quillbox can't ask for access: this build doesn't say who it is to the service.\n"
@@ -29,11 +28,11 @@ constexpr const char* kNoClient =
     "QUILLBOX_OAUTH_CLIENT_SECRET, if you were given one) in the environment, or build with "
     "them.\n";
 
-// Why there is no grant, and the exit status that says so.
-struct NoGrant {
-  ResultCode Code;
-  std::string Words;
-};
+constexpr const char* kNoAnswerCame = "No answer came in five minutes.";
+constexpr const char* kNoBrowser =
+    "The browser could not be opened. Run \"dl authorize\" in a terminal: it prints an address "
+    "that "
+    "you can open yourself, and then the name that belongs in the password's place.";
 
 void Tell(const std::string& words) {
   std::fputs((words + "\n").c_str(), stderr);
@@ -56,20 +55,19 @@ class Authorization {
   std::string Run(const std::string& email, unsigned fileMask) {
     try {
       OpenPage(email, fileMask);
-      const std::string code = AwaitCode();
-      Session session = OpenSession(curl_);  // its time begins once the person has answered
-      Keep(MakeGrant(session, code));
-      server_.Show("Quillbox is connected. You can close this page.");
+      Keep(MakeGrant(AwaitCode()));
+      server_.Show(SentencePage("Quillbox is connected. You can close this page."));
       return name_;
     } catch (const NoGrant&) {
-      server_.Show("Quillbox is not connected. You can close this page and try again.");
+      server_.Show(
+          SentencePage("Quillbox is not connected. You can close this page and try again."));
       throw;
     }
   }
 
  private:
   void OpenPage(const std::string& email, unsigned fileMask) {
-    const std::string address = ConsentAddress({.Page = addresses_.Consent,
+    const std::string address = ConsentAddress({.Page = TheService().Consent,
                                                 .ClientId = client_.Id,
                                                 .Scope = TheScope(),
                                                 .Redirect = server_.Address(),
@@ -78,56 +76,41 @@ class Authorization {
                                                 .Email = email});
     Tell("Your browser should open. If it doesn't, open this address yourself:\n\n" + address +
          "\n\nWaiting five minutes for your answer there ...");
-    if (!OpenInBrowser(address, fileMask)) Tell("(The browser could not be opened.)");
+    if (OpenInBrowser(address, fileMask)) return;
+    // Who has started us without a terminal shows no address.
+    if (::isatty(STDERR_FILENO) == 0) throw NoGrant{ResultCode::kNoConnection, kNoBrowser};
+    Tell("(The browser could not be opened.)");
   }
 
   std::string AwaitCode() {
-    const auto answer = server_.Await(secrets_.State, kPatience);
-    if (!answer) throw NoGrant{ResultCode::kNoAnswer, "No answer came in five minutes."};
-    if (answer->Code.empty()) {
-      throw NoGrant{ResultCode::kRefused, "Access was not granted (" + Plain(answer->Error) + ")."};
+    const auto query = server_.Await(
+        [this](const QueryFields& fields) {
+          const auto answer = ReadConsent(fields);
+          return answer && answer->State == secrets_.State;
+        },
+        end_);
+    if (!query) throw NoGrant{ResultCode::kNoAnswer, kNoAnswerCame};
+    const ConsentAnswer answer = ReadConsent(*query).value();
+    if (answer.Code.empty()) {
+      throw NoGrant{ResultCode::kRefused, "Access was not granted (" + Plain(answer.Error) + ")."};
     }
-    return answer->Code;
+    return answer.Code;
   }
 
-  Grant MakeGrant(Session& session, const std::string& code) {
-    const ServiceReply reply = AskForToken(
-        session, addresses_.Token, CodeForm(client_, {code, server_.Address(), secrets_.Verifier}));
-    Require(reply.Verdict, addresses_.Token);
-    const auto tokens = ReadTokenAnswer(reply.Body);
-    if (!tokens || tokens->RefreshToken.empty()) {
-      throw NoGrant{ResultCode::kNoAnswer, "The service gave no lasting access."};
-    }
-    if (!HoldsScope(tokens->Scope, TheScope())) {
-      throw NoGrant{ResultCode::kRefused, "Access to the reports was left out of the consent."};
-    }
-    const PublisherAccount account = FindAccount(session, tokens->AccessToken);
+  Grant MakeGrant(const std::string& code) {
+    const ExchangedCode exchanged =
+        ExchangeCode(curl_, client_, {code, server_.Address(), secrets_.Verifier});
+    const PublisherAccount account = OneOf(exchanged.Accounts);
     Tell("Connected to " + account.Name + ".");
-    return {tokens->RefreshToken, client_, account.Name, account.Created};
+    return {exchanged.RefreshToken, client_, account.Name, account.Created};
   }
 
-  PublisherAccount FindAccount(Session& session, const std::string& token) {
-    std::vector<PublisherAccount> accounts;
-    std::string next;
-    for (int pages = 0; pages < kMostPages; ++pages) {
-      const ServiceReply reply = AskWithToken(session, addresses_.Api + AccountsPath(next), token);
-      Require(reply.Verdict, addresses_.Api);
-      auto page = ReadAccountPage(reply.Body);
-      if (!page) throw NoGrant{ResultCode::kNoAnswer, "The list of accounts can't be understood."};
-      for (PublisherAccount& account : page->Accounts) accounts.push_back(std::move(account));
-      next = page->NextPage;
-      if (next.empty()) break;
-    }
-    const PublisherAccount* const chosen = ChooseAccount(accounts);
-    if (chosen == nullptr) {
-      throw NoGrant{ResultCode::kRefused, "This sign-in has no publisher account that is open."};
-    }
+  PublisherAccount OneOf(const std::vector<PublisherAccount>& accounts) {
+    if (accounts.size() == 1) return accounts.front();
+    Tell("There are several publisher accounts. Choose one in the browser ...");
+    const auto chosen = AskForAccount(server_, secrets_.State, accounts, end_);
+    if (!chosen) throw NoGrant{ResultCode::kNoAnswer, kNoAnswerCame};
     return *chosen;
-  }
-
-  void Require(const ServiceVerdict& verdict, const std::string& address) {
-    if (verdict.Code == ResultCode::kSuccess) return;
-    throw NoGrant{verdict.Code, WordsFor(verdict, address)};
   }
 
   void Keep(const Grant& grant) {
@@ -137,8 +120,8 @@ class Authorization {
 
   const CurlLibrary& curl_;
   ClientIdentity client_;
-  ServiceAddresses addresses_ = TheService();
   LoopbackServer server_;
+  LoopbackServer::Clock::time_point end_ = LoopbackServer::Clock::now() + TheLimits().Person;
   ConsentSecrets secrets_;
   std::string name_;
 };

@@ -1,4 +1,4 @@
-// One exchange under way: what has arrived, and whether it still moves.
+// One exchange under way: what has arrived, unpacked, and whether it still moves.
 #pragma once
 
 #include <chrono>
@@ -14,8 +14,13 @@ class BodyCollector {
  public:
   explicit BodyCollector(const Limits& limits);
 
-  // False when the body grows beyond its limit or the memory is out; the exchange ends then.
-  bool Take(std::string_view piece);
+  // So many bytes of the body have arrived, packed or not. False when they are beyond the limit;
+  // the exchange ends then.
+  bool Arrived(std::size_t bytes);
+
+  // False when the unpacked body grows beyond its limit or the memory is out; the exchange ends
+  // then.
+  bool Take(std::string_view unpacked);
 
   // Something moved that is not part of the body.
   void NoteProgress();
@@ -30,6 +35,7 @@ class BodyCollector {
   using Clock = std::chrono::steady_clock;
 
   Limits limits_;
+  std::size_t arrived_ = 0;
   std::string body_;
   long long bytesMoved_ = 0;
   Clock::time_point lastProgress_ = Clock::now();

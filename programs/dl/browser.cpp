@@ -4,9 +4,14 @@
 #include <signal.h>
 #include <spawn.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
+#include <cerrno>
+#include <chrono>
+#include <optional>
 #include <string_view>
+#include <thread>
 #include <vector>
 
 #ifdef __APPLE__
@@ -15,6 +20,11 @@ extern char** environ;
 
 namespace quillbox {
 namespace {
+
+using namespace std::chrono_literals;
+
+constexpr auto kWatching = 2000ms;
+constexpr auto kLookEvery = 10ms;
 
 #ifdef __APPLE__
 constexpr const char* kOpener = "open";
@@ -43,7 +53,7 @@ std::vector<char*> EnvironmentOfBrowser() {
 
 // Our outputs belong to the name of the grant and to our own words, and the browser outlives
 // whoever reads them. What we ignore isn't its matter either.
-bool Spawn(char* const* arguments) {
+std::optional<pid_t> Spawn(char* const* arguments) {
   posix_spawn_file_actions_t actions;
   posix_spawnattr_t attributes;
   ::posix_spawn_file_actions_init(&actions);
@@ -63,7 +73,18 @@ bool Spawn(char* const* arguments) {
                                     EnvironmentOfBrowser().data());
   ::posix_spawnattr_destroy(&attributes);
   ::posix_spawn_file_actions_destroy(&actions);
-  return failed == 0;
+  return failed == 0 ? std::optional(child) : std::nullopt;
+}
+
+bool FailsSoon(pid_t opener) {
+  for (auto waited = 0ms; waited < kWatching; waited += kLookEvery) {
+    int status = 0;
+    const pid_t ended = ::waitpid(opener, &status, WNOHANG);
+    if (ended == opener) return status != 0;
+    if (ended < 0 && errno != EINTR) return false;  // nobody tells how it ended
+    std::this_thread::sleep_for(kLookEvery);
+  }
+  return false;
 }
 
 }  // namespace
@@ -72,9 +93,9 @@ bool OpenInBrowser(const std::string& address, unsigned fileMask) {
   char* const arguments[] = {const_cast<char*>(kOpener), const_cast<char*>(address.c_str()),
                              nullptr};
   const mode_t own = ::umask(static_cast<mode_t>(fileMask));
-  const bool started = Spawn(arguments);
+  const auto opener = Spawn(arguments);
   ::umask(own);
-  return started;
+  return opener && !FailsSoon(*opener);
 }
 
 }  // namespace quillbox

@@ -5,8 +5,9 @@
 
 namespace quillbox {
 
-// Has the desktop open the address; doesn't wait for it. `fileMask`: the mask for files under which
-// the browser shall run. False when the desktop's opener can't be started.
+// Has the desktop open the address. `fileMask`: the mask for files under which the browser shall
+// run. False when the desktop's opener can't be started, or fails within two seconds: it is watched
+// so long and no longer, since it may be the browser itself.
 bool OpenInBrowser(const std::string& address, unsigned fileMask);
 
 }  // namespace quillbox

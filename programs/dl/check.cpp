@@ -1,8 +1,5 @@
 #include "check.h"
 
-#include <termios.h>
-#include <unistd.h>
-
 #include <cstdio>
 #include <optional>
 #include <utility>
@@ -14,6 +11,7 @@
 #include "granted_report.h"
 #include "text/code_page.h"
 #include "text/grant_name.h"
+#include "unseen_prompt.h"
 #include "words.h"
 
 namespace quillbox {
@@ -29,38 +27,6 @@ struct Finding {
   std::string Words;
 };
 
-// While it lives a terminal doesn't show what is typed.
-class Unseen {
- public:
-  Unseen() : terminal_(::tcgetattr(STDIN_FILENO, &before_) == 0) {
-    if (!terminal_) return;
-    termios quiet = before_;
-    quiet.c_lflag &= ~static_cast<tcflag_t>(ECHO);
-    ::tcsetattr(STDIN_FILENO, TCSAFLUSH, &quiet);
-    std::fputs("Password: ", stderr);
-  }
-  ~Unseen() {
-    if (!terminal_) return;
-    ::tcsetattr(STDIN_FILENO, TCSAFLUSH, &before_);
-    std::fputs("\n", stderr);
-  }
-  Unseen(const Unseen&) = delete;
-  Unseen& operator=(const Unseen&) = delete;
-
- private:
-  termios before_{};
-  bool terminal_;
-};
-
-std::string ReadSecret() {
-  const Unseen unseen;
-  std::string secret;
-  for (int c = std::getchar(); c != EOF && c != '\n'; c = std::getchar()) {
-    if (c != '\r') secret += static_cast<char>(c);
-  }
-  return secret;
-}
-
 std::string AnswerInWords(const Grant& grant, const ReportAnswer& answer) {
   std::string words = "\nThe service answered with a report of " +
                       std::to_string((answer.Days.Last - answer.Days.First).count() + 1) +
@@ -75,11 +41,9 @@ Finding CheckGrant(Session& session, const std::string& name) {
   const std::string folder = GrantFolder();
   auto grant = LoadGrant(folder, name);
   if (!grant) return {ResultCode::kRefused, "There is no such grant in " + folder + "."};
-  const ServiceAddresses addresses = TheService();
-  GrantedService service(session, addresses, std::move(*grant),
-                         [&](const Grant& changed) { SaveGrant(folder, name, changed); });
+  GrantedService service(session, TheService(), {folder, name, std::move(*grant)});
   const GrantedReport report = FetchReport(service, ParseWantedReport(kThisMonth).value());
-  std::string words = WordsFor(report.Verdict, addresses.Api);
+  std::string words = WordsFor(report.Verdict, report.Verdict.Asked);
   if (report.Verdict.Code == ResultCode::kSuccess) {
     words += AnswerInWords(service.Granted(), report.Answer);
   } else if (report.Verdict.Code == ResultCode::kRefused) {
@@ -108,7 +72,7 @@ Finding CheckPassword(Session& session, const std::string& email, const std::str
 }
 
 Finding CheckAccount(const std::string& email) {
-  const std::string secret = ReadSecret();
+  const std::string secret = ReadSecret("Password: ");
   const CurlLibrary curl = LoadCurl();
   if (!curl.Loaded()) return {ResultCode::kNoConnection, "libcurl is missing."};
   Session session = OpenSession(curl);

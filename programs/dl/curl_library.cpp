@@ -22,6 +22,7 @@ bool FindAll(void* library, CurlLibrary& curl) {
          Find(library, "curl_easy_setopt", curl.easy_setopt) &&
          Find(library, "curl_easy_perform", curl.easy_perform) &&
          Find(library, "curl_easy_getinfo", curl.easy_getinfo) &&
+         Find(library, "curl_easy_header", curl.easy_header) &&
          Find(library, "curl_easy_reset", curl.easy_reset) &&
          Find(library, "curl_easy_cleanup", curl.easy_cleanup) &&
          Find(library, "curl_easy_init", curl.easy_init);

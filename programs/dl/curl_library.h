@@ -13,6 +13,7 @@ struct CurlLibrary {
   decltype(&::curl_easy_setopt) easy_setopt = nullptr;
   decltype(&::curl_easy_perform) easy_perform = nullptr;
   decltype(&::curl_easy_getinfo) easy_getinfo = nullptr;
+  decltype(&::curl_easy_header) easy_header = nullptr;
   decltype(&::curl_easy_reset) easy_reset = nullptr;
   decltype(&::curl_easy_cleanup) easy_cleanup = nullptr;
 

@@ -2,8 +2,6 @@
 
 #include <cstdlib>
 
-#include "request/limits.h"
-
 namespace quillbox {
 namespace {
 
@@ -23,10 +21,11 @@ std::string AuthorityFile() {
 ServiceAddresses TheService() {
   const std::string host = EnvironmentText("QUILLBOX_API");
   if (host.empty()) {
-    return {QUILLBOX_OAUTH_CONSENT_ADDRESS, QUILLBOX_OAUTH_TOKEN_ADDRESS, QUILLBOX_API_ADDRESS};
+    return {QUILLBOX_OAUTH_CONSENT_ADDRESS, QUILLBOX_OAUTH_TOKEN_ADDRESS,
+            QUILLBOX_OAUTH_REVOKE_ADDRESS, QUILLBOX_API_ADDRESS};
   }
   const std::string base = "https://" + host;
-  return {base + "/authorize", base + "/token", base};
+  return {base + "/authorize", base + "/token", base + "/revoke", base};
 }
 
 std::string TheScope() {
@@ -44,8 +43,12 @@ std::string TheOldServiceHost() {
   return host.empty() ? QUILLBOX_SERVICE_HOST : host;
 }
 
+Limits TheLimits() {
+  return ShortenedLimits(EnvironmentText("QUILLBOX_DL_LIMITS"));
+}
+
 Session OpenSession(const CurlLibrary& curl) {
-  return Session(curl, ShortenedLimits(EnvironmentText("QUILLBOX_DL_LIMITS")), AuthorityFile());
+  return Session(curl, TheLimits(), AuthorityFile());
 }
 
 }  // namespace quillbox

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "api/token_forms.h"
+#include "request/limits.h"
 #include "session.h"
 
 namespace quillbox {
@@ -13,6 +14,7 @@ namespace quillbox {
 struct ServiceAddresses {
   std::string Consent;  // the page on which a person consents
   std::string Token;    // where codes and grants become access tokens
+  std::string Revoke;   // where grants are given back
   std::string Api;      // what "/v2/accounts" is appended to
 };
 
@@ -28,6 +30,9 @@ ClientIdentity TheClient();
 
 // The host to which e-mail and password go: QUILLBOX_SERVICE, else the build's.
 std::string TheOldServiceHost();
+
+// The limits, shortened if QUILLBOX_DL_LIMITS says so.
+Limits TheLimits();
 
 // A conversation within the limits and with the authorities that the environment names. `curl` must
 // be loaded and outlive it.

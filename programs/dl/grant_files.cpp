@@ -20,11 +20,6 @@ std::string Variable(const char* name) {
   return text == nullptr ? "" : text;
 }
 
-// The name's letters alone: a colon has a meaning in file names on some systems.
-std::string PathOf(const std::string& folder, std::string_view name) {
-  return folder + "/" + std::string(name.substr(kGrantNamePrefix.size()));
-}
-
 bool IsForOwnerAlone(int file) {
   struct stat status {};
   return ::fstat(file, &status) == 0 && S_ISREG(status.st_mode) && status.st_uid == ::geteuid() &&
@@ -62,10 +57,15 @@ std::string GrantFolder() {
   return home.starts_with('/') ? home + "/.local/share/Quillbox/grants" : "";
 }
 
+// The name's letters alone: a colon has a meaning in file names on some systems.
+std::string GrantPath(const std::string& folder, std::string_view name) {
+  return folder + "/" + std::string(name.substr(kGrantNamePrefix.size()));
+}
+
 std::optional<Grant> LoadGrant(const std::string& folder, std::string_view name) {
   if (folder.empty() || !IsGrantName(name)) return std::nullopt;
   const int file =
-      ::open(PathOf(folder, name).c_str(), O_RDONLY | O_NOFOLLOW | O_CLOEXEC | O_NONBLOCK);
+      ::open(GrantPath(folder, name).c_str(), O_RDONLY | O_NOFOLLOW | O_CLOEXEC | O_NONBLOCK);
   if (file < 0) return std::nullopt;
   const auto text = IsForOwnerAlone(file) ? ReadAll(file) : std::nullopt;
   ::close(file);
@@ -76,7 +76,12 @@ bool SaveGrant(const std::string& folder, std::string_view name, const Grant& gr
   if (folder.empty() || !IsGrantName(name) || !MakeFolder(folder)) return false;
   // It may have been there before, more open.
   if (::chmod(folder.c_str(), S_IRWXU) != 0) return false;
-  return WriteWholeFile(PathOf(folder, name), GrantText(grant));
+  return WriteWholeFile(GrantPath(folder, name), GrantText(grant));
+}
+
+bool RemoveGrant(const std::string& folder, std::string_view name) {
+  if (folder.empty() || !IsGrantName(name)) return true;
+  return ::unlink(GrantPath(folder, name).c_str()) == 0 || errno == ENOENT || errno == ENOTDIR;
 }
 
 }  // namespace quillbox

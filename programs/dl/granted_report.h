@@ -3,19 +3,14 @@
 
 #include <string>
 
-#include "api/report_answer.h"
-#include "api/service_verdict.h"
 #include "api/wanted_report.h"
 #include "fetch.h"
 #include "granted_service.h"
+#include "report_question.h"
 
 namespace quillbox {
 
-struct GrantedReport {
-  ServiceVerdict Verdict;
-  ReportAnswer Answer;  // has meaning with success alone
-};
-
+// The whole report, in as many answers as it takes.
 GrantedReport FetchReport(GrantedService& service, const WantedReport& report);
 
 // The whole way of a run: `grantName` in, the report that `path` (of an address of old) asks for

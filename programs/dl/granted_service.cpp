@@ -3,35 +3,50 @@
 #include <utility>
 
 #include "api/token_answer.h"
+#include "grant_files.h"
+#include "grant_lock.h"
 
 namespace quillbox {
 
-GrantedService::GrantedService(Session& session, ServiceAddresses addresses, Grant grant,
-                               std::function<void(const Grant&)> keep)
-    : session_(session),
-      addresses_(std::move(addresses)),
-      grant_(std::move(grant)),
-      keep_(std::move(keep)) {}
+GrantedService::GrantedService(Session& session, ServiceAddresses addresses, KeptGrant grant)
+    : session_(session), addresses_(std::move(addresses)), grant_(std::move(grant)) {}
 
 ServiceReply GrantedService::Get(const std::string& path) {
   if (!HasToken()) {
-    const ServiceVerdict verdict = FetchToken();
+    ServiceVerdict verdict = FetchToken();
+    verdict.Asked = addresses_.Token;
     if (verdict.Code != ResultCode::kSuccess) return {verdict, ""};
   }
-  return AskWithToken(session_, addresses_.Api + path, token_);
+  ServiceReply reply = AskWithToken(session_, addresses_.Api + path, token_);
+  reply.Verdict.Asked = addresses_.Api;
+  return reply;
 }
 
+// A service may answer with a new grant and take the old one from everybody, so that one run at a
+// time exchanges it, from the reading of the file to the writing.
 ServiceVerdict GrantedService::FetchToken() {
-  const ServiceReply reply =
-      AskForToken(session_, addresses_.Token, RefreshForm(grant_.Client, grant_.RefreshToken));
-  if (reply.Verdict.Code != ResultCode::kSuccess) return reply.Verdict;
+  const GrantLock lock(grant_.Folder, grant_.Name, session_.TimeLeft() / 2);
+  if (!lock.IsOurs()) return {ResultCode::kNoAnswer, false, ""};
+  auto grant = LoadGrant(grant_.Folder, grant_.Name);
+  if (!grant) return {ResultCode::kRefused, false, ""};
+  grant_.Content = std::move(*grant);
+  return ExchangeGrant();
+}
+
+ServiceVerdict GrantedService::ExchangeGrant() {
+  const ServiceReply reply = AskForToken(session_, addresses_.Token,
+                                         RefreshForm(Granted().Client, Granted().RefreshToken));
+  return reply.Verdict.Code == ResultCode::kSuccess ? Take(reply) : reply.Verdict;
+}
+
+ServiceVerdict GrantedService::Take(const ServiceReply& reply) {
   const auto answer = ReadTokenAnswer(reply.Body);
   if (!answer) return {ResultCode::kNoAnswer, false, "the answer holds no access token"};
   token_ = answer->AccessToken;
   tokenEnd_ = answer->Lifetime ? Clock::now() + *answer->Lifetime : Clock::time_point::max();
-  if (!answer->RefreshToken.empty() && answer->RefreshToken != grant_.RefreshToken) {
-    grant_.RefreshToken = answer->RefreshToken;
-    keep_(grant_);
+  if (!answer->RefreshToken.empty() && answer->RefreshToken != Granted().RefreshToken) {
+    grant_.Content.RefreshToken = answer->RefreshToken;
+    SaveGrant(grant_.Folder, grant_.Name, grant_.Content);
   }
   return reply.Verdict;
 }

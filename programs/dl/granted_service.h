@@ -2,7 +2,6 @@
 #pragma once
 
 #include <chrono>
-#include <functional>
 #include <string>
 
 #include "environment.h"
@@ -12,16 +11,22 @@
 
 namespace quillbox {
 
+// A grant as it was read from its file.
+struct KeptGrant {
+  std::string Folder, Name;
+  Grant Content;
+};
+
 class GrantedService {
  public:
-  // `keep` is called when the service puts another grant in the place of this one.
-  GrantedService(Session& session, ServiceAddresses addresses, Grant grant,
-                 std::function<void(const Grant&)> keep);
+  // The file follows when the service puts another grant in the place of this one.
+  GrantedService(Session& session, ServiceAddresses addresses, KeptGrant grant);
 
-  const Grant& Granted() const { return grant_; }
+  const Grant& Granted() const { return grant_.Content; }
 
   // `path`: "/v2/..." and its query. An access token is fetched first if there is none that still
-  // holds; it stays in memory and goes nowhere but to the service.
+  // holds; it stays in memory and goes nowhere but to the service. The verdict names the address,
+  // of the token endpoint or of the API, that was asked last.
   ServiceReply Get(const std::string& path);
 
  private:
@@ -29,11 +34,12 @@ class GrantedService {
 
   bool HasToken() const { return !token_.empty() && Clock::now() < tokenEnd_; }
   ServiceVerdict FetchToken();
+  ServiceVerdict ExchangeGrant();
+  ServiceVerdict Take(const ServiceReply& reply);
 
   Session& session_;
   ServiceAddresses addresses_;
-  Grant grant_;
-  std::function<void(const Grant&)> keep_;
+  KeptGrant grant_;
   std::string token_;
   Clock::time_point tokenEnd_;  // by a clock that nobody sets
 };

@@ -7,7 +7,10 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <string_view>
 #include <utility>
+
+#include "oauth/browser_pages.h"
 
 namespace quillbox {
 namespace {
@@ -16,24 +19,30 @@ using namespace std::chrono_literals;
 
 constexpr std::size_t kMostVisitors = 16;
 constexpr std::size_t kMostBytes = 16 << 10;
+constexpr std::chrono::duration<int, std::milli> kReading = 1s;  // of the next part of a page
 constexpr auto kVisit = 10s;  // browsers also connect ahead and say nothing
 
-std::string Page(const std::string& status, const std::string& sentence) {
-  const std::string body =
-      "<!DOCTYPE html><html lang=\"en\"><meta charset=\"utf-8\"><title>Quillbox"
-      "</title><body style=\"font-family: sans-serif; margin: 3em\"><p>" +
-      sentence + "</p></body></html>\n";
+std::string Reply(const std::string& status, const std::string& page) {
   return "HTTP/1.1 " + status + "\r\nContent-Type: text/html; charset=utf-8\r\nContent-Length: " +
-         std::to_string(body.size()) +
+         std::to_string(page.size()) +
          "\r\nCache-Control: no-store\r\nReferrer-Policy: no-referrer\r\n"
          "Content-Security-Policy: default-src 'none'; style-src 'unsafe-inline'\r\n"
          "Connection: close\r\n\r\n" +
-         body;
+         page;
 }
 
-// A page is far shorter than what a socket takes at once.
-void SayGoodbye(int socket, const std::string& page) {
-  ::send(socket, page.data(), page.size(), MSG_NOSIGNAL);
+// A long list of accounts is more than a socket takes at once; who doesn't read gets a part of it.
+void SendWhole(int socket, std::string_view bytes) {
+  pollfd writable{socket, POLLOUT, 0};
+  while (!bytes.empty() && ::poll(&writable, 1, kReading.count()) > 0) {
+    const ssize_t sent = ::send(socket, bytes.data(), bytes.size(), MSG_NOSIGNAL);
+    if (sent < 0) return;
+    bytes.remove_prefix(static_cast<std::size_t>(sent));
+  }
+}
+
+void SayGoodbye(int socket, const std::string& reply) {
+  SendWhole(socket, reply);
   ::shutdown(socket, SHUT_WR);
   ::close(socket);
 }
@@ -63,25 +72,23 @@ std::string LoopbackServer::Address() const {
   return "http://127.0.0.1:" + std::to_string(port_) + "/";
 }
 
-std::optional<ConsentAnswer> LoopbackServer::Await(const std::string& state,
-                                                   std::chrono::seconds patience) {
-  const auto end = Clock::now() + patience;
+std::optional<QueryFields> LoopbackServer::Await(const IsWanted& isWanted, Clock::time_point end) {
   while (Clock::now() < end) {
+    std::erase_if(visitors_, [](const Visitor& visitor) { return visitor.Socket < 0; });
     Wait(end);
     Admit();
     for (Visitor& visitor : visitors_) {
-      auto answer = Hear(visitor, state);
-      if (!answer) continue;
+      auto query = Hear(visitor, isWanted);
+      if (!query) continue;
       answered_ = std::exchange(visitor.Socket, -1);
-      return answer;
+      return query;
     }
-    std::erase_if(visitors_, [](const Visitor& visitor) { return visitor.Socket < 0; });
   }
   return std::nullopt;
 }
 
-void LoopbackServer::Show(const std::string& sentence) {
-  if (answered_ >= 0) SayGoodbye(std::exchange(answered_, -1), Page("200 OK", sentence));
+void LoopbackServer::Show(const std::string& page) {
+  if (answered_ >= 0) SayGoodbye(std::exchange(answered_, -1), Reply("200 OK", page));
 }
 
 // Until somebody comes or speaks, at most a second: visits have an end too.
@@ -106,15 +113,16 @@ void LoopbackServer::Admit() {
 }
 
 // Sends the visitor away once it is clear that it isn't the one.
-std::optional<ConsentAnswer> LoopbackServer::Hear(Visitor& visitor, const std::string& state) {
+std::optional<QueryFields> LoopbackServer::Hear(Visitor& visitor, const IsWanted& isWanted) {
   char piece[4096];
   const ssize_t got = ::recv(visitor.Socket, piece, sizeof piece, 0);
   if (got > 0) visitor.Received.append(piece, static_cast<std::size_t>(got));
   if (IsWholeHead(visitor.Received)) {
-    auto answer = ReadRedirect(visitor.Received);
-    if (answer && answer->State == state) return answer;
-    SayGoodbye(std::exchange(visitor.Socket, -1),
-               Page("404 Not Found", "This is not the answer that Quillbox waits for."));
+    auto query = ReadPageRequest(visitor.Received);
+    if (query && isWanted(*query)) return query;
+    SayGoodbye(
+        std::exchange(visitor.Socket, -1),
+        Reply("404 Not Found", SentencePage("This is not the answer that Quillbox waits for.")));
     return std::nullopt;
   }
   const bool silent = got < 0 && (errno == EAGAIN || errno == EWOULDBLOCK || errno == EINTR);

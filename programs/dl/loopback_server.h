@@ -1,18 +1,22 @@
-// The small server to which the browser brings the answer of the consent page.
+// The small server to which the browser brings a person's answers.
 #pragma once
 
 #include <chrono>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
 
-#include "oauth/redirect_request.h"
+#include "oauth/page_request.h"
 
 namespace quillbox {
 
-// On a free port of 127.0.0.1, for one answer.
+// On a free port of 127.0.0.1, for one answer after the other.
 class LoopbackServer {
  public:
+  using Clock = std::chrono::steady_clock;
+  using IsWanted = std::function<bool(const QueryFields&)>;
+
   LoopbackServer();
   ~LoopbackServer();
   LoopbackServer(const LoopbackServer&) = delete;
@@ -24,15 +28,14 @@ class LoopbackServer {
   // "http://127.0.0.1:PORT/"
   std::string Address() const;
 
-  // The answer that carries `state`; all other requests are sent away. Nothing once the time is up.
-  std::optional<ConsentAnswer> Await(const std::string& state, std::chrono::seconds patience);
+  // The first query of "/" that is wanted; all other requests are sent away with a 404. Nothing
+  // once the time is up.
+  std::optional<QueryFields> Await(const IsWanted& isWanted, Clock::time_point end);
 
-  // What the browser shows for the answer that Await gave: a sentence in HTML.
-  void Show(const std::string& sentence);
+  // What the browser shows for what Await gave: HTML. To be called before the next Await.
+  void Show(const std::string& page);
 
  private:
-  using Clock = std::chrono::steady_clock;
-
   struct Visitor {
     int Socket;
     std::string Received;
@@ -41,7 +44,7 @@ class LoopbackServer {
 
   void Wait(Clock::time_point end);
   void Admit();
-  std::optional<ConsentAnswer> Hear(Visitor& visitor, const std::string& state);
+  std::optional<QueryFields> Hear(Visitor& visitor, const IsWanted& isWanted);
 
   int listener_ = -1;
   int port_ = 0;

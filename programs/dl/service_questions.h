@@ -10,11 +10,11 @@ namespace quillbox {
 
 struct ServiceReply {
   ServiceVerdict Verdict;
-  std::string Body;  // has meaning with success alone
+  std::string Body;  // as it came, also that of a fault
 };
 
-// POST of a form to the token endpoint. Its words are short: no sentence of the service's that
-// might repeat what the form holds.
+// POST of a form to the token endpoint or to the one that takes grants back. Its words are short:
+// no sentence of the service's that might repeat what the form holds.
 ServiceReply AskForToken(Session& session, const std::string& address, const std::string& form);
 
 // GET of something for which an access token is needed. No redirect is followed.

@@ -1,32 +1,61 @@
 #include "session.h"
 
 #include <algorithm>
+#include <new>
+#include <optional>
 
 #include "body_collector.h"
+#include "curl_headers.h"
 #include "curl_outcome.h"
+#include "unpack/unpacker.h"
 
 namespace quillbox {
 namespace {
 
 constexpr long kMostRedirects = 10;
 
-std::size_t TakeBody(char* data, std::size_t, std::size_t size, void* collector) {
-  return static_cast<BodyCollector*>(collector)->Take({data, size}) ? size : 0;
+// What libcurl's callbacks work on.
+struct Exchange {
+  const CurlLibrary& Curl;
+  CURL* Handle;
+  const ZlibLibrary& Zlib;
+  BodyCollector Collector;
+  std::optional<Unpacker> Unpacking = {};  // once the body begins
+
+  bool Take(std::string_view piece) {
+    if (!Unpacking) Unpacking.emplace(Zlib, CodingOfBody(Curl, Handle));
+    return Collector.Arrived(piece.size()) &&
+           Unpacking->Take(piece, [this](auto unpacked) { return Collector.Take(unpacked); });
+  }
+  bool Whole() const { return !Unpacking || Unpacking->Whole(); }
+};
+
+Exchange& ExchangeOf(void* data) {
+  return *static_cast<Exchange*>(data);
 }
 
-std::size_t TakeHeader(char*, std::size_t, std::size_t size, void* collector) {
-  static_cast<BodyCollector*>(collector)->NoteProgress();
+std::size_t TakeBody(char* data, std::size_t, std::size_t size, void* exchange) {
+  try {
+    return ExchangeOf(exchange).Take({data, size}) ? size : CURL_WRITEFUNC_ERROR;
+  } catch (const std::bad_alloc&) {  // must not pass through libcurl
+    return CURL_WRITEFUNC_ERROR;
+  }
+}
+
+std::size_t TakeHeader(char*, std::size_t, std::size_t size, void* exchange) {
+  ExchangeOf(exchange).Collector.NoteProgress();
   return size;
 }
 
-int Watch(void* collector, curl_off_t, curl_off_t received, curl_off_t, curl_off_t sent) {
-  return static_cast<BodyCollector*>(collector)->StandsStill(received + sent) ? 1 : 0;
+int Watch(void* exchange, curl_off_t, curl_off_t received, curl_off_t, curl_off_t sent) {
+  return ExchangeOf(exchange).Collector.StandsStill(received + sent) ? 1 : 0;
 }
 
 }  // namespace
 
 Session::Session(const CurlLibrary& curl, const Limits& limits, std::string authorityFile)
     : curl_(curl),
+      zlib_(LoadZlib()),
       limits_(limits),
       authorityFile_(std::move(authorityFile)),
       end_(std::chrono::steady_clock::now() + limits.Total),
@@ -78,12 +107,20 @@ void Session::SetTimes() {
   Set(CURLOPT_QUICK_EXIT, 1L);
 }
 
+// Keeps cookies and connections. The reset would forget the list of cookie files without freeing it.
+void Session::StartAfresh() {
+  if (handle_ == nullptr) return;
+  Set(CURLOPT_COOKIEFILE, static_cast<const char*>(nullptr));
+  curl_.easy_reset(handle_);
+}
+
 void Session::SetCommon(const std::string& address) {
-  // Keeps cookies and connections.
-  if (handle_ != nullptr) curl_.easy_reset(handle_);
+  StartAfresh();
   Set(CURLOPT_URL, address.c_str());
   Set(CURLOPT_COOKIEFILE, "");
-  Set(CURLOPT_ACCEPT_ENCODING, "");
+  // libcurl's own unpacking doesn't notice a packed body that ends too early.
+  if (zlib_.Loaded()) Set(CURLOPT_ACCEPT_ENCODING, "gzip, deflate");
+  Set(CURLOPT_HTTP_CONTENT_DECODING, 0L);
   Set(CURLOPT_USERAGENT, "Quillbox");
   SetSecurity();
   SetTimes();
@@ -116,19 +153,22 @@ Answer Session::GetWithToken(const std::string& address, const std::string& toke
 }
 
 Answer Session::Perform() {
-  BodyCollector collector(limits_);
+  Exchange exchange{curl_, handle_, zlib_, BodyCollector(limits_)};
   Set(CURLOPT_WRITEFUNCTION, &TakeBody);
-  Set(CURLOPT_WRITEDATA, static_cast<void*>(&collector));
+  Set(CURLOPT_WRITEDATA, static_cast<void*>(&exchange));
   Set(CURLOPT_HEADERFUNCTION, &TakeHeader);
-  Set(CURLOPT_HEADERDATA, static_cast<void*>(&collector));
+  Set(CURLOPT_HEADERDATA, static_cast<void*>(&exchange));
   Set(CURLOPT_XFERINFOFUNCTION, &Watch);
-  Set(CURLOPT_XFERINFODATA, static_cast<void*>(&collector));
+  Set(CURLOPT_XFERINFODATA, static_cast<void*>(&exchange));
   Set(CURLOPT_NOPROGRESS, 0L);
   Answer answer;
   answer.Outcome = Transfer::kNotSecure;
   if (!usable_) return answer;
   answer = Outcome(curl_.easy_perform(handle_));
-  answer.Body = collector.TakeBody();
+  if (answer.Outcome == Transfer::kComplete && !exchange.Whole()) {
+    answer.Outcome = Transfer::kNoAnswer;
+  }
+  answer.Body = exchange.Collector.TakeBody();
   return answer;
 }
 

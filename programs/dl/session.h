@@ -7,6 +7,7 @@
 #include "curl_library.h"
 #include "request/answer.h"
 #include "request/limits.h"
+#include "unpack/zlib_library.h"
 
 namespace quillbox {
 
@@ -14,7 +15,8 @@ enum class Allowed { kHttpsAlone, kHttpToo };
 
 // Certificates are always verified, TLS is 1.2 or later, redirects are followed within https alone,
 // and no user name or password is taken from or sent to anywhere by itself. The proxy is the one
-// that the environment names in libcurl's variables.
+// that the environment names in libcurl's variables. Bodies come unpacked; packed ones are asked
+// for when zlib can be loaded.
 class Session {
  public:
   // `authorityFile`: certificates (PEM) to trust in the place of the system's; empty for the
@@ -41,6 +43,7 @@ class Session {
  private:
   template <typename Value>
   void Set(CURLoption option, Value value);
+  void StartAfresh();
   void SetCommon(const std::string& address);
   void SetSecurity();
   void SetTimes();
@@ -51,6 +54,7 @@ class Session {
   Number Figure(CURLINFO what) const;
 
   const CurlLibrary& curl_;
+  ZlibLibrary zlib_;
   Limits limits_;
   std::string authorityFile_;
   std::chrono::steady_clock::time_point end_;

@@ -29,12 +29,13 @@ Json ToJson(const Publisher& publisher) {
 
 }  // namespace
 
-Publishers::Publishers(const std::set<std::string>& emails, std::size_t perEmail) {
+Publishers::Publishers(const std::set<std::string>& emails, std::size_t perEmail,
+                       std::size_t ready) {
   for (const std::string& email : emails) {
     for (std::size_t i = 1; i <= perEmail; ++i) {
       const std::string number = std::to_string(all_.size() + 1);
       all_.push_back(
-          {"pub-" + std::string(16 - number.size(), '0') + number, email, i == perEmail});
+          {"pub-" + std::string(16 - number.size(), '0') + number, email, i + ready > perEmail});
     }
   }
 }

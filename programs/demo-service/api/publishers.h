@@ -17,8 +17,8 @@ struct Publisher {
 
 class Publishers {
  public:
-  // `perEmail`: how many each has, 1 or more; the last is the one that is ready.
-  Publishers(const std::set<std::string>& emails, std::size_t perEmail);
+  // `perEmail`: how many each has, 1 or more; the last `ready` of them are ready.
+  Publishers(const std::set<std::string>& emails, std::size_t perEmail, std::size_t ready = 1);
 
   std::vector<Publisher> Of(const std::string& email) const;
   std::optional<Publisher> Find(const std::string& id) const;

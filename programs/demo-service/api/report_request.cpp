@@ -61,7 +61,7 @@ std::size_t ParseLimit(const std::string& text) {
   std::size_t limit = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), limit);
   const bool whole = error == std::errc() && end == text.data() + text.size();
-  if (!whole || limit < 1 || limit > 100'000)
+  if (!whole || limit < 1 || limit > kMostRows)
     throw BadReportRequest("limit is not a fitting number");
   return limit;
 }

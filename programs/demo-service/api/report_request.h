@@ -23,13 +23,15 @@ struct ReportOrder {
   bool Descending;
 };
 
+inline constexpr std::size_t kMostRows = 100'000;
+
 struct ReportRequest {
   std::chrono::sys_days First, Last;
   std::vector<const Dimension*> Dimensions;
   std::vector<const Metric*> Metrics;
   std::vector<ReportFilter> Filters;
   std::vector<ReportOrder> Orders;
-  std::size_t Limit = 100'000;
+  std::size_t Limit = kMostRows;
   std::string Currency;  // empty: the account's
 };
 

@@ -1,6 +1,7 @@
 #include "oauth/grants.h"
 
 #include <random>
+#include <utility>
 
 namespace quillbox {
 namespace {
@@ -18,8 +19,9 @@ std::string NewName(const std::string& kind) {
 
 }  // namespace
 
-Grants::Grants(const std::map<std::string, std::string>& grants, std::chrono::seconds tokenLife)
-    : tokenLife_(tokenLife) {
+Grants::Grants(const std::map<std::string, std::string>& grants, std::chrono::seconds tokenLife,
+               OnRefresh onRefresh)
+    : tokenLife_(tokenLife), onRefresh_(onRefresh) {
   for (const auto& [token, email] : grants) grants_[token] = {email, "adsense.readonly"};
 }
 
@@ -51,7 +53,22 @@ std::optional<Tokens> Grants::Redeem(const std::string& code, const std::string&
 
 std::optional<Tokens> Grants::Refresh(const std::string& grant) {
   const std::lock_guard lock(mutex_);
-  return grants_.contains(grant) ? std::optional(NewAccess(grant)) : std::nullopt;
+  if (!grants_.contains(grant)) return std::nullopt;
+  return NewAccess(onRefresh_ == OnRefresh::kNewGrant ? Replace(grant) : grant);
+}
+
+std::string Grants::Replace(const std::string& grant) {
+  auto node = grants_.extract(grant);
+  std::string name = NewName("grant-");
+  node.key() = name;
+  grants_.insert(std::move(node));
+  for (auto& [token, access] : access_) {
+    if (access.Grant == grant) access.Grant = name;
+  }
+  for (auto& [text, code] : codes_) {
+    if (code.Grant == grant) code.Grant = name;
+  }
+  return name;
 }
 
 Tokens Grants::NewAccess(const std::string& grant) {

@@ -17,13 +17,16 @@ struct Tokens {
   std::string Scope;
 };
 
+enum class OnRefresh { kKeepGrant, kNewGrant };
+
 class Grants {
  public:
   using Clock = std::chrono::steady_clock;
 
   // `grants`: refresh tokens that hold from the start, and whose they are. `tokenLife`: how long an
   // access token holds.
-  Grants(const std::map<std::string, std::string>& grants, std::chrono::seconds tokenLife);
+  Grants(const std::map<std::string, std::string>& grants, std::chrono::seconds tokenLife,
+         OnRefresh onRefresh = OnRefresh::kKeepGrant);
 
   // A new code by which `email` allows what was wished for. Holds once and for ten minutes.
   std::string NewCode(const std::string& email, const Authorization& wish);
@@ -33,7 +36,8 @@ class Grants {
   std::optional<Tokens> Redeem(const std::string& code, const std::string& redirectUri,
                                const std::string& verifier);
 
-  // A new access token; nothing for a grant that isn't there.
+  // A new access token; nothing for a grant that isn't there. With kNewGrant a new grant takes the
+  // place of this one, which holds no more; its access tokens stay.
   std::optional<Tokens> Refresh(const std::string& grant);
 
   // The e-mail address behind an access token that holds, empty without one.
@@ -65,8 +69,10 @@ class Grants {
 
   Tokens NewAccess(const std::string& grant);
   bool TakeAway(const std::string& grant);
+  std::string Replace(const std::string& grant);
 
   const std::chrono::seconds tokenLife_;
+  const OnRefresh onRefresh_;
   mutable std::mutex mutex_;
   std::map<std::string, Code> codes_;
   std::map<std::string, Grant> grants_;

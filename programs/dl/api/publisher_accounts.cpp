@@ -1,6 +1,7 @@
 #include "api/publisher_accounts.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include "api/day_range.h"
 #include "api/json.h"
@@ -34,7 +35,7 @@ std::optional<AccountPage> ReadAccountPage(std::string_view json) {
   for (const Json& account : *accounts) {
     std::string name = TextMember(account, "name");
     if (!IsAccountName(name)) continue;
-    page.Accounts.push_back({name, TextMember(account, "state"),
+    page.Accounts.push_back({name, TextMember(account, "displayName"), TextMember(account, "state"),
                              ParseDay(TextMember(account, "createTime").substr(0, 10))});
   }
   return page;
@@ -48,12 +49,14 @@ std::string ReportPath(const std::string& account, const std::string& query) {
   return "/v2/" + account + "/reports:generate?" + query;
 }
 
-const PublisherAccount* ChooseAccount(std::span<const PublisherAccount> accounts) {
+std::vector<PublisherAccount> OpenAccounts(std::span<const PublisherAccount> accounts) {
+  std::vector<PublisherAccount> open;
   for (const char* const state : {"READY", "NEEDS_ATTENTION"}) {
-    const auto found = std::ranges::find(accounts, state, &PublisherAccount::State);
-    if (found != accounts.end()) return &*found;
+    std::ranges::copy_if(accounts, std::back_inserter(open),
+                         [&](const PublisherAccount& account) { return account.State == state; });
+    if (!open.empty()) break;
   }
-  return nullptr;
+  return open;
 }
 
 }  // namespace quillbox

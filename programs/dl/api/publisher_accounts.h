@@ -12,6 +12,7 @@ namespace quillbox {
 
 struct PublisherAccount {
   std::string Name;   // "accounts/pub-1234", fit to stand in an address
+  std::string Title;  // for people, UTF-8; may be empty
   std::string State;  // "READY", "NEEDS_ATTENTION", "CLOSED"
   std::optional<std::chrono::sys_days> Created;
 };
@@ -33,7 +34,7 @@ std::string ReportPath(const std::string& account, const std::string& query);
 // "accounts/" and letters, digits, "-", "_" alone.
 bool IsAccountName(std::string_view name);
 
-// The first that is ready; without one the first that only needs attention. Null for none.
-const PublisherAccount* ChooseAccount(std::span<const PublisherAccount> accounts);
+// Those that are ready; without any those that only need attention. May be empty.
+std::vector<PublisherAccount> OpenAccounts(std::span<const PublisherAccount> accounts);
 
 }  // namespace quillbox

@@ -141,8 +141,9 @@ bool ReadFiguresOf(const Json& document, const WantedReport& report, ReportAnswe
   const Json::array_t* const rows = ArrayMember(document, "rows");
   const Json::array_t* const headers = ArrayMember(document, "headers");
   const std::size_t count = rows == nullptr ? 0 : rows->size();
-  const auto matched = NumberMember(document, "totalMatchedRows");
-  if (matched && *matched > static_cast<long long>(count)) return false;
+  const long long matched = NumberMember(document, "totalMatchedRows").value_or(0);
+  if (count == 0 && matched > 0) return false;
+  answer.Matched = std::max(count, static_cast<std::size_t>(std::max(matched, 0LL)));
   if (headers == nullptr) return count == 0;
   const auto places = PlacesOf(*headers, report);
   if (!places) return false;

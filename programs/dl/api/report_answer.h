@@ -2,6 +2,7 @@
 #pragma once
 
 #include <chrono>
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -31,12 +32,15 @@ struct ReportAnswer {
   std::vector<ReportLine> Lines;  // by day; days and channels without figures have none
   ReportFigures Totals;
   ReportFigures Averages;
+  std::size_t Matched = 0;            // lines that the service has; an answer can be cut short
   std::string Currency;               // "USD"; empty when the answer doesn't say
   std::vector<std::string> Warnings;  // UTF-8, in English
+
+  bool IsWhole() const { return Matched <= Lines.size(); }
 };
 
-// Nothing when the text isn't such an answer to the question for `report`, when it holds less than
-// all lines, or when a line lies outside of its days or comes twice.
+// Nothing when the text isn't such an answer to the question for `report`, when it holds none of
+// the lines that the service has, or when a line lies outside of its days or comes twice.
 std::optional<ReportAnswer> ReadReportAnswer(std::string_view json, const WantedReport& report);
 
 // The days alone, of an answer to any query.

@@ -23,30 +23,23 @@ void AddDay(std::string& query, const std::string& key, sys_days day) {
   Add(query, key + ".day", std::to_string(static_cast<unsigned>(date.day())));
 }
 
-void AddRange(std::string& query, WantedRange range, const DayRange& days) {
-  if (NeedsToday(range)) {
-    Add(query, "dateRange", "CUSTOM");
-    AddDay(query, "startDate", days.First);
-    AddDay(query, "endDate", days.Last);
-  } else {
-    Add(query, "dateRange", range == WantedRange::kLast7Days ? "LAST_7_DAYS" : "MONTH_TO_DATE");
-  }
-  Add(query, "reportingTimeZone", "ACCOUNT_TIME_ZONE");
-}
-
-}  // namespace
-
-std::string TodayQuery() {
+std::string NamedRange(WantedRange range) {
   std::string query;
-  Add(query, "dateRange", "TODAY");
-  Add(query, "reportingTimeZone", "ACCOUNT_TIME_ZONE");
-  Add(query, "metrics", kClicksColumn);
+  Add(query, "dateRange", range == WantedRange::kLast7Days ? "LAST_7_DAYS" : "MONTH_TO_DATE");
   return query;
 }
 
-std::string ReportQuery(const WantedReport& report, const DayRange& days) {
+std::string CustomRange(const DayRange& days) {
   std::string query;
-  AddRange(query, report.Range, days);
+  Add(query, "dateRange", "CUSTOM");
+  AddDay(query, "startDate", days.First);
+  AddDay(query, "endDate", days.Last);
+  return query;
+}
+
+// `query`: begun with the range.
+std::string QueryFrom(std::string query, const WantedReport& report) {
+  Add(query, "reportingTimeZone", "ACCOUNT_TIME_ZONE");
   if (report.Product == WantedProduct::kReferrals) {
     Add(query, "metrics", kClicksColumn);
     return query;
@@ -62,6 +55,25 @@ std::string ReportQuery(const WantedReport& report, const DayRange& days) {
   Add(query, "filters", search ? "PRODUCT_CODE==AFS" : "PRODUCT_CODE==AFC");
   Add(query, "orderBy", kDayColumn);
   return query;
+}
+
+}  // namespace
+
+std::string TodayQuery() {
+  std::string query;
+  Add(query, "dateRange", "TODAY");
+  Add(query, "reportingTimeZone", "ACCOUNT_TIME_ZONE");
+  Add(query, "metrics", kClicksColumn);
+  return query;
+}
+
+std::string ReportQuery(const WantedReport& report, const DayRange& days) {
+  return NeedsToday(report.Range) ? PartQuery(report, days)
+                                  : QueryFrom(NamedRange(report.Range), report);
+}
+
+std::string PartQuery(const WantedReport& report, const DayRange& days) {
+  return QueryFrom(CustomRange(days), report);
 }
 
 }  // namespace quillbox

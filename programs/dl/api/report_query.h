@@ -16,4 +16,7 @@ std::string TodayQuery();
 // referrals, which the service no longer has, asks only which days the range has.
 std::string ReportQuery(const WantedReport& report, const DayRange& days);
 
+// The same for some days of the range alone.
+std::string PartQuery(const WantedReport& report, const DayRange& days);
+
 }  // namespace quillbox

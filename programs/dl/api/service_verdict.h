@@ -13,6 +13,8 @@ struct ServiceVerdict {
   // What the service says of a refusal or fault, for people (UTF-8): "429 RESOURCE_EXHAUSTED:
   // ...". It may repeat what it was sent. Empty for success and failed transfers.
   std::string Words;
+  // The address that was asked, without its query; empty where that is not known.
+  std::string Asked = {};
 };
 
 // Reads both forms of errors, {"error": "invalid_grant", ...} of the token endpoint and

@@ -37,4 +37,9 @@ bool HoldsScope(std::string_view scope, std::string_view wanted) {
   return std::ranges::find(granted, wanted) != granted.end();
 }
 
+bool SaysTokenIsGone(std::string_view json) {
+  const auto document = ParseObject(json);
+  return document && TextMember(*document, "error") == "invalid_token";
+}
+
 }  // namespace quillbox

@@ -21,4 +21,8 @@ std::optional<TokenAnswer> ReadTokenAnswer(std::string_view json);
 // Whether `scope`, a list as in TokenAnswer, holds `wanted`. An empty list holds everything.
 bool HoldsScope(std::string_view scope, std::string_view wanted);
 
+// Whether an answer that is no success says that the token isn't good any more: revoked or expired
+// ("invalid_token").
+bool SaysTokenIsGone(std::string_view json);
+
 }  // namespace quillbox

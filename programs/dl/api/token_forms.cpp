@@ -18,6 +18,10 @@ std::string RefreshForm(const ClientIdentity& client, const std::string& refresh
          ClientFields(client);
 }
 
+std::string RevokeForm(const std::string& refreshToken) {
+  return "token=" + PercentEncode(refreshToken);
+}
+
 std::string CodeForm(const ClientIdentity& client, const ConsentCode& consent) {
   return "grant_type=authorization_code&code=" + PercentEncode(consent.Code) +
          "&redirect_uri=" + PercentEncode(consent.Redirect) +

@@ -1,4 +1,4 @@
-// The forms that go to the token endpoint.
+// The forms that go to the endpoints for tokens.
 #pragma once
 
 #include <string>
@@ -13,6 +13,9 @@ struct ClientIdentity {
 
 // A fresh access token for a grant.
 std::string RefreshForm(const ClientIdentity& client, const std::string& refreshToken);
+
+// The end of a grant, and of its access tokens.
+std::string RevokeForm(const std::string& refreshToken);
 
 struct ConsentCode {
   std::string Code;

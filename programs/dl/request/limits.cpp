@@ -25,14 +25,18 @@ bool TakeComma(std::string_view& in) {
 
 Limits ShortenedLimits(std::string_view text) {
   const Limits whole;
-  const auto connect = TakeNumber(text);
-  if (!connect || !TakeComma(text)) return whole;
-  const auto idle = TakeNumber(text);
-  if (!idle || !TakeComma(text)) return whole;
-  const auto total = TakeNumber(text);
-  if (!total || !text.empty()) return whole;
-  return {std::min(*connect, whole.Connect), std::min(*idle, whole.Idle),
-          std::min(*total, whole.Total), whole.BodyBytes};
+  Limits shortened;
+  int numbers = 0;
+  for (auto* const limit :
+       {&shortened.Connect, &shortened.Idle, &shortened.Total, &shortened.Person}) {
+    if (numbers == 3 && text.empty()) break;
+    if (numbers > 0 && !TakeComma(text)) return whole;
+    const auto number = TakeNumber(text);
+    if (!number) return whole;
+    *limit = std::min(*limit, *number);
+    ++numbers;
+  }
+  return text.empty() ? shortened : whole;
 }
 
 }  // namespace quillbox

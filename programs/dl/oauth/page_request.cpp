@@ -1,4 +1,4 @@
-#include "oauth/redirect_request.h"
+#include "oauth/page_request.h"
 
 #include "text/text_list.h"
 
@@ -27,7 +27,7 @@ std::string DecodeValue(std::string_view value) {
   return text;
 }
 
-// "/?code=..." of "GET /?code=... HTTP/1.1".
+// "code=..." of "GET /?code=... HTTP/1.1".
 std::optional<std::string_view> QueryOf(std::string_view head) {
   constexpr std::string_view kBeginning = "GET /?";
   const std::string_view line = head.substr(0, head.find_first_of("\r\n"));
@@ -39,25 +39,25 @@ std::optional<std::string_view> QueryOf(std::string_view head) {
 
 }  // namespace
 
+std::string FieldOf(const QueryFields& fields, const std::string& name) {
+  const auto field = fields.find(name);
+  return field == fields.end() ? "" : field->second;
+}
+
 bool IsWholeHead(std::string_view received) {
   return received.find("\r\n\r\n") != std::string_view::npos;
 }
 
-std::optional<ConsentAnswer> ReadRedirect(std::string_view head) {
+std::optional<QueryFields> ReadPageRequest(std::string_view head) {
   const auto query = QueryOf(head);
   if (!query) return std::nullopt;
-  ConsentAnswer answer;
+  QueryFields fields;
   for (const std::string& field : SplitText(*query, "&")) {
     const std::size_t cut = field.find('=');
     if (cut == std::string::npos) continue;
-    const std::string key = field.substr(0, cut);
-    const std::string value = DecodeValue(std::string_view(field).substr(cut + 1));
-    if (key == "state") answer.State = value;
-    if (key == "code") answer.Code = value;
-    if (key == "error") answer.Error = value;
+    fields[field.substr(0, cut)] = DecodeValue(std::string_view(field).substr(cut + 1));
   }
-  const bool whole = !answer.State.empty() && answer.Code.empty() != answer.Error.empty();
-  return whole ? std::optional(answer) : std::nullopt;
+  return fields;
 }
 
 }  // namespace quillbox

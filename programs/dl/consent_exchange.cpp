@@ -1,0 +1,66 @@
+#include "consent_exchange.h"
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+#include "api/token_answer.h"
+#include "environment.h"
+#include "no_grant.h"
+#include "service_questions.h"
+#include "words.h"
+
+namespace quillbox {
+namespace {
+
+constexpr int kMostPages = 100;  // of accounts
+
+void Require(const ServiceVerdict& verdict, const std::string& address) {
+  if (verdict.Code == ResultCode::kSuccess) return;
+  throw NoGrant{verdict.Code, WordsFor(verdict, address)};
+}
+
+TokenAnswer FetchTokens(Session& session, const std::string& address, const std::string& form) {
+  const ServiceReply reply = AskForToken(session, address, form);
+  Require(reply.Verdict, address);
+  auto tokens = ReadTokenAnswer(reply.Body);
+  if (!tokens || tokens->RefreshToken.empty()) {
+    throw NoGrant{ResultCode::kNoAnswer, "The service gave no lasting access."};
+  }
+  if (!HoldsScope(tokens->Scope, TheScope())) {
+    throw NoGrant{ResultCode::kRefused, "Access to the reports was left out of the consent."};
+  }
+  return std::move(*tokens);
+}
+
+std::vector<PublisherAccount> FetchAccounts(Session& session, const std::string& api,
+                                            const std::string& token) {
+  std::vector<PublisherAccount> accounts;
+  std::string next;
+  for (int pages = 0; pages < kMostPages; ++pages) {
+    const ServiceReply reply = AskWithToken(session, api + AccountsPath(next), token);
+    Require(reply.Verdict, api);
+    auto page = ReadAccountPage(reply.Body);
+    if (!page) throw NoGrant{ResultCode::kNoAnswer, "The list of accounts can't be understood."};
+    std::ranges::move(page->Accounts, std::back_inserter(accounts));
+    next = page->NextPage;
+    if (next.empty()) break;
+  }
+  return accounts;
+}
+
+}  // namespace
+
+ExchangedCode ExchangeCode(const CurlLibrary& curl, const ClientIdentity& client,
+                           const ConsentCode& consent) {
+  const ServiceAddresses addresses = TheService();
+  Session session = OpenSession(curl);
+  const TokenAnswer tokens = FetchTokens(session, addresses.Token, CodeForm(client, consent));
+  auto accounts = OpenAccounts(FetchAccounts(session, addresses.Api, tokens.AccessToken));
+  if (accounts.empty()) {
+    throw NoGrant{ResultCode::kRefused, "This sign-in has no publisher account that is open."};
+  }
+  return {tokens.RefreshToken, std::move(accounts)};
+}
+
+}  // namespace quillbox

@@ -1,0 +1,34 @@
+#include "curl_headers.h"
+
+#include <optional>
+#include <string>
+
+namespace quillbox {
+namespace {
+
+constexpr int kLastAnswer = -1;
+
+// All values of a header, joined by commas; nothing when libcurl can't tell.
+std::optional<std::string> Values(const CurlLibrary& curl, CURL* handle, const char* name) {
+  std::string values;
+  std::size_t amount = 1;
+  for (std::size_t i = 0; i < amount; ++i) {
+    curl_header* header = nullptr;
+    const CURLHcode found = curl.easy_header(handle, name, i, CURLH_HEADER, kLastAnswer, &header);
+    if (found == CURLHE_MISSING || found == CURLHE_NOHEADERS) return values;
+    if (found != CURLHE_OK) return std::nullopt;
+    values.append(header->value).append(",");
+    amount = header->amount;
+  }
+  return values;
+}
+
+}  // namespace
+
+ContentCoding CodingOfBody(const CurlLibrary& curl, CURL* handle) {
+  const auto content = Values(curl, handle, "Content-Encoding");
+  const auto transfer = Values(curl, handle, "Transfer-Encoding");
+  return content && transfer ? ReadContentCoding(*content, *transfer) : ContentCoding::kUnknown;
+}
+
+}  // namespace quillbox

@@ -1,0 +1,95 @@
+#include "revoke.h"
+
+#include <cstdio>
+#include <optional>
+#include <string>
+
+#include "api/token_answer.h"
+#include "api/token_forms.h"
+#include "environment.h"
+#include "grant_files.h"
+#include "grant_lock.h"
+#include "service_questions.h"
+#include "text/grant_name.h"
+#include "unseen_prompt.h"
+#include "words.h"
+
+namespace quillbox {
+namespace {
+
+struct Outcome {
+  ResultCode Code;
+  std::string Words;
+};
+
+// Nobody signs in here, so that a refusal has other words.
+std::string Reason(const ServiceVerdict& verdict, const std::string& address) {
+  if (verdict.Code != ResultCode::kRefused) return WordsFor(verdict, address);
+  return "The service refused: " + Plain(verdict.Words) + ".";
+}
+
+Outcome TakeAway(const Grant& grant) {
+  const CurlLibrary curl = LoadCurl();
+  if (!curl.Loaded()) return {ResultCode::kNoConnection, "libcurl is missing."};
+  Session session = OpenSession(curl);
+  const std::string address = TheService().Revoke;
+  const ServiceReply reply = AskForToken(session, address, RevokeForm(grant.RefreshToken));
+  if (reply.Verdict.Code == ResultCode::kSuccess) return {ResultCode::kSuccess, ""};
+  if (SaysTokenIsGone(reply.Body)) return {ResultCode::kSuccess, ""};
+  return {reply.Verdict.Code, Reason(reply.Verdict, address)};
+}
+
+// Without an answer the service may have done it or not.
+std::string WordsOnFailure(const Outcome& atService) {
+  const std::string stands =
+      atService.Code == ResultCode::kNoAnswer ? "may still stand" : "still stands";
+  return " its access " + stands +
+         " at the service: take it away there, where your account lists the programs that may "
+         "read its reports.\n" +
+         atService.Words;
+}
+
+Outcome WholeOutcome(bool fileIsGone, const Outcome& atService, const std::string& folder) {
+  const bool taken = atService.Code == ResultCode::kSuccess;
+  if (fileIsGone) {
+    return {atService.Code,
+            taken
+                ? "The grant is gone from this machine, and its access at the service is gone too."
+                : "The grant is gone from this machine, but" + WordsOnFailure(atService)};
+  }
+  const std::string stays = "The grant's file could not be removed from " + folder;
+  if (!taken) return {atService.Code, stays + ", and" + WordsOnFailure(atService)};
+  return {ResultCode::kNoConnection,
+          stays + ". Its access at the service is gone, so that it is worth nothing any more."};
+}
+
+struct Taken {
+  std::optional<Grant> Content;
+  bool FileIsGone = true;
+};
+
+// Not in the middle of a fetch that puts a new grant into the file, which would bring it back.
+Taken TakeFromFolder(const std::string& folder, const std::string& name) {
+  if (!IsGrantName(name)) return {};
+  const GrantLock lock(folder, name, TheLimits().Total / 2);
+  Taken taken{LoadGrant(folder, name)};
+  taken.FileIsGone = RemoveGrant(folder, name);
+  return taken;
+}
+
+Outcome RevokeNamed(const std::string& name) {
+  const std::string folder = GrantFolder();
+  const Taken taken = TakeFromFolder(folder, name);
+  if (!taken.Content) return {ResultCode::kRefused, "There is no such grant in " + folder + "."};
+  return WholeOutcome(taken.FileIsGone, TakeAway(*taken.Content), folder);
+}
+
+}  // namespace
+
+int Revoke() {
+  const Outcome outcome = RevokeNamed(ReadSecret("Name of the grant: "));
+  std::puts(outcome.Words.c_str());
+  return static_cast<int>(outcome.Code);
+}
+
+}  // namespace quillbox

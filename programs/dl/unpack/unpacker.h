@@ -1,0 +1,44 @@
+// A body unpacked while it arrives.
+#pragma once
+
+#include <functional>
+#include <string_view>
+
+#include "unpack/content_coding.h"
+#include "unpack/zlib_library.h"
+
+namespace quillbox {
+
+class Unpacker {
+ public:
+  // Takes what was unpacked; false stops the unpacking.
+  using Sink = std::function<bool(std::string_view)>;
+
+  // A body without coding passes as it is; one of a coding that is unknown, or packed while `zlib`
+  // isn't loaded, is refused with its first piece.
+  Unpacker(const ZlibLibrary& zlib, ContentCoding coding);
+  ~Unpacker();
+  Unpacker(const Unpacker&) = delete;
+  Unpacker& operator=(const Unpacker&) = delete;
+
+  // `piece` is less than 4 GiB. False, and the body is lost: it is damaged, goes on after its end,
+  // the memory is out, or the sink said so.
+  bool Take(std::string_view piece, const Sink& sink);
+
+  // Whether what was taken so far may be all: a packed body has come to its end, its check sum is
+  // right. A body without a byte is whole, and a plain one has no end of its own.
+  bool Whole() const { return !begun_ || ended_; }
+
+ private:
+  bool Begin(std::string_view piece);
+  bool BeginNextMember();
+  bool Inflate(const Sink& sink);
+
+  const ZlibLibrary& zlib_;
+  ContentCoding coding_;
+  bool begun_ = false;  // zlib has a stream of ours
+  bool ended_ = false;
+  z_stream stream_{};
+};
+
+}  // namespace quillbox
