@@ -14,31 +14,20 @@ using ::testing::Pair;
 constexpr const char* kPath = "/data/a.ini";
 constexpr int kSteps = 4;  // write, flush, rename, flush the folder
 
-// Passes all on, but for one kind of step.
-class FailingFiles : public Files {
+// Every step works but one kind.
+class FailingFiles : public SimulatedFiles {
  public:
   enum class Step { kFlush, kRename };
-  FailingFiles(Files& files, Step failing) : files_(files), failing_(failing) {}
+  explicit FailingFiles(Step failing) : SimulatedFiles({{kPath, "old"}}), failing_(failing) {}
 
-  bool Exists(const std::string& path) override { return files_.Exists(path); }
-  std::optional<std::uint64_t> Size(const std::string& path) override { return files_.Size(path); }
-  std::optional<std::string> Read(const std::string& path) override { return files_.Read(path); }
-  bool WriteNew(const std::string& path, const std::string& content) override {
-    return files_.WriteNew(path, content);
-  }
   bool Flush(const std::string& path) override {
-    return failing_ != Step::kFlush && files_.Flush(path);
+    return failing_ != Step::kFlush && SimulatedFiles::Flush(path);
   }
   bool Rename(const std::string& from, const std::string& to) override {
-    return failing_ != Step::kRename && files_.Rename(from, to);
-  }
-  bool Remove(const std::string& path) override { return files_.Remove(path); }
-  std::vector<std::string> List(const std::string& folder, const std::string& pattern) override {
-    return files_.List(folder, pattern);
+    return failing_ != Step::kRename && SimulatedFiles::Rename(from, to);
   }
 
  private:
-  Files& files_;
   Step failing_;
 };
 
@@ -64,10 +53,9 @@ TEST(AtomicWrite, OutlivesAPowerFailureWhollyOrNotAtAll) {
 
 TEST(AtomicWrite, AFailedStepLeavesTheOldFileAlone) {
   for (const auto step : {FailingFiles::Step::kFlush, FailingFiles::Step::kRename}) {
-    SimulatedFiles disk({{kPath, "old"}});
-    FailingFiles files(disk, step);
+    FailingFiles files(step);
     EXPECT_FALSE(WriteAtomically(files, kPath, "new text"));
-    EXPECT_THAT(disk.All(), ElementsAre(Pair(kPath, "old"))) << static_cast<int>(step);
+    EXPECT_THAT(files.All(), ElementsAre(Pair(kPath, "old"))) << static_cast<int>(step);
   }
   SimulatedFiles full({{kPath, "old"}});
   full.SetDisk(DiskState::kFull);
@@ -79,6 +67,7 @@ TEST(AtomicWrite, LeftoversOfKilledWritersNeverStopIt) {
   SimulatedFiles files({{kPath, "old"}});
   for (const char* suffix : {".new1", ".new2", ".new3", ".new4"}) {
     files.Put(kPath + std::string(suffix), "torn");
+    EXPECT_FALSE(files.WriteNew(kPath + std::string(suffix), "")) << "its name is taken";
     EXPECT_TRUE(WriteAtomically(files, kPath, suffix));
     EXPECT_EQ(files.Read(kPath), suffix);
   }

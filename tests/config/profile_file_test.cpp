@@ -112,13 +112,6 @@ TEST(IniFile, ReadsAtMost749Characters) {
   }
 }
 
-TEST(IniFile, ADeletedKeyKeepsItsLine) {
-  SimulatedFiles files({{kPath, "[S]\r\nK=v\r\n"}});
-  IniWrite(files, std::vector<SettingChange>{{"S", "k", {}}, {"S", "Other", {}}}, kPath);
-  EXPECT_EQ(files.Read(kPath), "[S]\r\nK=\r\nOTHER=\r\n");
-  EXPECT_EQ(IniRead(files, "S", "K", kPath), "");
-}
-
 TEST(IniFile, ABatchIsOneAtomicWrite) {
   SimulatedFiles once({{kPath, ""}}), files({{kPath, "[S]\nA=1\nB=1\n[T]\nC=1\n"}});
   WriteAtomically(once, kPath, "text");

@@ -51,43 +51,6 @@ TEST_F(SettingsStoreTest, BothModesKeepAndDelete) {
   EXPECT_EQ(files.Read("/data/ann.ini"), "[General]\r\nUSE24HOUR=\r\nLOAD=\r\n");
 }
 
-TEST_F(SettingsStoreTest, TheModeIsTakenAtEveryCall) {
-  store.WriteSetting(kAutoUpdateRate, "Every hour");
-  profile = "ann";
-  EXPECT_EQ(store.ReadSetting(kAutoUpdateRate), "");
-  store.WriteSetting(kAutoUpdateRate, "Every minute");
-  profile.clear();
-  EXPECT_EQ(store.ReadSetting(kAutoUpdateRate), "Every hour");
-}
-
-TEST_F(SettingsStoreTest, OnlyTheFileCutsLongValues) {
-  const std::string longValue(750, 'x');
-  store.WriteSetting(kAccounts, longValue);
-  EXPECT_EQ(store.ReadSetting(kAccounts), longValue);
-  profile = "ann";
-  store.WriteSetting(kAccounts, longValue);
-  EXPECT_EQ(store.ReadSetting(kAccounts), longValue.substr(0, 749));
-}
-
-TEST_F(SettingsStoreTest, ABatchReachesTheHostAsOne) {
-  const AccountKeys keys("one");
-  SettingBatch batch;
-  batch.Write(keys.Impressions(), "1|||2").Write(keys.Stats(), "record").Delete(kLastDate);
-  store.WriteBatch(batch);
-  ASSERT_EQ(userStore.Batches().size(), 1U);
-  EXPECT_EQ(userStore.Batches()[0].size(), 3U);
-  EXPECT_EQ(userStore.Batches()[0][0].Key, "one Impressions");
-  EXPECT_EQ(userStore.Batches()[0][2].Value, std::nullopt);
-
-  store.WriteBatch(SettingBatch());
-  EXPECT_EQ(userStore.Batches().size(), 1U);
-
-  profile = "ann";
-  store.WriteBatch(batch);
-  EXPECT_EQ(files.Read("/data/ann.ini"),
-            "[Accounts]\r\nONE IMPRESSIONS=1|||2\r\nONE=record\r\n[Misc]\r\nLASTDATE=\r\n");
-}
-
 TEST_F(SettingsStoreTest, AStoreThatKeepsStaysInForce) {
   environment.Set("Username", "ann");
   ChooseProfile();

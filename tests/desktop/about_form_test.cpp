@@ -1,20 +1,17 @@
 // The About box with real widgets.
 #include <gmock/gmock.h>
 
-#include <QApplication>
-#include <QKeyEvent>
 #include <QLabel>
-#include <QMouseEvent>
 #include <QPointer>
 #include <QPushButton>
+#include <QTest>
 
 #include "about/about_win.h"
+#include "desktop/shown_window.h"
 #include "qt_windows/qt_forms.h"
 
 namespace quillbox {
 namespace {
-
-using testing::ElementsAre;
 
 class RememberingOpener : public AddressOpener {
  public:
@@ -22,35 +19,13 @@ class RememberingOpener : public AddressOpener {
   std::vector<std::string> Opened;
 };
 
-QWidget* Window() {
-  for (QWidget* const widget : QApplication::topLevelWidgets()) {
-    if (widget->objectName() == "AboutWin" && widget->isVisible()) return widget;
-  }
-  return nullptr;
-}
-
-void Press(QWidget* widget, int key) {
-  QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier);
-  QKeyEvent release(QEvent::KeyRelease, key, Qt::NoModifier);
-  QApplication::sendEvent(widget, &press);
-  QApplication::sendEvent(widget, &release);
-}
-
-void ClickAtBeginning(QWidget* widget) {
-  const QPointF place(6, widget->height() / 2.0);
-  for (const QEvent::Type type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
-    QMouseEvent event(type, place, widget->mapToGlobal(place), Qt::LeftButton,
-                      type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton,
-                      Qt::NoModifier);
-    QApplication::sendEvent(widget, &event);
-  }
-}
-
 class AboutFormTest : public testing::Test {
  protected:
-  AboutFormTest() {
+  AboutFormTest() { Open(); }
+
+  void Open() {
     forms_.Load(about_);
-    window_ = Window();
+    window_ = ShownWindow("AboutWin");
   }
 
   template <class Control>
@@ -58,11 +33,9 @@ class AboutFormTest : public testing::Test {
     return window_->findChild<Control*>(name);
   }
 
-  // Whether the window is closed, and gone once the event loop comes round.
-  bool IsGone() {
-    if (Window() != nullptr) return false;
-    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    return window_ == nullptr;
+  void ClickAtBeginning(const char* link) {
+    auto* const label = Find<QLabel>(link);
+    QTest::mouseClick(label, Qt::LeftButton, {}, {6, label->height() / 2});
   }
 
   RememberingOpener opener_;
@@ -72,7 +45,7 @@ class AboutFormTest : public testing::Test {
   QPointer<QWidget> window_;
 };
 
-TEST_F(AboutFormTest, ShowsWhatTheModelSays) {
+TEST_F(AboutFormTest, ShowsWhatTheModelSaysAndItsLinksOpenSiteAndLetter) {
   ASSERT_NE(window_, nullptr);
   EXPECT_EQ(window_->windowTitle(), "About Quillbox");
   EXPECT_EQ(window_->minimumSize(), window_->maximumSize()) << "fixed";
@@ -80,42 +53,34 @@ TEST_F(AboutFormTest, ShowsWhatTheModelSays) {
   EXPECT_EQ(Find<QLabel>("Product")->text(), "Quillbox 1.3.0");
   EXPECT_EQ(Find<QLabel>("Picture")->pixmap().deviceIndependentSize(), QSizeF(64, 64));
   EXPECT_THAT(Find<QLabel>("Email")->text().toStdString(), testing::HasSubstr(">a&lt;b@"));
-}
 
-TEST_F(AboutFormTest, LinksOpenSiteAndLetter) {
-  ClickAtBeginning(Find<QLabel>("WebAddress"));
-  ClickAtBeginning(Find<QLabel>("Email"));
+  ClickAtBeginning("WebAddress");
+  ClickAtBeginning("Email");
   EXPECT_THAT(opener_.Opened,
-              ElementsAre("https://maker.example.test", "mailto:a<b@maker.example.test"));
-  EXPECT_NE(Window(), nullptr);
+              testing::ElementsAre("https://maker.example.test", "mailto:a<b@maker.example.test"));
+  EXPECT_EQ(ShownWindow("AboutWin"), window_);
 }
 
-TEST_F(AboutFormTest, ASecondLoadLeavesTheOneThatIsThere) {
-  forms_.Load(about_);
-  EXPECT_EQ(Window(), window_);
-}
-
-TEST_F(AboutFormTest, OkClosesItAndTheNextLoadBuildsItAnew) {
-  Find<QPushButton>("OK")->click();
-  EXPECT_EQ(Window(), nullptr);
-  forms_.Load(about_);
-  EXPECT_NE(Window(), nullptr);
-  EXPECT_NE(Window(), window_);
-}
-
-TEST_F(AboutFormTest, ReturnAndEscapeCloseIt) {
-  for (const int key : {Qt::Key_Return, Qt::Key_Escape}) {
-    forms_.Load(about_);
-    window_ = Window();
-    ASSERT_NE(window_, nullptr);
-    Press(window_, key);
-    EXPECT_TRUE(IsGone()) << key;
+TEST_F(AboutFormTest, IsThereOnceUntilItIsClosed) {
+  const struct Case {
+    const char* end;
+    std::function<void()> act;
+  } kCases[] = {{"OK", [&] { Find<QPushButton>("OK")->click(); }},
+                {"Return", [&] { QTest::keyClick(window_, Qt::Key_Return); }},
+                {"Escape", [&] { QTest::keyClick(window_, Qt::Key_Escape); }},
+                {"end of the program", [&] { forms_.UnloadAll(); }}};
+  for (const Case& c : kCases) {
+    const QPointer<QWidget> first = window_;
+    Open();
+    EXPECT_EQ(window_, first) << c.end;
+    c.act();
+    EXPECT_EQ(ShownWindow("AboutWin"), nullptr) << c.end;
+    Open();
+    ASSERT_NE(window_, nullptr) << c.end;
+    EXPECT_NE(window_, first) << c.end << ": the closed one again";
+    DeleteClosedWindows();
+    EXPECT_EQ(first, nullptr) << c.end;
   }
-}
-
-TEST_F(AboutFormTest, ClosesWithTheProgram) {
-  forms_.UnloadAll();
-  EXPECT_TRUE(IsGone());
 }
 
 }  // namespace

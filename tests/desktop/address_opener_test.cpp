@@ -2,98 +2,79 @@
 #include <gmock/gmock.h>
 #include <sys/stat.h>
 
-#include <QTemporaryDir>
-#include <filesystem>
-#include <fstream>
-
 #include "desktop/fake_bus_service.h"
 #include "desktop/qt_address_opener.h"
+#include "system/temporary_folder.h"
 
 namespace quillbox {
 namespace {
 
-namespace fs = std::filesystem;
-
 class AddressOpenerTest : public testing::Test {
  protected:
-  AddressOpenerTest() : path_(qgetenv("PATH")) { qputenv("PATH", folder_.path().toUtf8()); }
+  AddressOpenerTest() : path_(qgetenv("PATH")) { qputenv("PATH", folder_.Path().c_str()); }
   ~AddressOpenerTest() override { qputenv("PATH", path_); }
-
-  std::string Path(const char* name) const { return folder_.filePath(name).toStdString(); }
 
   // Takes the place of the desktop's opener; like it, it talks.
   void InstallOpener() {
-    std::ofstream(Path("xdg-open")) << "#!/bin/sh\necho \"can't open $1\" >&2\necho \"$1\"\n"
-                                    << "umask > " << Path("mask") << "\n"
-                                    << "printf '%s\\n' \"$1\" >> " << Path("opened") << "\n";
-    fs::permissions(Path("xdg-open"), fs::perms::owner_all);
+    folder_.PutProgram("xdg-open", "cd " + folder_.Path() +
+                                       "\necho \"can't open $1\" >&2\necho \"$1\"\n"
+                                       "umask > mask\nprintf '%s\\n' \"$1\" >> opened");
   }
 
-  std::vector<std::string> Opened() const {
-    std::vector<std::string> targets;
-    std::ifstream file(Path("opened"));
-    for (std::string line; std::getline(file, line);) targets.push_back(line);
-    return targets;
+  // What came to the opener, once something has.
+  std::string Opened() const {
+    EXPECT_TRUE(ComesAbout([&] { return folder_.Content("opened").ends_with('\n'); }));
+    return folder_.Content("opened");
   }
 
-  const QTemporaryDir folder_;
+  const TemporaryFolder folder_;
   const QByteArray path_;
   QtAddressOpener opener_{ApplicationFolder("/opt/quillbox", "/srv/data", '/'), 0027};
 };
 
 TEST_F(AddressOpenerTest, HandsOverAddressesAndOwnFilesByteForByteAndNothingElse) {
+  constexpr const char* kNothing = "http://after";  // what comes next tells that nothing came
   static const struct Case {
     const char* target;
-    const char* handedOver;  // or null
+    const char* handedOver = target;
   } kCases[] = {
-      {"https://h/in?continue=https://h/x&Email=%61%40b&Passwd=\"a b\"#%41$'`;",
-       "https://h/in?continue=https://h/x&Email=%61%40b&Passwd=\"a b\"#%41$'`;"},
+      {"https://h/in?continue=https://h/x&Email=%61%40b&Passwd=\"a b\"#%41$'`;"},
       {"https://h/?p=\xE4\x80", "https://h/?p=\xC3\xA4\xE2\x82\xAC"},
-      {"http://h/", "http://h/"},
-      {"mailto:a@example.test", "mailto:a@example.test"},
-      {"/opt/quillbox/ReadMe.txt", "/opt/quillbox/ReadMe.txt"},
-      {"/srv/data/x.html", "/srv/data/x.html"},
-      {"/opt/quillbox/../../etc/passwd", nullptr},
-      {"/opt/quillbox2/x", nullptr},
-      {"/etc/passwd", nullptr},
-      {"file:///etc/passwd", nullptr},
-      {"javascript:alert(1)", nullptr},
-      {"--help", nullptr},
-      {"ReadMe.txt", nullptr},
-      {"", nullptr},
+      {"http://h/"},
+      {"mailto:a@example.test"},
+      {"/opt/quillbox/ReadMe.txt"},
+      {"/srv/data/x.html"},
+      {"/opt/quillbox/../../etc/passwd", kNothing},
+      {"/opt/quillbox2/x", kNothing},
+      {"/etc/passwd", kNothing},
+      {"file:///etc/passwd", kNothing},
+      {"javascript:alert(1)", kNothing},
+      {"--help", kNothing},
+      {"ReadMe.txt", kNothing},
+      {"", kNothing},
   };
   InstallOpener();
   for (const Case& c : kCases) {
-    fs::remove(Path("opened"));
+    folder_.Put("opened", "");
     opener_.Open(c.target);
-    if (c.handedOver == nullptr) opener_.Open("http://after");  // which tells that nothing came
-    ASSERT_TRUE(ComesAbout([&] { return !Opened().empty(); })) << c.target;
-    EXPECT_EQ(Opened().front(), c.handedOver == nullptr ? "http://after" : c.handedOver)
-        << c.target;
+    if (c.handedOver == kNothing) opener_.Open(kNothing);
+    EXPECT_EQ(Opened(), std::string(c.handedOver) + "\n") << c.target;
   }
 }
 
-TEST_F(AddressOpenerTest, WhatIsOpenedHasThePersonsFileMaskAndTheProgramKeepsItsOwn) {
-  InstallOpener();
-  const mode_t before = ::umask(0077);
-  opener_.Open("http://h/");
-  EXPECT_EQ(::umask(before), 0077U);
-  ASSERT_TRUE(ComesAbout([&] { return !Opened().empty(); }));
-  std::string mask;
-  std::ifstream(Path("mask")) >> mask;
-  EXPECT_EQ(mask, "0027");
-}
-
-TEST_F(AddressOpenerTest, NothingIsWrittenWhetherItCanBeOpenedOrNot) {
+TEST_F(AddressOpenerTest, OpeningWritesNothingAndKeepsToThePersonsFileMask) {
   testing::internal::CaptureStderr();
   testing::internal::CaptureStdout();
-  opener_.Open("https://h/in?Passwd=secret");
+  opener_.Open("https://h/in?Passwd=secret");  // in vain
   InstallOpener();
+  const mode_t before = ::umask(0077);
   opener_.Open("https://h/in?Passwd=secret");
-  const bool came = ComesAbout([&] { return !Opened().empty(); });
+  EXPECT_EQ(::umask(before), 0077U) << "the program's own";
+  const std::string opened = Opened();
   EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
   EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
-  EXPECT_TRUE(came);
+  EXPECT_EQ(opened, "https://h/in?Passwd=secret\n");
+  EXPECT_EQ(folder_.Content("mask"), "0027\n");
 }
 
 }  // namespace

@@ -2,26 +2,14 @@
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
-#include <QTemporaryDir>
-#include <chrono>
-#include <filesystem>
-#include <fstream>
-#include <thread>
-
-#include "desktop/child_process.h"
+#include "desktop/fake_bus_service.h"
+#include "support/child_process.h"
+#include "system/temporary_folder.h"
 
 namespace quillbox {
 namespace {
-
-using namespace std::chrono_literals;
-
-void WaitUntil(const std::function<bool()>& done) {
-  for (int tries = 0; tries < 1000 && !done(); ++tries) std::this_thread::sleep_for(10ms);
-  EXPECT_TRUE(done());
-}
 
 // A process that has ended and that nobody has asked about yet counts as ended.
 bool IsAlive(const std::string& pid) {
@@ -32,77 +20,70 @@ bool IsAlive(const std::string& pid) {
 
 class AgentProcessesTest : public testing::Test {
  protected:
-  std::string Path(const std::string& name) const {
-    return folder_.filePath(QString::fromStdString(name)).toStdString();
+  // Starts a fetch program that does what `script` says.
+  AgentId Start(const std::string& script, const AgentStart& start = {"text", {}}) {
+    folder_.PutProgram("dl", "cd " + folder_.Path() + "\n" + script);
+    return agents_.Start(start);
+  }
+  void RunToItsEnd(const std::string& script, const AgentStart& start = {"text", {}}) {
+    const AgentId agent = Start(script, start);
+    ASSERT_TRUE(ComesAbout([&] { return !agents_.Running(agent); }));
   }
 
-  // A fetch program that does what `script` says.
-  std::string Program(const std::string& script) const {
-    std::ofstream(Path("dl")) << "#!/bin/sh\ncd " << folder_.path().toStdString() << "\n" << script;
-    std::filesystem::permissions(Path("dl"), std::filesystem::perms::owner_all);
-    return Path("dl");
+  // The scripts write the numbers of processes there.
+  bool HasWritten(const char* file) const { return folder_.Content(file).ends_with('\n'); }
+  void ExpectEndOf(const char* file) const {
+    const std::string text = folder_.Content(file);
+    EXPECT_TRUE(ComesAbout([&] { return !IsAlive(text.substr(0, text.find('\n'))); })) << file;
   }
 
-  std::string Content(const std::string& name) const {
-    std::ifstream file(Path(name));
-    return {std::istreambuf_iterator<char>(file), {}};
-  }
-
-  const QTemporaryDir folder_;
+  const TemporaryFolder folder_;
+  AgentProcesses agents_{folder_.File("dl")};
 };
 
 TEST_F(AgentProcessesTest, HandsOverTextAndEnvironmentUnchanged) {
   std::string text = "|a b\"'$(x)`\\|\r\n";
   for (int code = 128; code < 256; ++code) text += static_cast<char>(code);
   ::setenv("REMOVED", "1", 1);
-  AgentProcesses agents(Program("printf %s \"$1\" > text; printf %s \"$ADDED:$REMOVED:$#\" > env"));
-  const AgentId agent = agents.Start({text, {{"ADDED", "M\xfcller"}, {"REMOVED", ""}}});
-  WaitUntil([&] { return !agents.Running(agent); });
-  EXPECT_EQ(Content("text"), text);
-  EXPECT_EQ(Content("env"), "M\xc3\xbcller::1");
+  RunToItsEnd("printf %s \"$1\" > text; printf %s \"$ADDED:$REMOVED:$#\" > env",
+              {text, {{"ADDED", "M\xfcller"}, {"REMOVED", ""}}});
+  EXPECT_EQ(folder_.Content("text"), text);
+  EXPECT_EQ(folder_.Content("env"), "M\xc3\xbcller::1");
 }
 
 TEST_F(AgentProcessesTest, AStartThatFailsDoesNotRun) {
-  AgentProcesses agents(Path("nothing here"));
-  const AgentId agent = agents.Start({"text", {}});
-  WaitUntil([&] { return !agents.Running(agent); });
-  agents.End(agent);
-  EXPECT_FALSE(agents.Running(12345));
+  const AgentId agent = agents_.Start({"text", {}});
+  EXPECT_TRUE(ComesAbout([&] { return !agents_.Running(agent); }));
+  agents_.End(agent);
+  EXPECT_FALSE(agents_.Running(12345));
 }
 
 TEST_F(AgentProcessesTest, EndsAnAgentWithAllThatItStarted) {
-  AgentProcesses agents(Program("sleep 600 & echo $! > child; echo $$ > own; wait"));
-  const AgentId agent = agents.Start({"text", {}});
-  WaitUntil([&] { return Content("own").ends_with('\n'); });
-  EXPECT_TRUE(agents.Running(agent));
-  agents.End(agent);
-  EXPECT_FALSE(agents.Running(agent));
-  for (const char* const file : {"child", "own"}) {
-    const std::string pid = Content(file);
-    WaitUntil([&] { return !IsAlive(pid.substr(0, pid.find('\n'))); });
-  }
+  const AgentId agent = Start("sleep 600 & echo $! > child; echo $$ > own; wait");
+  ASSERT_TRUE(ComesAbout([&] { return HasWritten("own"); }));
+  EXPECT_TRUE(agents_.Running(agent));
+  agents_.End(agent);
+  EXPECT_FALSE(agents_.Running(agent));
+  ExpectEndOf("child");
+  ExpectEndOf("own");
 }
 
 TEST_F(AgentProcessesTest, NoAgentOutlivesAProgramThatDied) {
-  const std::string program = Program("echo $$ > own; exec sleep 600");
-  InChildAs(::geteuid(), [&] {
-    static AgentProcesses agents(program);
-    agents.Start({"text", {}});
-    WaitUntil([&] { return Content("own").ends_with('\n'); });
-    return 0;  // and _exit, so that nothing is ended in an orderly way
+  const int outcome = InChildAs(::geteuid(), [&] {
+    Start("echo $$ > own; exec sleep 600");
+    for (int tries = 0; tries < 1000 && !HasWritten("own"); ++tries) ::usleep(10'000);
+    return HasWritten("own") ? 0 : 1;  // and _exit, so that nothing is ended in an orderly way
   });
-  const std::string pid = Content("own");
-  WaitUntil([&] { return !IsAlive(pid.substr(0, pid.find('\n'))); });
+  ASSERT_EQ(outcome, 0);
+  ExpectEndOf("own");
 }
 
 TEST_F(AgentProcessesTest, InheritsNoOpenFile) {
-  AgentProcesses agents(Program("ls /proc/$$/fd | tr '\\n' ' ' > fds"));
   const int leak = ::fcntl(2, F_DUPFD, 200);
-  const AgentId agent = agents.Start({"text", {}});
-  WaitUntil([&] { return !agents.Running(agent); });
+  RunToItsEnd("ls /proc/$$/fd | tr '\\n' ' ' > fds");
   ::close(leak);
-  EXPECT_EQ(Content("fds").find(" " + std::to_string(leak) + " "), std::string::npos)
-      << Content("fds");
+  const std::string found = folder_.Content("fds");
+  EXPECT_EQ(found.find(" " + std::to_string(leak) + " "), std::string::npos) << found;
 }
 
 }  // namespace

@@ -4,26 +4,23 @@
 #include <gmock/gmock.h>
 
 #include <QProcess>
-#include <QTemporaryDir>
-#include <QThread>
 #include <filesystem>
 #include <fstream>
 
 #include "desktop/desktop_entry.h"
+#include "desktop/fake_bus_service.h"
 #include "system/system_files.h"
+#include "system/temporary_folder.h"
 
 namespace quillbox {
 namespace {
 
 namespace fs = std::filesystem;
 
+// In a configuration folder that isn't there yet.
 class AutostartEntryTest : public testing::Test {
  protected:
-  // In a configuration folder that isn't there yet.
-  AutostartEntryTest() {
-    qputenv("XDG_CONFIG_HOME", folder_.filePath("new/config").toUtf8());
-    file_ = folder_.filePath("new/config/autostart/quillbox.desktop").toStdString();
-  }
+  AutostartEntryTest() { qputenv("XDG_CONFIG_HOME", folder_.File("new/config").c_str()); }
   ~AutostartEntryTest() override { qputenv("XDG_CONFIG_HOME", usual_); }
 
   AutostartEntry EntryOf(const std::string& programFolder) {
@@ -41,32 +38,27 @@ class AutostartEntryTest : public testing::Test {
   }
 
   const QByteArray usual_ = qgetenv("XDG_CONFIG_HOME");
-  const QTemporaryDir folder_;
-  std::string file_;
+  const TemporaryFolder folder_;
+  const std::string file_ = folder_.File("new/config/autostart/quillbox.desktop");
   SystemFiles files_;
   std::unique_ptr<ApplicationFolder> program_;
 };
 
-TEST_F(AutostartEntryTest, ComesAndGoes) {
+TEST_F(AutostartEntryTest, ComesReplacesWhatIsThereAndGoes) {
   AutostartEntry entry = EntryOf("/opt/quillbox");
   EXPECT_FALSE(entry.Present());
   entry.Remove();
   entry.Make();
   EXPECT_TRUE(entry.Present());
   EXPECT_EQ(fs::status(file_).permissions(), fs::perms::owner_read | fs::perms::owner_write);
-  entry.Remove();
-  EXPECT_FALSE(entry.Present());
-  EXPECT_FALSE(fs::exists(file_));
-}
-
-TEST_F(AutostartEntryTest, MakeReplacesWhatWasThere) {
-  AutostartEntry entry = EntryOf("/opt/quillbox");
-  entry.Make();
   const std::string made = files_.Read(file_).value();
   std::ofstream(file_) << "[Desktop Entry]\nExec=other\nHidden=true\n";
   EXPECT_FALSE(entry.Present());
   entry.Make();
   EXPECT_EQ(files_.Read(file_), made);
+  entry.Remove();
+  EXPECT_FALSE(entry.Present());
+  EXPECT_FALSE(fs::exists(file_));
 }
 
 // Whatever the folder is called, the entry is valid, and the desktop starts exactly that program.
@@ -78,18 +70,17 @@ TEST_F(AutostartEntryTest, StartsTheProgramOfAnyFolder) {
   };
   for (const char* const name : kCases) {
     SCOPED_TRACE(name);
-    const fs::path program = fs::path(folder_.path().toStdString()) / name;
+    const std::string program = folder_.File(name);
     fs::create_directories(program);
-    const fs::path witness = program / "started";
-    std::ofstream(program / "quillbox") << "#!/bin/sh\n: > \"${0%/*}/started\"\n";
-    fs::permissions(program / "quillbox", fs::perms::owner_all);
+    folder_.PutProgram(std::string(name) + "/quillbox", ": > \"${0%/*}/started\"");
 
-    EntryOf(program.string()).Make();
-    EXPECT_EQ(Run("desktop-file-validate", {QString::fromStdString(file_)}), "");
-    EXPECT_TRUE(EntryOf(program.string()).Present());
-    Run("gio", {"launch", QString::fromStdString(file_)});
-    for (int tries = 0; tries < 500 && !fs::exists(witness); ++tries) QThread::msleep(20);
-    EXPECT_TRUE(fs::exists(witness)) << files_.Read(file_).value();
+    EntryOf(program).Make();
+    const QString file = QString::fromStdString(file_);
+    EXPECT_EQ(Run("desktop-file-validate", {file}), "");
+    EXPECT_TRUE(EntryOf(program).Present());
+    Run("gio", {"launch", file});
+    EXPECT_TRUE(ComesAbout([&] { return fs::exists(program + "/started"); }))
+        << files_.Read(file_).value();
   }
 }
 

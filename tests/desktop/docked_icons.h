@@ -1,16 +1,17 @@
-// What stands in the tray of an X server.
+// What stands in the tray of a desktop.
 #pragma once
 
 #include <QPoint>
-#include <QString>
 #include <vector>
+
+#include "desktop/private_desktop.h"
 
 namespace quillbox {
 
 // The centres, on the screen, of this program's windows that a tray has taken in and shows.
-std::vector<QPoint> DockedIcons(const QString& display);
+std::vector<QPoint> DockedIcons(PrivateDesktop& desktop);
 
 // Whether this program shows a menu.
-bool MenuIsOpen(const QString& display);
+bool MenuIsOpen(PrivateDesktop& desktop);
 
 }  // namespace quillbox

@@ -1,14 +1,16 @@
-// Asking for grants with a stand-in for the fetch program.
+// Asking for grants and forgetting them, with a stand-in for the fetch program.
 #include "desktop/qt_grant_asker.h"
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <QApplication>
 #include <QThread>
 #include <csignal>
 #include <optional>
 
+#include "support/child_process.h"
 #include "system/temporary_folder.h"
 
 namespace quillbox {
@@ -16,10 +18,14 @@ namespace {
 
 class GrantAskerTest : public testing::Test {
  protected:
-  // Of a fetch program that does what `script` says; an empty one can't be started.
-  void Ask(const std::string& script) {
+  // The fetch program does what `script` says; an empty one can't be started.
+  void Put(const std::string& script) {
     folder_.Put("dl", "#!/bin/sh\n" + script);
     ::chmod(folder_.File("dl").c_str(), script.empty() ? 0600 : 0700);
+  }
+
+  void Ask(const std::string& script) {
+    Put(script);
     answers_.clear();
     asking_ = asker_.Ask({"m\xFCller@h.test", {{"http_proxy", "http://p.test"}}},
                          [this](const GrantAnswer& answer) {
@@ -76,6 +82,22 @@ TEST_F(GrantAskerTest, GivingUpEndsTheProgramAndTellsNothing) {
   asking_.reset();
   EXPECT_TRUE(Until([process] { return ::kill(process, 0) != 0; }));
   EXPECT_TRUE(answers_.empty());
+}
+
+TEST_F(GrantAskerTest, ForgettingIsFinishedWithoutTheProgram) {
+  const auto forget = [this] {
+    asker_.Forget("grant:ABCDEFGHIJ27", {{"http_proxy", "http://p.test"}});
+    return 0;
+  };
+  Put("cd " + folder_.Path() + "; read name\n" +
+      "while [ ! -e alone ]; do sleep 0.01; done\n"
+      "echo \"$# $1 $name $http_proxy\" > new; mv new done");
+  EXPECT_EQ(InChildAs(::getuid(), forget), 0);
+  folder_.Put("alone", "");
+  EXPECT_TRUE(Until([this] { return !folder_.Content("done").empty(); }));
+  EXPECT_EQ(folder_.Content("done"), "1 revoke grant:ABCDEFGHIJ27 http://p.test\n");
+  Put("");
+  EXPECT_EQ(forget(), 0) << "nobody is told";
 }
 
 }  // namespace

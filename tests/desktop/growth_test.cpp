@@ -7,7 +7,7 @@
 #include <functional>
 #include <iostream>
 
-#include "config/account_list.h"
+#include "config/setting_keys.h"
 #include "desktop/docked_icons.h"
 #include "desktop/fake_bus_service.h"
 #include "desktop/quillbox_on_desktop.h"
@@ -39,12 +39,10 @@ printf 0 > "$log")";
 
 class GrowthTest : public QuillboxOnDesktop {
  protected:
-  void DockIcon() {
-    desktop_.StartTray();
-    quillbox_ = StartQuillbox();
-    ASSERT_TRUE(IconComes());
+  void FindIcon() {
+    DockIcon();
     PointAtIcon();
-    icon_ = DockedIcons(desktop_.Display()).front();
+    icon_ = DockedIcons(desktop_).front();
     PointElsewhere();
   }
 
@@ -65,13 +63,8 @@ class GrowthTest : public QuillboxOnDesktop {
     EXPECT_LE(after.Handles, before.Handles);
   }
 
-  void ClickIcon() { Mouse(QString("mousemove %1 %2 click 1").arg(icon_.x()).arg(icon_.y())); }
-
-  void Hover() {
-    Mouse(QString("mousemove %1 %2").arg(icon_.x()).arg(icon_.y()));
-    ASSERT_TRUE(ComesAbout([&] { return TooltipIsShown(); }));
-    PointElsewhere();
-    ASSERT_TRUE(ComesAbout([&] { return !TooltipIsShown(); }));
+  void AtIcon(const QString& act) {
+    Mouse(QString("mousemove %1 %2 ").arg(icon_.x()).arg(icon_.y()) + act);
   }
 
  private:
@@ -85,34 +78,32 @@ class GrowthTest : public QuillboxOnDesktop {
     return size;
   }
 
-  OwnedProcess quillbox_;
   QPoint icon_;
 };
 
 TEST_F(GrowthTest, Hovers) {
-  DockIcon();
-  ExpectNoGrowthOver([&] { Hover(); });
+  FindIcon();
+  ExpectNoGrowthOver([&] {
+    AtIcon("sleep 0");
+    ASSERT_TRUE(TooltipComes());
+    PointElsewhere();
+    ASSERT_TRUE(TooltipGoes());
+  });
 }
 
 TEST_F(GrowthTest, Refreshes) {
   WriteScript("dl", kFetchProgram);
-  SettingBatch settings;
-  SaveAccountList(settings, {{"one"}, {"a@example.test"}, {"secret"}});
-  settings.Write(kPrimaryAccount, "one")
-      .Write(kDataToDownload, kDownloadContent)
-      .Write(kTraySingleAction, kActionRefresh);
-  Store(settings);
-  DockIcon();
-  const auto fetched = [&] {
-    std::ifstream lines(Path("fetched"));
-    return std::count(std::istreambuf_iterator<char>(lines), {}, '\n');
-  };
+  Store(SettingBatch()
+            .Write(kDataToDownload, kDownloadContent)
+            .Write(kTraySingleAction, kActionRefresh));
+  FindIcon();
+  const auto fetched = [&] { return folder_.Content("fetched").size(); };
   ExpectNoGrowthOver([&] {
     const auto before = fetched();
     // A click during the end of the refresh before is in vain.
     for (int tries = 0; fetched() == before; ++tries) {
       ASSERT_LT(tries, 30);
-      ClickIcon();
+      AtIcon("click 1");
       QThread::msleep(600);
     }
   });

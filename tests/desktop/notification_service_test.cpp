@@ -7,8 +7,6 @@
 namespace quillbox {
 namespace {
 
-const QString kName = "org.freedesktop.Notifications";
-
 class NotificationServiceTest : public testing::Test {
  protected:
   QVariantList Answer(const QDBusMessage& call) {
@@ -16,8 +14,8 @@ class NotificationServiceTest : public testing::Test {
     return {++lastNumber_};
   }
 
-  // The call that shows it; the arguments are app, replaced number, icon, title, text.
-  QVariantList Show(const QString& text) {
+  // The arguments of the call that shows it.
+  QVariantList Show(const char* text) {
     const std::size_t before = server_.Calls("Notify").size();
     service_.Show({"Quillbox", text, 30000}, [](const Balloon&) { ADD_FAILURE(); });
     EXPECT_TRUE(ComesAbout([&] { return server_.Calls("Notify").size() == before + 1; }));
@@ -27,28 +25,34 @@ class NotificationServiceTest : public testing::Test {
 
   QStringList capabilities_ = {"body"};
   uint lastNumber_ = 40;
-  FakeBusService server_{QString::fromUtf8(qgetenv("DBUS_SESSION_BUS_ADDRESS")), kName,
-                         "/org/freedesktop/Notifications",
+  FakeBusService server_{QString::fromUtf8(qgetenv("DBUS_SESSION_BUS_ADDRESS")),
+                         "org.freedesktop.Notifications", "/org/freedesktop/Notifications",
                          [this](const QDBusMessage& call) { return Answer(call); }};
   NotificationService service_;
 };
 
-TEST_F(NotificationServiceTest, ARepeatReplacesItselfAndNothingElse) {
+TEST_F(NotificationServiceTest, ARepeatReplacesItselfAndMarkupIsReadByNoService) {
   server_.Appear();
-  EXPECT_EQ(Show("one").at(1).toUInt(), 0U);
-  EXPECT_EQ(Show("two").at(1).toUInt(), 0U);
-  EXPECT_EQ(Show("one").at(1).toUInt(), 41U);
-  EXPECT_EQ(Show("three").at(1).toUInt(), 0U);
-  EXPECT_EQ(Show("two").at(1).toUInt(), 42U);
-}
-
-TEST_F(NotificationServiceTest, TextIsShownAsItIsWhetherOrNotMarkupIsRead) {
-  server_.Appear();
-  EXPECT_EQ(Show("<b>1 & 2</b>").at(4).toString(), "<b>1 & 2</b>");
-  capabilities_.append("body-markup");
-  EXPECT_EQ(Show("<b>1 & 2</b>").at(4).toString(), "&lt;b&gt;1 &amp; 2&lt;/b&gt;");
-  EXPECT_EQ(Show("\"it's\"").at(4).toString(), "\"it's\"");
-  EXPECT_EQ(Show("x").at(7).toInt(), 30000);
+  static const struct Case {
+    const char *text, *shown;
+    uint replaced;
+    const char* capability = "";  // from then on
+  } kCases[] = {
+      {"one", "one", 0},
+      {"two", "two", 0},
+      {"one", "one", 41},
+      {"<b>1 & 2</b>", "<b>1 & 2</b>", 0},
+      {"two", "two", 42},
+      {"<b>1 & 2</b>", "&lt;b&gt;1 &amp; 2&lt;/b&gt;", 44, "body-markup"},
+      {"\"it's\"", "\"it's\"", 0},
+  };
+  for (const Case& c : kCases) {
+    capabilities_.append(c.capability);
+    const QVariantList shown = Show(c.text);
+    EXPECT_EQ(shown.at(1).toUInt(), c.replaced) << c.text;
+    EXPECT_EQ(shown.at(4).toString(), c.shown) << c.text;
+    EXPECT_EQ(shown.at(7).toInt(), 30000) << c.text;
+  }
 }
 
 TEST_F(NotificationServiceTest, GivesTheBalloonBackWhenThereIsNoService) {

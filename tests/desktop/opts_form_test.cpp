@@ -4,47 +4,31 @@
 
 #include <gmock/gmock.h>
 
-#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QGroupBox>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPointer>
 #include <QPushButton>
-#include <QTabBar>
 #include <QTabWidget>
+#include <QTest>
 #include <set>
 
 #include "config/account_list.h"
 #include "config/setting_keys.h"
+#include "desktop/shown_window.h"
 #include "options/opts.h"
 #include "qt_base/unicode_text.h"
 #include "qt_windows/qt_forms.h"
+#include "simulated/context_on_state.h"
 #include "simulated/script_forms.h"
-#include "simulated/simulated_host.h"
 #include "tray/tray_menu.h"
 
 namespace quillbox {
 namespace {
 
 using testing::ElementsAre;
-
-Host WithForms(const Host& host, Forms& forms) {
-  return {host.Store,   host.Variables, host.Disk,     host.Time,    host.TimerSource,
-          host.Events,  host.Agents,    host.Grants,   host.Tray,    host.TrayMenus,
-          host.Tooltip, host.Mouse,     host.Boxes,    forms,        host.Chooser,
-          host.Browser, host.Speaker,   host.Instance, host.Network, host.Opener,
-          host.StartUp, host.Exit};
-}
-
-void Press(QWidget* widget, int key, const QString& text = {}) {
-  for (const QEvent::Type type : {QEvent::ShortcutOverride, QEvent::KeyPress, QEvent::KeyRelease}) {
-    QKeyEvent event(type, key, Qt::NoModifier, text);
-    QApplication::sendEvent(widget, &event);
-  }
-}
 
 // The letters behind "&" in the captions of what the page itself holds.
 std::multiset<QChar> Mnemonics(const QWidget* page) {
@@ -70,23 +54,18 @@ bool IsWhole(const QWidget& widget) {
 }
 
 bool ShowsCaption(const QWidget* widget) {
-  return qobject_cast<const QLabel*>(widget) != nullptr ||
-         qobject_cast<const QAbstractButton*>(widget) != nullptr ||
-         qobject_cast<const QComboBox*>(widget) != nullptr ||
-         qobject_cast<const QGroupBox*>(widget) != nullptr ||
-         qobject_cast<const QTabBar*>(widget) != nullptr;
+  return std::ranges::any_of(
+      std::array{"QLabel", "QAbstractButton", "QComboBox", "QGroupBox", "QTabBar"},
+      [&](const char* kind) { return widget->inherits(kind); });
 }
 
 // Two accounts; the settings are those of a first start.
-class OptsFormTest : public testing::Test {
+class OptsFormTest : public ContextOnState {
  protected:
-  OptsFormTest() {
+  OptsFormTest() : ContextOnState(forms_) {
     state_.ShowBalloonWhen = kBalloonNever;
     state_.SoundFiles.fill(std::string(kNoSound));
-    SettingBatch settings;
-    SaveAccountList(settings, {{"one", "two"}, {"ann", "bob"}, {"x", "y"}});
-    store_.WriteBatch(settings);
-    static_cast<AccountList&>(state_) = LoadAccountList(store_);
+    Store({{"one", "two"}, {"ann", "bob"}, {"x", "y"}});
     BuildTraySubmenus(program_);
     Open();
   }
@@ -95,20 +74,21 @@ class OptsFormTest : public testing::Test {
     QApplication::setFont(font_);
   }
 
-  void Open() {
-    forms_.UnloadAll();
-    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    model_ = std::make_unique<Opts>(program_, autoUpdate_, dialog_);
-    model_->Load();
-    window_ = Window("Opts");
-    ASSERT_NE(window_, nullptr);
+  void Store(const AccountList& accounts) {
+    SettingBatch settings;
+    SaveAccountList(settings, accounts);
+    store_.WriteBatch(settings);
   }
 
-  static QWidget* Window(const char* name) {
-    for (QWidget* const widget : QApplication::topLevelWidgets()) {
-      if (widget->objectName() == name && widget->isVisible()) return widget;
-    }
-    return nullptr;
+  // With the accounts as they are stored.
+  void Open() {
+    forms_.UnloadAll();
+    DeleteClosedWindows();
+    static_cast<AccountList&>(state_) = LoadAccountList(store_);
+    model_ = std::make_unique<Opts>(program_, autoUpdate_, dialog_);
+    model_->Load();
+    window_ = ShownWindow("Opts");
+    ASSERT_NE(window_, nullptr);
   }
 
   template <class Widget>
@@ -126,36 +106,26 @@ class OptsFormTest : public testing::Test {
       for (const auto* widget : window_->findChildren<QWidget*>()) {
         if (!widget->isVisible() || !ShowsCaption(widget)) continue;
         const bool inside = widget->parentWidget()->rect().contains(widget->geometry());
-        if (!IsWhole(*widget) || !inside) {
-          found.push_back(tabs->tabText(page).toStdString() + ": " +
-                          widget->objectName().toStdString() + widget->metaObject()->className());
-        }
+        if (IsWhole(*widget) && inside) continue;
+        found.push_back(tabs->tabText(page).toStdString() + ": " +
+                        widget->objectName().toStdString() + widget->metaObject()->className());
       }
     }
     return found;
   }
 
   const QFont font_ = QApplication::font();
-  SimulatedHost host_;
   QtForms forms_;
-  AppState state_;
-  ApplicationFolder folder_{"/app", "/app", '/'};
-  RegionalSettings region_;
-  BuildValues build_{"h.test", "h.test", "https://m.test", "a@m.test", "1.3.0"};
-  Host ports_ = WithForms(host_.Ports(), forms_);
-  SettingsStore store_{host_.Store, host_.Files, folder_, state_.SettingsProfile};
-  ProgramContext program_{state_, store_, ports_, folder_, region_, build_};
   AutoUpdate autoUpdate_{program_};
   OpenDialog dialog_{host_.Chooser, '/'};
   std::unique_ptr<Opts> model_;
   QPointer<QWidget> window_;
 };
 
-TEST_F(OptsFormTest, EveryControlHasAWidgetThatTellsWhatItIs) {
+TEST_F(OptsFormTest, EveryControlHasAWidgetThatTellsWhatItIsInTheOrderOfTheTabKey) {
   host_.Windows.Load(*model_);
-  const std::vector<Control*> controls = ControlsOf(host_.Windows, FormName::kOpts);
-  EXPECT_GT(controls.size(), 40U);
-  for (const Control* const control : controls) {
+  std::vector<QString> expected, found;
+  for (const Control* const control : ControlsOf(host_.Windows, FormName::kOpts)) {
     SCOPED_TRACE(control->Name());
     const auto widgets = window_->findChildren<QWidget*>(QString::fromStdString(control->Name()));
     ASSERT_EQ(widgets.size(), 1);
@@ -169,26 +139,19 @@ TEST_F(OptsFormTest, EveryControlHasAWidgetThatTellsWhatItIs) {
         return label->buddy() == widget && label->text() == caption;
       }));
     }
+    if (widget->focusPolicy() & Qt::TabFocus) expected.push_back(widget->objectName());
   }
-  EXPECT_EQ(Find<QCheckBox>("Check14")->accessibleName(),
-            "Pause 30 seconds before checking for new version or refreshing tooltip");
-  EXPECT_EQ(Find<QTabWidget>("Tabs")->count(), 7);
-}
-
-TEST_F(OptsFormTest, TheTabKeyGoesThroughTheControlsAsTheyStand) {
-  host_.Windows.Load(*model_);
-  std::vector<QString> expected, found;
-  for (const Control* const control : ControlsOf(host_.Windows, FormName::kOpts)) {
-    const QString name = QString::fromStdString(control->Name());
-    if (Find<QWidget>(control->Name())->focusPolicy() & Qt::TabFocus) expected.push_back(name);
-  }
-  for (const QWidget* widget = window_->nextInFocusChain(); widget != window_;
-       widget = widget->nextInFocusChain()) {
+  EXPECT_GT(expected.size(), 40U);
+  const QWidget* widget = window_->nextInFocusChain();
+  for (; widget != window_; widget = widget->nextInFocusChain()) {
     if (std::ranges::count(expected, widget->objectName()) > 0) {
       found.push_back(widget->objectName());
     }
   }
   EXPECT_EQ(found, expected);
+  EXPECT_EQ(Find<QCheckBox>("Check14")->accessibleName(),
+            "Pause 30 seconds before checking for new version or refreshing tooltip");
+  EXPECT_EQ(Find<QTabWidget>("Tabs")->count(), 7);
 }
 
 TEST_F(OptsFormTest, MnemonicsAreUniqueWithinAPage) {
@@ -215,7 +178,7 @@ TEST_F(OptsFormTest, NothingIsCutOff) {
 
 TEST_F(OptsFormTest, LongNamesDontWidenIt) {
   const QSize usual = window_->size();
-  state_.Accounts.push_back(std::string(500, 'w'));
+  Store({{std::string(500, 'w')}, {"ann"}, {"x"}});
   Open();
   EXPECT_EQ(window_->size(), usual);
 }
@@ -229,7 +192,7 @@ TEST_F(OptsFormTest, WhatThePersonDoesReachesTheModel) {
   EXPECT_EQ(store_.ReadSetting(kUse24Hour), kTrue);
   EXPECT_FALSE(Find<QPushButton>("ApplyButton")->isEnabled());
 
-  Press(Find<QComboBox>("Combo3"), Qt::Key_Down);
+  QTest::keyClick(Find<QComboBox>("Combo3"), Qt::Key_Down);
   EXPECT_EQ(model_->AdSenseFrame.Combo3.Text(), "two");
   EXPECT_TRUE(model_->AdSenseFrame.AdSenseChanged);
 
@@ -239,14 +202,17 @@ TEST_F(OptsFormTest, WhatThePersonDoesReachesTheModel) {
   EXPECT_THAT(host_.Trace({"open"}), ElementsAre(testing::HasSubstr("/Forum/index.php?c=19")));
 }
 
-TEST_F(OptsFormTest, ALineKeepsWhatTheCodePageLacks) {
+TEST_F(OptsFormTest, LinesAreForTheCodePageButKeepWhatItLacks) {
   auto* const line = Find<QLineEdit>("Text3");
   line->insert(QString::fromUtf8("a\u20ac\u0416\U0001F426"));
   EXPECT_EQ(model_->ProxyFrame.Text3.Text(), "a\x80\x1A\x1A");
   EXPECT_EQ(line->text(), QString::fromUtf8("a\u20ac\u0416\U0001F426"));
-  EXPECT_EQ(Find<QLineEdit>("Text2")->displayText(), "");
-  Find<QLineEdit>("Text2")->insert("abc");
-  EXPECT_EQ(Find<QLineEdit>("Text2")->displayText(), "***");
+  model_->ProxyFrame.Text4.SetText("\x80");
+  EXPECT_EQ(Find<QLineEdit>("Text4")->text(), QString(QChar(0x20AC)));
+  auto* const password = Find<QLineEdit>("Text2");
+  EXPECT_EQ(password->displayText(), "");
+  password->insert("abc");
+  EXPECT_EQ(password->displayText(), "***");
 }
 
 TEST_F(OptsFormTest, TheModelShowsWithoutRunningEvents) {
@@ -261,8 +227,6 @@ TEST_F(OptsFormTest, TheModelShowsWithoutRunningEvents) {
   EXPECT_EQ(clicks, 0);
   model_->GeneralFrame.Check1.SetEnabled(false);
   EXPECT_FALSE(Find<QCheckBox>("Check1")->isEnabled());
-  model_->ProxyFrame.Text4.SetText("\x80");
-  EXPECT_EQ(Find<QLineEdit>("Text4")->text(), QString(QChar(0x20AC)));
 }
 
 // Names of files are the host's own bytes, not the code page's.
@@ -279,7 +243,7 @@ TEST_F(OptsFormTest, OnlyChoosingASoundCounts) {
   EXPECT_EQ(model_->SoundsFrame.SoundChoices[0], "(None)");
   EXPECT_EQ(box->currentText(), "(None)");
 
-  Press(box, Qt::Key_Down);
+  QTest::keyClick(box, Qt::Key_Down);
   EXPECT_EQ(model_->SoundsFrame.SoundChoices[0], "b\xc3\xa9.wav");
   EXPECT_TRUE(Find<QPushButton>("Command9")->isEnabled());
 }
@@ -295,20 +259,21 @@ TEST_F(OptsFormTest, OkCancelAndCloseBoxAreThreeEndings) {
       {"close box", [](QWidget* window) { window->close(); }, "one|||two", "one"},
       {"Cancel", [](QWidget* window) { window->findChild<QPushButton*>("Command2")->click(); },
        "one|||two", "two"},
-      {"OK", [](QWidget* window) { window->findChild<QPushButton*>("Command1")->click(); }, "one",
-       "one"},
+      {"Escape", [](QWidget* window) { QTest::keyClick(window, Qt::Key_Escape); }, "one|||two",
+       "two"},
+      {"Return", [](QWidget* window) { QTest::keyClick(window, Qt::Key_Return); }, "one", "one"},
   };
   for (const Case& c : kCases) {
-    static_cast<AccountList&>(state_) = LoadAccountList(store_);
     Open();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window_)) << "for its shortcuts";
     host_.Boxes.Add({.Answer = BoxAnswer::kYes});
-    Press(Find<QComboBox>("Combo3"), Qt::Key_Down);
+    QTest::keyClick(Find<QComboBox>("Combo3"), Qt::Key_Down);
     Find<QPushButton>("Command6")->click();
     c.end(window_);
-    EXPECT_EQ(Window("Opts"), nullptr) << c.name;
+    EXPECT_EQ(ShownWindow("Opts"), nullptr) << c.name;
     EXPECT_FALSE(model_->Loaded()) << c.name;
     model_.reset();  // the window lives a little longer
-    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    DeleteClosedWindows();
     EXPECT_EQ(window_, nullptr) << c.name;
     EXPECT_EQ(store_.ReadSetting(kAccounts), c.stored) << c.name;
     EXPECT_EQ(state_.Accounts.back(), c.state) << c.name;
@@ -316,27 +281,39 @@ TEST_F(OptsFormTest, OkCancelAndCloseBoxAreThreeEndings) {
 }
 
 TEST_F(OptsFormTest, AccountFormStandsInTheMiddleAndTakesAnEntry) {
-  Find<QPushButton>("Command7")->click();
-  QWidget* const account = Window("Account");
-  ASSERT_NE(account, nullptr);
+  QWidget* account = nullptr;
+  const auto open = [&] {
+    Find<QPushButton>("Command7")->click();
+    account = ShownWindow("Account");
+    ASSERT_NE(account, nullptr);
+  };
+  open();
   EXPECT_EQ(account->windowTitle(), "Edit AdSense Account");
   EXPECT_EQ(account->windowModality(), Qt::WindowModal);
   const QPoint apart = account->geometry().center() - window_->geometry().center();
   EXPECT_LE(apart.manhattanLength(), 2);
-  EXPECT_EQ(account->findChild<QLineEdit*>("Text3")->displayText(), "*");
-
+  auto* const password = account->findChild<QLineEdit*>("Text3");
+  EXPECT_EQ(password->displayText(), "*");
   auto* const connect = account->findChild<QPushButton*>("Connect");
   host_.Grants.Add({{"grant:ABCDEFGHIJ27", ""}});
   connect->click();
   EXPECT_FALSE(connect->isEnabled());
   host_.RunFor(std::chrono::seconds(1));
   EXPECT_TRUE(connect->isEnabled());
-  EXPECT_EQ(account->findChild<QLineEdit*>("Text3")->text(), "grant:ABCDEFGHIJ27");
+  EXPECT_EQ(password->text(), "grant:ABCDEFGHIJ27");
 
-  account->findChild<QLineEdit*>("Text1")->setText("renamed");
-  Press(account->findChild<QLineEdit*>("Text1"), Qt::Key_Return);
-  EXPECT_EQ(Window("Account"), nullptr);
-  EXPECT_EQ(Find<QComboBox>("Combo3")->currentText(), "renamed");
+  const struct Case {
+    Qt::Key key;
+    const char* name;
+  } kCases[] = {{Qt::Key_Escape, "one"}, {Qt::Key_Return, "renamed"}};
+  for (const Case& c : kCases) {
+    open();
+    auto* const name = account->findChild<QLineEdit*>("Text1");
+    name->setText("renamed");
+    QTest::keyClick(name, c.key);
+    EXPECT_EQ(ShownWindow("Account"), nullptr) << c.name;
+    EXPECT_EQ(Find<QComboBox>("Combo3")->currentText(), c.name);
+  }
   EXPECT_TRUE(Find<QPushButton>("ApplyButton")->isEnabled());
 }
 

@@ -51,8 +51,8 @@ void PrivateDesktop::NudgeWindowManager() {
   Output("xprop", {"-root", "-f", "QUILLBOX_NUDGE", "8s", "-set", "QUILLBOX_NUDGE", "nudge"});
 }
 
-void PrivateDesktop::StartTray() {
-  tray_ = Start("trayer", {"--edge", "bottom", "--widthtype", "request", "--SetDockType", "false"});
+void PrivateDesktop::StartTray(const QStringList& options) {
+  tray_ = Start("trayer", options);
 }
 
 OwnedProcess PrivateDesktop::Start(const QString& program, const QStringList& arguments) {

@@ -17,7 +17,9 @@ class PrivateDesktop {
  public:
   // Throws std::runtime_error when a part of it doesn't start.
   PrivateDesktop();
-  void StartTray();
+  // By itself it has the size of what it holds, and doesn't say that it is a panel.
+  void StartTray(const QStringList& options = {"--edge", "bottom", "--widthtype", "request",
+                                               "--SetDockType", "false"});
   // Without a chance to clean up.
   void KillTray() { tray_.reset(); }
 

@@ -4,7 +4,9 @@
 
 #include <QCoreApplication>
 #include <QEventLoop>
+#include <map>
 #include <thread>
+#include <vector>
 
 #include "desktop/qt_event_pump.h"
 
@@ -18,14 +20,9 @@ void PumpUntil(const std::function<bool()>& done) {
   while (!done()) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
 }
 
-class QtTimersTest : public testing::Test {
- protected:
-  QtTimers timers_;
-};
-
-TEST_F(QtTimersTest, TicksFromThePumpAloneAndWhileItIsOn) {
+TEST(QtTimers, TicksFromThePumpAloneAndWhileItIsOn) {
   int ticks = 0;
-  const auto timer = timers_.NewTimer(1ms, [&] { ++ticks; });
+  const auto timer = QtTimers().NewTimer(1ms, [&] { ++ticks; });
   EXPECT_FALSE(timer->Enabled());
   timer->SetEnabled(true);
   std::this_thread::sleep_for(25ms);
@@ -37,10 +34,10 @@ TEST_F(QtTimersTest, TicksFromThePumpAloneAndWhileItIsOn) {
   EXPECT_EQ(ticks, 2);
 }
 
-TEST_F(QtTimersTest, LeavesOutWhatComesDueInItsHandler) {
+TEST(QtTimers, LeavesOutWhatComesDueInItsHandler) {
   int running = 0;
   int ticks = 0;
-  const auto timer = timers_.NewTimer(5ms, [&] {
+  const auto timer = QtTimers().NewTimer(5ms, [&] {
     ++ticks;
     EXPECT_EQ(++running, 1);
     const auto end = std::chrono::steady_clock::now() + 40ms;
@@ -54,19 +51,34 @@ TEST_F(QtTimersTest, LeavesOutWhatComesDueInItsHandler) {
   PumpUntil([&] { return ticks == 2; });
 }
 
-TEST_F(QtTimersTest, HandlerCanTurnItOffAndOn) {
+// Timers of a second and more are put together with others, up to a twentieth of their time early.
+TEST(QtTimers, OneThatComesEarlyDoesNotTickAgainWhenItIsDue) {
+  const auto end = std::chrono::steady_clock::now() + 4s;
+  std::vector<std::unique_ptr<Timer>> timers;
+  std::map<std::chrono::milliseconds, std::chrono::steady_clock::time_point> last;
+  for (auto interval = 1000ms; interval < 2000ms; interval += 20ms) {
+    timers.push_back(QtTimers().NewTimer(interval, [&last, interval] {
+      const auto now = std::chrono::steady_clock::now();
+      EXPECT_GT(now - last[interval], interval / 4) << interval.count();
+      last[interval] = now;
+    }));
+    timers.back()->SetEnabled(true);
+  }
+  PumpUntil([&] { return std::chrono::steady_clock::now() > end; });
+  EXPECT_EQ(last.size(), timers.size());
+}
+
+TEST(QtTimers, HandlerCanTurnItOffAndOnAndThrowItAway) {
   int ticks = 0;
-  std::unique_ptr<Timer> timer = timers_.NewTimer(1ms, [&] {
+  std::unique_ptr<Timer> timer = QtTimers().NewTimer(1ms, [&] {
     timer->SetEnabled(false);
     if (++ticks < 3) timer->SetEnabled(true);
   });
   timer->SetEnabled(true);
   PumpUntil([&] { return ticks == 3; });
   EXPECT_FALSE(timer->Enabled());
-}
 
-TEST_F(QtTimersTest, HandlerCanThrowItAway) {
-  std::unique_ptr<Timer> timer = timers_.NewTimer(1ms, [&] { timer.reset(); });
+  timer = QtTimers().NewTimer(1ms, [&] { timer.reset(); });
   timer->SetEnabled(true);
   PumpUntil([&] { return timer == nullptr; });
 }

@@ -2,9 +2,9 @@
 
 #include <QThread>
 #include <cstdlib>
-#include <fstream>
 #include <utility>
 
+#include "config/account_list.h"
 #include "config/setting_keys.h"
 #include "desktop/docked_icons.h"
 #include "desktop/fake_bus_service.h"
@@ -20,11 +20,16 @@ void QuillboxOnDesktop::SetUp() {
   fs::copy_file(QUILLBOX_PROGRAM, Path("quillbox"));
   fs::remove_all(SettingsFile().parent_path());
   SettingBatch settings;
-  settings.Write(kRuns, "1").Write(kCheckForNewVersion, kFalse).Write(kCheckPrompted, kTrue);
-  Store(settings);
+  SaveAccountList(settings, {{"one"}, {"a@example.test"}, {"a\"b c#%41"}});
+  Store(settings.Write(kPrimaryAccount, "one")
+            .Write(kRuns, "1")
+            .Write(kCheckForNewVersion, kFalse)
+            .Write(kCheckPrompted, kTrue)
+            .Write(kTraySingleAction, kActionVisit)
+            .Write(kTrayAction, kActionOpenAccount));
   WriteScript("xdg-open", "printf '%s\\n' \"$1\" >> " + Path("opened"));
   static const QByteArray path = qgetenv("PATH");
-  qputenv("PATH", folder_.path().toUtf8() + ":" + path);
+  qputenv("PATH", QByteArray::fromStdString(folder_.Path()) + ":" + path);
 }
 
 void QuillboxOnDesktop::Store(const SettingBatch& settings) {
@@ -39,23 +44,27 @@ std::string QuillboxOnDesktop::Settings() {
   return SystemFiles().Read(SettingsFile()).value_or("");
 }
 
-void QuillboxOnDesktop::WriteScript(const char* name, const std::string& text) const {
-  std::ofstream(Path(name)) << "#!/bin/sh\n" << text << "\n";
-  fs::permissions(Path(name), fs::perms::owner_all);
+void QuillboxOnDesktop::DockIcon() {
+  desktop_.StartTray();
+  quillbox_ = StartQuillbox();
+  ASSERT_TRUE(IconComes());
 }
 
 bool QuillboxOnDesktop::IconComes() {
-  return ComesAbout([&] { return DockedIcons(desktop_.Display()).size() == 1; });
+  return ComesAbout([&] {
+    desktop_.NudgeWindowManager();  // the tray is a window, too
+    return DockedIcons(desktop_).size() == 1;
+  });
 }
 bool QuillboxOnDesktop::IconGoes() {
-  return ComesAbout([&] { return DockedIcons(desktop_.Display()).empty(); });
+  return ComesAbout([&] { return DockedIcons(desktop_).empty(); });
 }
 
 // A tray moves an icon that it has just taken in, and Qt puts it in once more when the tray is new.
 void QuillboxOnDesktop::PointAtIcon() {
   std::vector<QPoint> before, now;
   ASSERT_TRUE(ComesAbout([&] {
-    before = std::exchange(now, DockedIcons(desktop_.Display()));
+    before = std::exchange(now, DockedIcons(desktop_));
     QThread::msleep(100);
     return now.size() == 1 && now == before;
   }));
@@ -67,18 +76,44 @@ bool QuillboxOnDesktop::TooltipIsShown() {
               .isEmpty();
 }
 
-bool QuillboxOnDesktop::MenuComes() {
-  return ComesAbout([&] { return MenuIsOpen(desktop_.Display()); });
+bool QuillboxOnDesktop::TooltipComes() {
+  return ComesAbout([&] { return TooltipIsShown(); });
 }
-bool QuillboxOnDesktop::MenuGoes() {
-  return ComesAbout([&] { return !MenuIsOpen(desktop_.Display()); });
+bool QuillboxOnDesktop::TooltipGoes() {
+  return ComesAbout([&] { return !TooltipIsShown(); });
 }
 
-std::vector<std::string> QuillboxOnDesktop::Opened() const {
-  std::vector<std::string> addresses;
-  std::ifstream file(Path("opened"));
-  for (std::string line; std::getline(file, line);) addresses.push_back(line);
-  return addresses;
+void QuillboxOnDesktop::ExpectHoverWorks() {
+  PointElsewhere();
+  PointAtIcon();
+  EXPECT_TRUE(TooltipComes());
+  PointElsewhere();
+  EXPECT_TRUE(TooltipGoes());
+}
+
+bool QuillboxOnDesktop::MenuComes() {
+  return ComesAbout([&] { return MenuIsOpen(desktop_); });
+}
+bool QuillboxOnDesktop::MenuGoes() {
+  return ComesAbout([&] { return !MenuIsOpen(desktop_); });
+}
+
+void QuillboxOnDesktop::OpenMenu() {
+  PointAtIcon();
+  Mouse("click 3");
+  ASSERT_TRUE(MenuComes());
+}
+
+std::string QuillboxOnDesktop::OpenedBy(const std::function<void()>& act) {
+  folder_.Put("opened", "");
+  act();
+  EXPECT_TRUE(ComesAbout([&] { return !folder_.Content("opened").empty(); }));
+  Settle();
+  return folder_.Content("opened");
+}
+
+void QuillboxOnDesktop::Settle() {
+  QThread::msleep(500);
 }
 
 }  // namespace quillbox

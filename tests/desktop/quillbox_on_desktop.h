@@ -3,17 +3,19 @@
 
 #include <gtest/gtest.h>
 
-#include <QTemporaryDir>
 #include <filesystem>
+#include <functional>
 #include <string>
-#include <vector>
 
 #include "config/settings_store.h"
 #include "desktop/private_desktop.h"
+#include "system/temporary_folder.h"
 
 namespace quillbox {
 
-// No settings are left from an earlier test, and nothing is asked for at the program's start.
+// No settings are left from an earlier test, and nothing is asked for at the program's start. There
+// is one account; a single click on the icon visits the maker's site, a double click opens the
+// account.
 class QuillboxOnDesktop : public testing::Test {
  protected:
   void SetUp() override;
@@ -24,10 +26,15 @@ class QuillboxOnDesktop : public testing::Test {
   // Whether the program has begun its run: it counts the second one.
   static bool HasBegun() { return Settings().find("Runs=2") != std::string::npos; }
 
-  std::string Path(const char* name) const { return folder_.filePath(name).toStdString(); }
-  void WriteScript(const char* name, const std::string& text) const;
+  // In the program's folder.
+  std::string Path(const char* name) const { return folder_.File(name); }
+  void WriteScript(const char* name, const std::string& text) const {
+    folder_.PutProgram(name, text);
+  }
 
-  OwnedProcess StartQuillbox() { return desktop_.Start(folder_.filePath("quillbox")); }
+  OwnedProcess StartQuillbox() { return desktop_.Start(QString::fromStdString(Path("quillbox"))); }
+  // Starts a tray, and the program in it.
+  void DockIcon();
 
   bool IconComes();
   bool IconGoes();
@@ -37,14 +44,24 @@ class QuillboxOnDesktop : public testing::Test {
   void PointAtIcon();
   void PointElsewhere() { Mouse("mousemove 400 200"); }
   bool TooltipIsShown();
+  bool TooltipComes();
+  bool TooltipGoes();
+  void ExpectHoverWorks();
   bool MenuComes();
   bool MenuGoes();
+  void OpenMenu();
 
-  // The addresses that were handed to the desktop so far.
-  std::vector<std::string> Opened() const;
+  // Patterns of what is handed to the desktop.
+  static constexpr const char* kVisit = "https://quillbox\\.example\\.test\n";
+  static constexpr const char* kOpenAccount = "[^\n]*/accounts/ServiceLoginAuth\\?[^\n]*\n";
+  // What was handed to it after `act`, until a second address would have come, too.
+  std::string OpenedBy(const std::function<void()>& act);
+  // Of an action that is one too many, to be seen.
+  static void Settle();
 
-  const QTemporaryDir folder_;
+  const TemporaryFolder folder_;
   PrivateDesktop desktop_;
+  OwnedProcess quillbox_;
 };
 
 }  // namespace quillbox

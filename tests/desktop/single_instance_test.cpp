@@ -1,97 +1,96 @@
-#include <gtest/gtest.h>
+// One program a user: who passes the gate, who hears of later starts, and where the gate stands.
+#include <gmock/gmock.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <QProcess>
-#include <QTemporaryDir>
-#include <filesystem>
-#include <fstream>
-#include <memory>
-#include <vector>
+#include <future>
+#include <map>
+#include <thread>
 
-#include "desktop/child_process.h"
+#include "desktop/fake_bus_service.h"
+#include "desktop/local_single_instance.h"
 #include "desktop/rounds.h"
-#include "system/instance_gate.h"
+#include "support/child_process.h"
 #include "system/runtime_folder.h"
+#include "system/temporary_folder.h"
 
 namespace quillbox {
 namespace {
 
 using namespace std::chrono_literals;
+using testing::ElementsAre;
+using testing::Pair;
 namespace fs = std::filesystem;
 
-using Processes = std::vector<std::unique_ptr<QProcess>>;
+enum Start { kHeardAll, kWasHeard, kFailed };
 
-Processes StartAtOnce(int count) {
-  Processes processes;
-  for (int i = 0; i < count; ++i) {
-    processes.push_back(std::make_unique<QProcess>());
-    processes.back()->start(QUILLBOX_INSTANCE_PROBE, QStringList());
+Start PassOrKnock(const std::string& folder, int others) {
+  InstanceGate& gate = *new InstanceGate(folder);  // never closed, as when the process is killed
+  if (!gate.Pass()) return gate.Knock(10s) ? kWasHeard : kFailed;
+  int heard = 0;
+  for (int tries = 0; tries < 1000 && heard < others; ++tries) {
+    heard += gate.AnswerKnocks();
+    std::this_thread::sleep_for(10ms);
   }
-  return processes;
+  return heard == others ? kHeardAll : kFailed;
 }
 
-// Waits until all but one have ended, which is the one that stays; null when there is no such one.
-QProcess* TheOneThatStays(const Processes& processes) {
-  QProcess* first = nullptr;
-  for (const auto& process : processes) {
-    while (process->state() != QProcess::NotRunning && !process->canReadLine()) {
-      process->waitForReadyRead(100);
-    }
-    if (!process->canReadLine()) continue;
-    if (first != nullptr || process->readLine() != "first\n") return nullptr;
-    first = process.get();
-  }
-  return first;
-}
-
-int CountLaunches(QProcess& first, int expected) {
-  int launches = 0;
-  while (launches < expected && (first.canReadLine() || first.waitForReadyRead(5000))) {
-    while (first.canReadLine()) launches += first.readLine() == "launched\n" ? 1 : 0;
-  }
-  return launches;
-}
-
-TEST(SingleInstance, OfThirtyStartsOneStaysAndHearsTheOthers) {
+TEST(InstanceGate, OfThirtyStartsOnePassesAndHearsTheOthers) {
   constexpr int kStarts = 30;
+  const TemporaryFolder folder;
   for (int round = 0; round < Rounds(); ++round) {
-    const Processes processes = StartAtOnce(kStarts);
-    QProcess* const first = TheOneThatStays(processes);
-    ASSERT_NE(first, nullptr) << "round " << round;
-    EXPECT_EQ(CountLaunches(*first, kStarts - 1), kStarts - 1) << "round " << round;
-    // What it leaves when it is killed does not stop the next one.
-    first->kill();
-    first->waitForFinished();
+    // What the one has left does not stop the next one.
+    const auto start = [&] {
+      return InChildAs(::geteuid(), [&] { return PassOrKnock(folder.Path(), kStarts - 1); });
+    };
+    std::vector<std::future<int>> starts;
+    for (int i = 0; i < kStarts; ++i) starts.push_back(std::async(std::launch::async, start));
+    std::map<int, int> found;
+    for (std::future<int>& one : starts) ++found[one.get()];
+    ASSERT_THAT(found, ElementsAre(Pair(kHeardAll, 1), Pair(kWasHeard, kStarts - 1))) << round;
   }
-}
-
-TEST(InstanceGate, IsPassedByOneUntilItIsGone) {
-  const QTemporaryDir folder;
-  auto first = std::make_unique<InstanceGate>(folder.path().toStdString());
-  EXPECT_TRUE(first->Pass());
-  EXPECT_TRUE(first->Pass());
-  InstanceGate second(folder.path().toStdString());
-  EXPECT_FALSE(second.Pass());
-  first.reset();
-  EXPECT_FALSE(second.Knock(0ms));
-  EXPECT_TRUE(second.Pass());
 }
 
 TEST(InstanceGate, IsDeafToOtherUsers) {
   if (::geteuid() != 0) GTEST_SKIP() << "only root can be another user";
-  const QTemporaryDir folder;
-  InstanceGate gate(folder.path().toStdString());
+  const TemporaryFolder folder;
+  InstanceGate gate(folder.Path());
   ASSERT_TRUE(gate.Pass());
-  fs::permissions(folder.path().toStdString(), fs::perms::all);
-  fs::permissions(folder.path().toStdString() + "/quillbox.socket", fs::perms::all);
-  const int heard = InChildAs(
-      kNobody, [&] { return InstanceGate(folder.path().toStdString()).Knock(50ms) ? 1 : 0; });
-  EXPECT_EQ(heard, 0);
+  fs::permissions(folder.Path(), fs::perms::all);
+  fs::permissions(folder.File("quillbox.socket"), fs::perms::all);
+  EXPECT_EQ(InChildAs(kNobody, [&] { return InstanceGate(folder.Path()).Knock(50ms) ? 1 : 0; }), 0);
   EXPECT_EQ(gate.AnswerKnocks(), 0);
 }
 
-// RuntimeFolder as a process of that user has it that is told this runtime folder.
+class CountedLaunches : public HostEvents {
+ public:
+  void TaskbarCreated() override {}
+  void QuillboxLaunched() override { ++Count; }
+  void Form_MouseMove(TrayMouse) override {}
+  const Menu& TrayMenu() override { return menu_; }
+  void MenuItemChosen(const MenuItem&) override {}
+
+  int Count = 0;
+
+ private:
+  Menu menu_;
+};
+
+TEST(LocalSingleInstance, TellsOfEachLaterStart) {
+  CountedLaunches launches;
+  LocalSingleInstance first;
+  first.Connect(launches);
+  for (int count = 1; count <= 2; ++count) {
+    EXPECT_FALSE(first.AnotherInstanceRuns()) << count;
+    const auto later = std::async(std::launch::async, [] {
+      LocalSingleInstance second;
+      if (second.AnotherInstanceRuns()) second.WakeRunningInstance();
+    });
+    EXPECT_TRUE(ComesAbout([&] { return launches.Count == count; })) << count;
+  }
+}
+
+// RuntimeFolder as a process has it that is told this runtime folder.
 fs::path RuntimeFolderTold(const fs::path& told) {
   const QByteArray before = qgetenv("XDG_RUNTIME_DIR");
   qputenv("XDG_RUNTIME_DIR", told.c_str());
@@ -101,8 +100,8 @@ fs::path RuntimeFolderTold(const fs::path& told) {
 }
 
 TEST(RuntimeFolder, IsNeverOneThatOthersCanWrite) {
-  const QTemporaryDir temporary;
-  const fs::path folder = temporary.path().toStdString() + "/ours";
+  const TemporaryFolder temporary;
+  const fs::path folder = temporary.File("ours");
   EXPECT_NE(RuntimeFolderTold(folder), folder) << "it is not there";
   fs::create_directories(folder);
   fs::permissions(folder, fs::perms::owner_all);

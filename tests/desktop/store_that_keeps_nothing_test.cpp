@@ -1,20 +1,15 @@
 // The per-user store when the disk doesn't take what it writes: it reads back what is on disk.
-#include <fcntl.h>
 #include <gtest/gtest.h>
-#include <sched.h>
-#include <sys/mount.h>
 #include <sys/resource.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
-#include <QTemporaryDir>
 #include <csignal>
 #include <filesystem>
 #include <fstream>
 
 #include "config/settings_store.h"
-#include "desktop/child_process.h"
 #include "desktop/settings_per_user_store.h"
+#include "support/child_process.h"
 #include "system/system_environment.h"
 #include "system/system_files.h"
 
@@ -24,6 +19,8 @@ namespace {
 namespace fs = std::filesystem;
 
 enum Result { kKept = 0, kFileMode = 10, kOldValueLost = 11, kNoPreparation = 12 };
+
+constexpr const char* kOld = "[Misc]\nRuns=old\n";
 
 void Write(SettingsPerUserStore& store, const char* key, const std::string& value) {
   const SettingChange change{"Misc", key, value};
@@ -50,87 +47,67 @@ int Probe() {
   return userStore.Read("Misc", "Runs") == old ? kFileMode : kOldValueLost;
 }
 
+void RefuseEveryWrite() {
+  std::signal(SIGXFSZ, SIG_IGN);
+  const rlimit none{};
+  if (::setrlimit(RLIMIT_FSIZE, &none) != 0) ::_exit(kNoPreparation);
+}
+
 class StoreThatKeepsNothing : public testing::Test {
  protected:
-  void SetUp() override {
-    config_ = fs::path(std::getenv("XDG_CONFIG_HOME"));
+  ~StoreThatKeepsNothing() override { Clear(); }
+
+  void Clear() const {
+    for (const fs::path& path : {config_, folder_}) {
+      if (fs::exists(path)) fs::permissions(path, fs::perms::owner_all);
+    }
     fs::remove_all(config_);
-    fs::create_directories(config_ / "Quillbox");
-    std::ofstream(File()) << "[Misc]\nRuns=old\n";
-    fs::permissions(config_.parent_path(), fs::perms(0755));
-    GiveToNobody();
   }
-  void TearDown() override { fs::permissions(config_ / "Quillbox", fs::perms::owner_all); }
 
-  fs::path File() const { return config_ / "Quillbox" / "Quillbox.conf"; }
-
-  void GiveToNobody() const {
+  // Old settings of an ordinary user.
+  void Begin() const {
+    Clear();
+    fs::create_directories(folder_);
+    std::ofstream(file_) << kOld;
     if (::geteuid() != 0) return;
-    for (const fs::path& path : {config_, config_ / "Quillbox", File()}) {
+    fs::permissions(config_.parent_path(), fs::perms(0755));
+    for (const fs::path& path : {config_, folder_, file_}) {
       ASSERT_EQ(::chown(path.c_str(), kNobody, kNobody), 0);
     }
   }
 
-  std::string Content() const {
-    std::ifstream file(File());
-    return {std::istreambuf_iterator<char>(file), {}};
-  }
-
-  fs::path config_;
+  const fs::path config_ = std::getenv("XDG_CONFIG_HOME");
+  const fs::path folder_ = config_ / "Quillbox", file_ = folder_ / "Quillbox.conf";
 };
 
 TEST_F(StoreThatKeepsNothing, IsNoticedOnlyWhenItIsSo) {
-  EXPECT_EQ(InChildAs(kNobody, Probe), kKept);
-}
-
-TEST_F(StoreThatKeepsNothing, FileIsReadOnly) {
-  fs::permissions(File(), fs::perms::owner_read);
-  EXPECT_EQ(InChildAs(kNobody, Probe), kFileMode);
-  EXPECT_EQ(Content(), "[Misc]\nRuns=old\n");
-}
-
-TEST_F(StoreThatKeepsNothing, FolderIsReadOnly) {
-  fs::permissions(config_ / "Quillbox", fs::perms::owner_read | fs::perms::owner_exec);
-  EXPECT_EQ(InChildAs(kNobody, Probe), kFileMode);
-  EXPECT_EQ(Content(), "[Misc]\nRuns=old\n");
-}
-
-TEST_F(StoreThatKeepsNothing, FolderCanNotBeMade) {
-  fs::remove_all(config_ / "Quillbox");
-  fs::permissions(config_, fs::perms::owner_read | fs::perms::owner_exec);
-  EXPECT_EQ(InChildAs(kNobody, Probe), kFileMode);
-  fs::permissions(config_, fs::perms::owner_all);
-  fs::create_directories(config_ / "Quillbox");
-}
-
-TEST_F(StoreThatKeepsNothing, EveryWriteIsRefused) {
-  const auto probe = [] {
-    std::signal(SIGXFSZ, SIG_IGN);
-    const rlimit none{};
-    return ::setrlimit(RLIMIT_FSIZE, &none) == 0 ? Probe() : kNoPreparation;
+  constexpr auto kReadOnly = fs::perms::owner_read | fs::perms::owner_exec;
+  const struct Case {
+    const char* name;
+    std::function<void()> prepare;  // as the user
+    Result result;
+    std::optional<std::string> content;
+  } kCases[] = {
+      {"all is well", [] {}, kKept, "[Misc]\nRegTest=Test\nRuns=new\nVersion=new\n"},
+      {"read-only file", [&] { fs::permissions(file_, fs::perms::owner_read); }, kFileMode, kOld},
+      {"read-only folder", [&] { fs::permissions(folder_, kReadOnly); }, kFileMode, kOld},
+      {"no folder, and none can be made",
+       [&] {
+         fs::remove_all(folder_);
+         fs::permissions(config_, kReadOnly);
+       },
+       kFileMode, std::nullopt},
+      {"every write is refused", RefuseEveryWrite, kFileMode, kOld},
   };
-  EXPECT_EQ(InChildAs(kNobody, probe), kFileMode);
-  EXPECT_EQ(Content(), "[Misc]\nRuns=old\n");
-}
-
-TEST_F(StoreThatKeepsNothing, DiskIsFull) {
-  if (::geteuid() != 0) GTEST_SKIP() << "only root can mount a small disk";
-  const auto probe = [this] {
-    if (::unshare(CLONE_NEWNS) != 0 ||
-        ::mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0 ||
-        ::mount("tmpfs", config_.c_str(), "tmpfs", 0, "size=32k,uid=65534,mode=700") != 0) {
-      return static_cast<int>(kNoPreparation);
-    }
-    return InChildAs(kNobody, [this] {
-      fs::create_directories(config_ / "Quillbox");
-      std::ofstream(File()) << "[Misc]\nRuns=old\n";
-      std::ofstream(config_ / "filler") << std::string(1 << 20, 'x');
+  for (const Case& c : kCases) {
+    Begin();
+    const auto prepareAndProbe = [&] {
+      c.prepare();
       return Probe();
-    });
-  };
-  const int outcome = InChildAs(0, probe);
-  if (outcome == kNoPreparation) GTEST_SKIP() << "no small disk can be mounted here";
-  EXPECT_EQ(outcome, kFileMode);
+    };
+    EXPECT_EQ(InChildAs(kNobody, prepareAndProbe), c.result) << c.name;
+    EXPECT_EQ(SystemFiles().Read(file_), c.content) << c.name;
+  }
 }
 
 }  // namespace

@@ -2,12 +2,15 @@
 #include <gtest/gtest.h>
 
 #include <QImage>
-#include <QTemporaryDir>
-#include <fstream>
-#include <sstream>
+#include <QSystemTrayIcon>
 
 #include "desktop/fake_bus_service.h"
 #include "desktop/private_desktop.h"
+#include "desktop/shown_window.h"
+#include "qt_tray/qt_tooltip_window.h"
+#include "system/system_files.h"
+#include "system/temporary_folder.h"
+#include "tooltip/tooltip_picture.h"
 
 namespace quillbox {
 namespace {
@@ -15,12 +18,6 @@ namespace {
 constexpr QColor kBack(250, 240, 200);
 constexpr QColor kValueColor(200, 0, 0);
 constexpr QColor kDescriptionColor(0, 0, 200);
-constexpr int kPanel = 30;  // how thick it is
-
-struct Shown {
-  std::string Taskbar;  // left top right bottom
-  QRect Window;
-};
 
 bool Like(QRgb pixel, const QColor& color) {
   constexpr int kDifference = 60;  // edges of letters are mixed
@@ -51,218 +48,163 @@ int RowsOf(const QColor& color, const QImage& picture) {
   return rows;
 }
 
+// Made before Qt looks for its display.
+PrivateDesktop& Desktop() {
+  static PrivateDesktop desktop;
+  return desktop;
+}
+
+// How many of the screen's dots one of Qt's pixels is wide.
+int Scale() {
+  return qRound(qApp->devicePixelRatio());
+}
+
 class TooltipWindowTest : public testing::Test {
  protected:
   TooltipWindowTest() {
-    std::ofstream(folder_.filePath("skin.ini").toStdString())
-        << "[Skin]\nBackColor=" << (kBack.red() | kBack.green() << 8 | kBack.blue() << 16)
-        << "\nFontFace=DejaVu Sans\nFontSize=14\nFontColor=200,0,0\nDescFontColor=0,0,200\n";
+    const int back = kBack.red() | kBack.green() << 8 | kBack.blue() << 16;
+    folder_.Put("skin.ini", "[Skin]\nBackColor=" + std::to_string(back) +
+                                "\nFontFace=DejaVu Sans\nFontSize=14\nFontColor=200,0,0\n"
+                                "DescFontColor=0,0,200\n");
+  }
+  ~TooltipWindowTest() override { Desktop().KillTray(); }
+
+  // Its middle stands in the middle of the edge, and it says that it is a panel.
+  static void StartShortPanel(const char* edge) {
+    Desktop().StartTray({"--edge", edge, "--align", "center", "--heighttype", "pixel", "--height",
+                         "30", "--widthtype", "percent", "--width", "20", "--SetDockType", "true",
+                         "--SetPartialStrut", "true"});
   }
 
-  // Its middle stands in the middle of the edge.
-  void StartPanel(const QString& edge, const QStringList& more = {}) {
-    panel_ =
-        desktop_.Start("trayer", QStringList{"--edge", edge, "--align", "center", "--heighttype",
-                                             "pixel", "--height", QString::number(kPanel)} +
-                                     more);
-  }
-  void StartShortPanel(const QString& edge) {
-    StartPanel(edge, {"--widthtype", "percent", "--width", "20", "--SetDockType", "true",
-                      "--SetPartialStrut", "true"});
+  // In dots.
+  static void PointAt(const QPoint& place) {
+    Desktop().Output("xdotool",
+                     {"mousemove", QString::number(place.x()), QString::number(place.y())});
   }
 
-  void PointAt(const QPoint& place) {
-    desktop_.Output("xdotool",
-                    {"mousemove", QString::number(place.x()), QString::number(place.y())});
+  // Shows the window as soon as the panel is there that has this place, over the whole edge, and
+  // gives the window's own.
+  QRect ShowBeside(const QRect& panel) {
+    PixelRect found;
+    EXPECT_TRUE(ComesAbout([&] {
+      Desktop().NudgeWindowManager();
+      found = window_.Surroundings().Taskbar;
+      return QRect(found.Left, found.Top, found.Right - found.Left, found.Bottom - found.Top) ==
+             panel;
+    })) << found.Left
+        << ' ' << found.Top << ' ' << found.Right << ' ' << found.Bottom;
+    window_.Show(BuildTooltipPicture("Today: 12.34\r\nno row of it\r\nPages: 7", files_,
+                                     folder_.File("skin.ini"), folder_.File("Skin.gif"), window_));
+    return ShownWindow("TooltipWin")->geometry();
   }
+  QRect Show() { return ShowBeside({}); }
 
-  void StartProbe(const QStringList& environment = {}) {
-    probe_ = desktop_.Start(
-        "env", environment + QStringList{QUILLBOX_TOOLTIP_PROBE, folder_.path(), "Today: 12.34",
-                                         "no row of it", "Pages: 7"});
+  QImage Screen() const {
+    Desktop().Output("import",
+                     {"-window", "root", QString::fromStdString(folder_.File("screen.png"))});
+    return QImage(QString::fromStdString(folder_.File("screen.png")));
   }
-
-  void Tell(const char* order) {
-    probe_->write(order);
-    probe_->write("\n");
-    probe_->waitForBytesWritten();
+  // In dots.
+  QImage PictureNow(const QRect& window) const {
+    return Screen().copy({Scale() * window.topLeft(), Scale() * window.size()});
   }
-
-  QByteArray Answer() {
-    while (!probe_->canReadLine()) {
-      if (!probe_->waitForReadyRead(10000)) return {};
-    }
-    return probe_->readLine();
-  }
-
-  Shown Show() {
-    Tell("show");
-    std::istringstream answer(Answer().toStdString());
-    int left = 0, top = 0, right = 0, bottom = 0, x = 0, y = 0, width = 0, height = 0;
-    double screenWidth = 0, screenHeight = 0;
-    answer >> left >> top >> right >> bottom >> screenWidth >> screenHeight >> x >> y >> width >>
-        height;
-    std::ostringstream taskbar;
-    taskbar << left << ' ' << top << ' ' << right << ' ' << bottom;
-    return {taskbar.str(), {x, y, width, height}};
-  }
-
-  void Close() {
-    Tell("close");
-    EXPECT_EQ(Answer(), "closed\n");
-  }
-
-  // A panel comes up at its own pace.
-  Shown ShowBeside(const std::string& taskbar) {
-    StartProbe();
-    Shown shown;
-    ComesAbout([&] {
-      shown = Show();
-      if (shown.Taskbar == taskbar) return true;
-      Close();
-      return false;
-    });
-    return shown;
-  }
-
-  QImage Screen() {
-    const QString file = folder_.filePath("screen.png");
-    desktop_.Output("import", {"-window", "root", file});
-    return QImage(file);
-  }
-
   // Once it is painted.
-  QImage Picture(const QRect& window) {
+  QImage Picture(const QRect& window) const {
     QImage picture;
-    ComesAbout([&] {
-      picture = Screen().copy(window);
+    EXPECT_TRUE(ComesAbout([&] {
+      picture = PictureNow(window);
       return !AreaOf(kValueColor, picture).isEmpty();
-    });
+    }));
     return picture;
   }
 
-  // Whether nothing lies over it.
-  bool IsOnTop(const QRect& window) {
-    const QImage picture = Screen().copy(window);
-    int back = 0;
-    for (int y = 1; y < picture.height() - 1; ++y) {
-      for (int x = 1; x < picture.width() - 1; ++x) back += picture.pixel(x, y) == kBack.rgb();
-    }
-    return 2 * back > picture.width() * picture.height();
-  }
-
-  QString Focus() { return desktop_.Output("xdotool", {"getwindowfocus"}).trimmed(); }
+  static QString Focus() { return Desktop().Output("xdotool", {"getwindowfocus"}).trimmed(); }
 
   // A window of another program that takes the focus.
-  OwnedProcess StartOtherWindow(const QString& name, const QRect& area) {
-    auto other = desktop_.Start(
-        "xmessage",
-        {"-name", name, "-geometry",
-         QString("%1x%2+%3+%4").arg(area.width()).arg(area.height()).arg(area.x()).arg(area.y()),
-         "Another window"});
+  static OwnedProcess StartOtherWindow(const QString& name, const QString& geometry) {
+    auto other = Desktop().Start("xmessage", {"-name", name, "-geometry", geometry, "Another"});
     EXPECT_TRUE(ComesAbout([&] {
-      desktop_.NudgeWindowManager();
-      const QString id = desktop_.Output("xdotool", {"search", "--onlyvisible", "--name", name});
-      if (id.isEmpty()) return false;
-      desktop_.Output("xdotool", {"windowactivate", id.section('\n', 0, 0)});
-      return Focus() == id.section('\n', 0, 0);
-    })) << Focus().toStdString()
-        << " instead of "
-        << desktop_.Output("xdotool", {"search", "--onlyvisible", "--name", name}).toStdString();
+      Desktop().NudgeWindowManager();
+      const QString id = Desktop().Output("xdotool", {"search", "--onlyvisible", "--name", name});
+      Desktop().Output("xdotool", {"windowactivate", id.section('\n', 0, 0)});
+      return !id.isEmpty() && Focus() == id.section('\n', 0, 0);
+    })) << Focus().toStdString();
     return other;
   }
 
-  const QTemporaryDir folder_;
-  PrivateDesktop desktop_;
-  OwnedProcess panel_, probe_;
+  const TemporaryFolder folder_;
+  SystemFiles files_;
+  QtTooltipWindow window_;
 };
 
 TEST_F(TooltipWindowTest, StandsBesideThePanelOnEachEdge) {
-  struct Case {
-    const char* Edge;
-    QPoint Pointer;
-    std::string Taskbar;                    // over the whole edge
-    QPoint (*Corner)(const QSize& window);  // where the window is to stand
-  };
-  const Case kCases[] = {
-      {"bottom",
-       {400, 590},
-       "0 570 800 600",
-       [](const QSize& w) { return QPoint(800 - w.width() - 10, 570 - w.height()); }},
-      {"top",
-       {400, 10},
-       "0 0 800 30",
-       [](const QSize& w) { return QPoint(800 - w.width() - 10, 30); }},
-      {"left",
-       {10, 300},
-       "0 0 30 600",
-       [](const QSize& w) { return QPoint(30, 600 - w.height() - 10); }},
-      {"right",
-       {790, 300},
-       "770 0 800 600",
-       [](const QSize& w) { return QPoint(770 - w.width(), 600 - w.height()); }},
+  static const struct Case {
+    const char* edge;
+    QPoint pointer;
+    QRect panel;
+    QPoint (QRect::*corner)() const;  // of the window
+    QPoint place;                     // of that corner
+  } kCases[] = {
+      {"bottom", {400, 590}, {0, 570, 800, 30}, &QRect::bottomRight, {789, 569}},
+      {"top", {400, 10}, {0, 0, 800, 30}, &QRect::topRight, {789, 30}},
+      {"left", {10, 300}, {0, 0, 30, 600}, &QRect::bottomLeft, {30, 589}},
+      {"right", {790, 300}, {770, 0, 30, 600}, &QRect::bottomRight, {769, 599}},
   };
   for (const Case& c : kCases) {
-    StartShortPanel(c.Edge);
-    PointAt(c.Pointer);
-    const Shown shown = ShowBeside(c.Taskbar);
-    EXPECT_EQ(shown.Taskbar, c.Taskbar) << c.Edge;
-    EXPECT_EQ(shown.Window.topLeft(), c.Corner(shown.Window.size())) << c.Edge;
-    EXPECT_FALSE(AreaOf(kDescriptionColor, Picture(shown.Window)).isEmpty()) << c.Edge;
+    SCOPED_TRACE(c.edge);
+    StartShortPanel(c.edge);
+    PointAt(c.pointer);
+    const QRect window = ShowBeside(c.panel);
+    EXPECT_EQ((window.*c.corner)(), c.place);
+    EXPECT_FALSE(AreaOf(kDescriptionColor, Picture(window)).isEmpty());
   }
 }
 
 TEST_F(TooltipWindowTest, FindsAPanelThatDoesNotSayWhatItIsByTheIconInIt) {
-  StartPanel("bottom", {"--widthtype", "request", "--SetDockType", "false"});
-  StartProbe();
-  Tell("icon");
+  Desktop().StartTray();
+  QPixmap picture(22, 22);
+  picture.fill(Qt::darkGreen);
+  QSystemTrayIcon icon(picture);
+  icon.show();
   PointAt({400, 585});
-  Shown shown;
-  EXPECT_TRUE(ComesAbout([&] {
-    shown = Show();
-    Close();
-    return shown.Taskbar == "0 570 800 600";
-  })) << shown.Taskbar;
+  ShowBeside({0, 574, 800, 26});
 }
 
-TEST_F(TooltipWindowTest, WithoutPanelItStandsInTheLeftBottomCorner) {
-  StartProbe();
-  const Shown shown = Show();
-  EXPECT_EQ(shown.Taskbar, "0 0 0 0");
-  EXPECT_EQ(shown.Window.topLeft(), QPoint(0, 600 - shown.Window.height() - 10));
-}
-
+// Run at a scale of 2, too.
 TEST_F(TooltipWindowTest, ShowsRowsInTheirColoursWithinEvenMarginsAndAFrame) {
-  StartProbe();
-  const QRect window = Show().Window;
+  StartShortPanel("bottom");
+  PointAt({400, 590});
+  const QRect window = ShowBeside({0, 570 / Scale(), 800 / Scale(), 30 / Scale()});
+  EXPECT_EQ(window.bottomRight(), QPoint(800 / Scale() - 11, 570 / Scale() - 1));
   const QImage picture = Picture(window);
   const QRect descriptions = AreaOf(kDescriptionColor, picture);
   const QRect values = AreaOf(kValueColor, picture);
 
   EXPECT_EQ(RowsOf(kDescriptionColor, picture), 2);
   EXPECT_EQ(RowsOf(kValueColor, picture), 2);
-  EXPECT_NEAR(descriptions.left(), 12, 2);  // 180 twips
-  EXPECT_NEAR(window.width() - 1 - values.right(), 12, 3);
+  EXPECT_NEAR(descriptions.left(), 12 * Scale(), 2 * Scale());  // 180 twips
+  const int right = picture.width() - 1, bottom = picture.height() - 1;
+  EXPECT_NEAR(right - values.right(), 12 * Scale(), 3 * Scale());
   EXPECT_GT(values.right(), descriptions.right());
-  EXPECT_GE(descriptions.top(), 10);  // 150 twips, and what a letter leaves free above itself
-  EXPECT_LE(descriptions.bottom(), window.height() - 10);
+  // 150 twips, and what a letter leaves free above itself.
+  EXPECT_GE(descriptions.top(), 10 * Scale());
+  EXPECT_GE(bottom - descriptions.bottom(), 9 * Scale());
 
-  const QPoint middles[] = {{window.width() / 2, 0},
-                            {window.width() / 2, window.height() - 1},
-                            {0, window.height() / 2},
-                            {window.width() - 1, window.height() / 2}};
-  const QRgb frame = picture.pixel(middles[0]);
+  const QRgb frame = picture.pixel(0, 0);
   EXPECT_FALSE(Like(frame, kBack));
-  for (const QPoint& middle : middles) EXPECT_EQ(picture.pixel(middle), frame);
-  EXPECT_EQ(picture.pixel(1, 1), kBack.rgb());
-  EXPECT_EQ(picture.pixel(window.width() - 2, window.height() - 2), kBack.rgb());
+  const int across = picture.width() / 2, down = picture.height() / 2, line = Scale() - 1;
+  for (const QPoint& place : {QPoint(across, line), QPoint(across, bottom - line),
+                              QPoint(line, down), QPoint(right - line, down)}) {
+    EXPECT_EQ(picture.pixel(place), frame);
+  }
+  EXPECT_EQ(picture.pixel(line + 1, line + 1), kBack.rgb());
+  EXPECT_EQ(picture.pixel(right - line - 1, bottom - line - 1), kBack.rgb());
 }
 
 TEST_F(TooltipWindowTest, PictureTakesThePlaceOfTheColour) {
-  desktop_.Output("convert", {"-size", "20x600", "xc:#00c800", folder_.filePath("Skin.gif")});
-  StartProbe();
-  const QRect window = Show().Window;
-  const QImage picture = Picture(window);
+  Desktop().Output("convert", {"-size", "20x600", "xc:#00c800",
+                               QString::fromStdString(folder_.File("Skin.gif"))});
+  const QImage picture = Picture(Show());
   EXPECT_EQ(picture.pixel(5, 5), QColor(0, 200, 0).rgb());
   EXPECT_EQ(picture.pixel(19, 5), QColor(0, 200, 0).rgb());
   EXPECT_NE(picture.pixel(20, 5), QColor(0, 200, 0).rgb());  // at its own size
@@ -270,53 +212,47 @@ TEST_F(TooltipWindowTest, PictureTakesThePlaceOfTheColour) {
 }
 
 TEST_F(TooltipWindowTest, LiesOverOtherWindowsAndLeavesThemTheFocus) {
-  const QRect corner(0, 350, 400, 240);
-  const auto below = StartOtherWindow("below", corner);
+  const auto below = StartOtherWindow("below", "400x240+0+350");
   const QString focus = Focus();
-  StartProbe();
-  const QRect window = Show().Window;
-  Picture(window);
-  EXPECT_TRUE(corner.contains(window));
-  EXPECT_TRUE(IsOnTop(window));
+  const QRect window = Show();
+  const QImage picture = Picture(window);
+  EXPECT_TRUE(QRect(0, 350, 400, 240).contains(window));
   EXPECT_EQ(Focus(), focus);
-  const auto later = StartOtherWindow("later", corner);
-  EXPECT_TRUE(IsOnTop(window));
-  Close();
-  EXPECT_TRUE(ComesAbout([&] { return !IsOnTop(window); }));
+  const auto later = StartOtherWindow("later", "400x240+0+350");
+  EXPECT_EQ(PictureNow(window), picture);
+  window_.Close();
+  EXPECT_TRUE(ComesAbout([&] { return PictureNow(window) != picture; }));
 }
 
-TEST_F(TooltipWindowTest, ScaleLeavesPlaceAndLookAsTheyAre) {
-  StartShortPanel("bottom");
-  PointAt({400, 590});
-  const QRect plain = ShowBeside("0 570 800 600").Window;
-  probe_.reset();
-  StartProbe({"QT_SCALE_FACTOR=2"});
-  const Shown shown = Show();
-  EXPECT_EQ(shown.Taskbar, "0 285 400 300");
-  EXPECT_NEAR(shown.Window.width(), plain.width(), 4);
-  EXPECT_EQ(shown.Window.bottomRight(), QPoint(400 - 10 - 1, 285 - 1));
-
-  const QRect onScreen(2 * shown.Window.topLeft(), 2 * shown.Window.size());
-  const QImage picture = Picture(onScreen);
-  EXPECT_EQ(RowsOf(kDescriptionColor, picture), 2);
-  EXPECT_NEAR(AreaOf(kDescriptionColor, picture).left(), 24, 3);
-  EXPECT_FALSE(Like(picture.pixel(onScreen.width() / 2, 1), kBack));  // a frame of two pixels
-  EXPECT_EQ(picture.pixel(onScreen.width() / 2, 2), kBack.rgb());
-}
-
-TEST_F(TooltipWindowTest, StaysOnTheScreenOfThePointer) {
-  for (const char* const side : {"0", "400"}) {
-    desktop_.Output("xrandr",
-                    {"--setmonitor", QString("side") + side,
-                     QString("400/100x600/150+") + side + "+0", *side == '0' ? "screen" : "none"});
+TEST_F(TooltipWindowTest, WithoutPanelItStandsInTheLeftBottomCornerOfThePointersScreen) {
+  const auto awaitScreens = [](int count) {
+    return ComesAbout([=] { return QGuiApplication::screens().size() == count; });
+  };
+  for (const QString side : {"0", "400"}) {
+    Desktop().Output("xrandr", {"--setmonitor", "side" + side, "400/100x600/150+" + side + "+0",
+                                side == "0" ? "screen" : "none"});
   }
-  PointAt({700, 300});
-  StartProbe();
-  EXPECT_EQ(Show().Window.x(), 400);
-  Close();
-  PointAt({100, 300});
-  EXPECT_EQ(Show().Window.x(), 0);
+  ASSERT_TRUE(awaitScreens(2));
+  for (const int left : {400, 0}) {
+    PointAt({left + 300, 300});
+    EXPECT_EQ(Show().bottomLeft(), QPoint(left, 589));
+  }
+  for (const char* const side : {"side0", "side400"})
+    Desktop().Output("xrandr", {"--delmonitor", side});
+  EXPECT_TRUE(awaitScreens(1));
 }
 
 }  // namespace
 }  // namespace quillbox
+
+int main(int argc, char** argv) {
+  const quillbox::TemporaryFolder home;
+  for (const char* const name : {"HOME", "XDG_RUNTIME_DIR"}) qputenv(name, home.Path().c_str());
+  testing::InitGoogleTest(&argc, argv);
+  qputenv("DISPLAY", quillbox::Desktop().Display().toUtf8());
+  qputenv("DBUS_SESSION_BUS_ADDRESS", quillbox::Desktop().BusAddress().toUtf8());
+  qputenv("QT_QPA_PLATFORM", "xcb");
+  const QApplication application(argc, argv);
+  QApplication::setQuitOnLastWindowClosed(false);
+  return RUN_ALL_TESTS();
+}

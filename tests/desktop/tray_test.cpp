@@ -1,80 +1,54 @@
-// The real program on a real tray.
+// The real program on a real tray, with a real pointer.
 #include <gmock/gmock.h>
 #include <signal.h>
 
-#include <filesystem>
-#include <fstream>
-
-#include "config/account_list.h"
 #include "config/setting_keys.h"
 #include "desktop/docked_icons.h"
 #include "desktop/fake_bus_service.h"
-#include "desktop/played_watcher.h"
 #include "desktop/quillbox_on_desktop.h"
 #include "desktop/rounds.h"
 
 namespace quillbox {
 namespace {
 
+using testing::MatchesRegex;
 namespace fs = std::filesystem;
 
-class TrayTest : public QuillboxOnDesktop {
- protected:
-  void ChooseLastMenuItem() {
-    PointAtIcon();
-    Mouse("click 3");
-    ASSERT_TRUE(MenuComes());
-    Mouse("key Up Return");
-  }
-
-  // Of the icon that this connection has offered.
-  void ExpectTipAndMenu(const QString& connection) {
-    const auto ask = [&](const QStringList& question) {
-      return desktop_.Output("dbus-send",
-                             QStringList{"--print-reply", "--dest=" + connection} + question);
-    };
-    EXPECT_TRUE(ask({"/StatusNotifierItem", "org.freedesktop.DBus.Properties.Get",
-                     "string:org.kde.StatusNotifierItem", "string:ToolTip"})
-                    .contains("\"Quillbox\""));
-    EXPECT_TRUE(ask({"/MenuBar", "com.canonical.dbusmenu.GetLayout", "int32:0", "int32:-1",
-                     "array:string:"})
-                    .contains("\"Exit\""));
-  }
-};
-
-TEST_F(TrayTest, IconComesBackEachTimeTheTrayWasRestarted) {
-  desktop_.StartTray();
-  const auto quillbox = StartQuillbox();
-  ASSERT_TRUE(IconComes());
-  LongestWait longest;
-  for (int round = 0; round < Rounds(); ++round) {
-    desktop_.KillTray();
-    ASSERT_TRUE(IconGoes()) << round;
-    desktop_.StartTray();
-    ASSERT_TRUE(longest.Of([&] { return IconComes(); })) << round;
-  }
-  EXPECT_EQ(quillbox->state(), QProcess::Running);
-}
+using TrayTest = QuillboxOnDesktop;
 
 TEST_F(TrayTest, IconComesEachTimeTheTrayIsLate) {
   LongestWait longest;
   for (int round = 0; round < Rounds(); ++round) {
     Store(SettingBatch().Write(kRuns, "1"));
-    const auto quillbox = StartQuillbox();
+    quillbox_ = StartQuillbox();
     ASSERT_TRUE(ComesAbout(HasBegun)) << round << Settings();
-    EXPECT_TRUE(DockedIcons(desktop_.Display()).empty()) << round;
+    EXPECT_TRUE(DockedIcons(desktop_).empty()) << round;
     desktop_.StartTray();
     ASSERT_TRUE(longest.Of([&] { return IconComes(); })) << round;
     desktop_.KillTray();
+    quillbox_.reset();
+  }
+}
+
+TEST_F(TrayTest, IconAndMouseAreBackEachTimeTheTrayWasRestarted) {
+  DockIcon();
+  LongestWait longest;
+  for (int round = 0; round < Rounds(); ++round) {
+    SCOPED_TRACE(round);
+    desktop_.KillTray();
+    ASSERT_TRUE(IconGoes());
+    desktop_.StartTray();
+    ASSERT_TRUE(longest.Of([&] { return IconComes(); }));
+    ExpectHoverWorks();
+    PointAtIcon();
+    ASSERT_THAT(OpenedBy([&] { Mouse("click 1"); }), MatchesRegex(kVisit));
   }
 }
 
 TEST_F(TrayTest, ASecondStartEndsAndLeavesNoTrace) {
-  desktop_.StartTray();
-  const auto quillbox = StartQuillbox();
-  ASSERT_TRUE(IconComes());
+  DockIcon();
   ASSERT_TRUE(ComesAbout(HasBegun));
-  std::ofstream(Path("Content.dat")) << "of the first one";
+  folder_.Put("Content.dat", "of the first one");
   const std::string settings = Settings();
 
   const auto second = StartQuillbox();
@@ -82,54 +56,77 @@ TEST_F(TrayTest, ASecondStartEndsAndLeavesNoTrace) {
   EXPECT_EQ(second->exitCode(), 0);
   EXPECT_EQ(Settings(), settings);
   EXPECT_TRUE(fs::exists(Path("Content.dat")));
-  EXPECT_EQ(DockedIcons(desktop_.Display()).size(), 1U);
-  EXPECT_EQ(quillbox->state(), QProcess::Running);
+  EXPECT_EQ(DockedIcons(desktop_).size(), 1U);
+  EXPECT_EQ(quillbox_->state(), QProcess::Running);
 }
 
-TEST_F(TrayTest, StatusNotifierHostGetsIconTipAndMenuHoweverLateItComes) {
-  PlayedWatcher watcher(desktop_.BusAddress());
-  const auto items = [&] { return watcher.Calls("RegisterStatusNotifierItem"); };
-  const auto quillbox = StartQuillbox();
-  ASSERT_TRUE(ComesAbout(HasBegun));
-  for (int round = 0; round < Rounds(); ++round) {
-    const std::size_t before = items().size();
-    const std::size_t asked = watcher.Calls("Get").size();
-    watcher.HasHost = false;
-    watcher.Appear();
-    ASSERT_TRUE(ComesAbout([&] { return watcher.Calls("Get").size() > asked; })) << round;
-    EXPECT_EQ(items().size(), before) << "there is no host yet";
-    watcher.HasHost = true;
-    watcher.Signal("StatusNotifierHostRegistered");
-    ASSERT_TRUE(ComesAbout([&] { return items().size() > before; })) << round;
-    ExpectTipAndMenu(items().back().service());
-    watcher.Vanish();
+TEST_F(TrayTest, WindowStaysWhileTheCursorMovesOverTheIconAndGivesWayToTheMenu) {
+  DockIcon();
+  PointAtIcon();
+  ASSERT_TRUE(TooltipComes());
+  for (int move = 0; move < 40; ++move) {
+    Mouse(move % 2 == 0 ? "mousemove_relative 3 0" : "mousemove_relative -- -3 0");
+    ASSERT_TRUE(TooltipIsShown()) << move;
   }
-  EXPECT_EQ(quillbox->state(), QProcess::Running);
+  OpenMenu();
+  EXPECT_FALSE(TooltipIsShown());
+  Mouse("mousemove_relative 2 0");
+  Settle();
+  EXPECT_FALSE(TooltipIsShown()) << "under the open menu";
+
+  Mouse("key Escape");
+  ASSERT_TRUE(MenuGoes());
+  ExpectHoverWorks();
+  OpenMenu();
+  PointElsewhere();
+  Mouse("click 1");
+  EXPECT_TRUE(MenuGoes());
+  EXPECT_EQ(quillbox_->state(), QProcess::Running);
+}
+
+TEST_F(TrayTest, ATrayThatGoesUnderTheOpenMenuTakesNothingElseWithIt) {
+  DockIcon();
+  OpenMenu();
+  desktop_.KillTray();
+  ASSERT_TRUE(IconGoes());
+  desktop_.StartTray();
+  ASSERT_TRUE(IconComes());
+  Mouse("key Escape");
+  ASSERT_TRUE(MenuGoes());
+  ExpectHoverWorks();
+}
+
+TEST_F(TrayTest, ClicksRunOneActionEach) {
+  static const struct Case {
+    const char* clicks;
+    const char* opened;
+  } kCases[] = {
+      {"click 1", kVisit},
+      {"click --repeat 2 --delay 40 1", kOpenAccount},
+      {"click --repeat 2 --delay 300 1", kVisit},
+  };
+  DockIcon();
+  PointAtIcon();
+  for (const Case& c : kCases) {
+    EXPECT_THAT(OpenedBy([&] { Mouse(c.clicks); }), MatchesRegex(c.opened)) << c.clicks;
+  }
 }
 
 TEST_F(TrayTest, ExitInTheMenuEndsTheProcessAndItsAgentsInTheMiddleOfARefresh) {
-  WriteScript("dl", "echo $$ > " + Path("agent.new") + "; mv " + Path("agent.new") + " " +
-                        Path("agent") + "\nexec sleep 600");
-  SettingBatch settings;
-  SaveAccountList(settings, {{"one"}, {"a@example.test"}, {"secret"}});
-  settings.Write(kRefreshTooltip, kTrue).Write(kDataToDownload, kDownloadContent);
-  Store(settings);
-  std::ofstream(Path("Content.dat")) << "of a run that died";
-
-  desktop_.StartTray();
-  const auto quillbox = StartQuillbox();
-  ASSERT_TRUE(IconComes());
+  WriteScript("dl", "cd " + folder_.Path() + "; echo $$ > new; mv new agent; exec sleep 600");
+  Store(SettingBatch().Write(kRefreshTooltip, kTrue).Write(kDataToDownload, kDownloadContent));
+  folder_.Put("Content.dat", "of a run that died");
+  DockIcon();
   ASSERT_TRUE(ComesAbout([&] { return fs::exists(Path("agent")); }));
   EXPECT_FALSE(fs::exists(Path("Content.dat")));
 
-  ChooseLastMenuItem();
-  ASSERT_TRUE(quillbox->waitForFinished());
-  EXPECT_EQ(quillbox->exitStatus(), QProcess::NormalExit);
-  EXPECT_EQ(quillbox->exitCode(), 0);
-  EXPECT_TRUE(DockedIcons(desktop_.Display()).empty());
-  pid_t agent = 0;
-  ASSERT_TRUE(std::ifstream(Path("agent")) >> agent);
-  EXPECT_NE(::kill(agent, 0), 0);
+  OpenMenu();
+  Mouse("key Up Return");
+  ASSERT_TRUE(quillbox_->waitForFinished());
+  EXPECT_EQ(quillbox_->exitStatus(), QProcess::NormalExit);
+  EXPECT_EQ(quillbox_->exitCode(), 0);
+  EXPECT_TRUE(DockedIcons(desktop_).empty());
+  EXPECT_NE(::kill(std::stoi(folder_.Content("agent")), 0), 0);
 }
 
 }  // namespace

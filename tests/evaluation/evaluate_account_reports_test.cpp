@@ -1,15 +1,71 @@
-#include "evaluation/evaluate_account_reports.h"
-
+// What is decided of an account's reports, and how it is carried out.
 #include <gmock/gmock.h>
 
+#include "evaluation/account_evaluation.h"
+#include "evaluation/evaluate_account_reports.h"
 #include "sample_reports.h"
 #include "simulated/context_on_state.h"
+#include "test_region.h"
 
 namespace quillbox {
 namespace {
 
 using testing::ElementsAre;
 using testing::StartsWith;
+
+// One account whose reports come day after day, as the store would keep it.
+struct AccountLife {
+  EvaluationInput Input = ContentInput("");
+  EvaluationDecision See(std::string report) {
+    Input.Content = std::move(report);
+    const EvaluationDecision decision = EvaluateReports(Input, Region("en-US"));
+    Input.StoredHistory = decision.History;
+    if (decision.GatePassed) Input.StoredStats = StoredRecord(decision.Stats);
+    if (!decision.Changes.Empty()) Input.LastDate = decision.Stats.ReportDate;
+    return decision;
+  }
+};
+
+TEST(EvaluateReports, MissingReportsCountAsNothing) {
+  EvaluationInput input = ContentInput(ContentReport("1/31/2007", "1000"));
+  input.DataToDownload = "All";
+  input.Referral =
+      "Date\n1/31/2007\t0\t0\t0.00%\t0\t0.00\t0.00\n"
+      "Totals\t1000\t5\t0.50%\t2\t0.25\t0.25\nAverages\n";
+  const AccountStats merged = EvaluateReports(input, Region("de-DE")).Stats;
+  EXPECT_EQ(merged.ReportDate, "1/31/2007");
+  EXPECT_EQ(merged.Impressions, "1000");
+  EXPECT_EQ(merged.Ecpm, "$2,0");
+  EXPECT_EQ(merged.PredictedEarnings, "") << "a text in dollars is no number there";
+  input.DataToDownload = "Referrals";
+  input.Referral.reset();
+  EXPECT_EQ(StoredRecord(EvaluateReports(input, Region("de-DE")).Stats),
+            "9:05 AM|||31.01.2007|||0|||0|||0|||0|||0|||0,00 \200|||0|||0|||0||||||");
+}
+
+TEST(EvaluateReports, ADayGoesByAndTheNextBegins) {
+  AccountLife life;
+  life.See(ContentReport("1/30/2007", "1000"));
+  EXPECT_FALSE(life.See(ContentReport("1/30/2007", "1000", "10", "1%", "9.00", "9.00")).GatePassed);
+  EXPECT_TRUE(life.See(ContentReport("1/30/2007", "1200")).Changes.Has(Figure::kImpressions));
+
+  const EvaluationDecision next =
+      life.See(ContentReport("1/31/2007", "5", "0", "0%", "2.0", "0.00"));
+  EXPECT_EQ(next.History, "1200");
+  EXPECT_EQ(next.Stats.PredictedEarnings, "$2.40");
+  EXPECT_TRUE(next.Changes.Has(Figure::kImpressions));
+  EXPECT_FALSE(next.Changes.Has(Figure::kClicks));
+  EXPECT_EQ(life.Input.LastDate, "1/31/2007");
+}
+
+TEST(EvaluateReports, AnErrorPageRunsThrough) {
+  AccountLife life;
+  life.See(ContentReport("1/30/2007", "1000"));
+  const EvaluationDecision decision = life.See("<html><body>Service unavailable</body></html>");
+  EXPECT_TRUE(decision.GatePassed);
+  EXPECT_EQ(decision.Stats.ReportDate, "<html><body>Service unavailable</body></html>");
+  EXPECT_EQ(decision.History, "1000");
+}
 
 // Account "one", the primary one, with a report of the day.
 struct Evaluation : ContextOnState {
@@ -92,15 +148,6 @@ TEST_F(Evaluation, TakesTheSelectedReportsFromTheirFiles) {
                 testing::HasSubstr(std::string("|||") + c.impressions + "|||"))
         << c.setting;
   }
-}
-
-TEST_F(Evaluation, NoReportSelectedStillRunsThrough) {
-  store_.WriteSetting(kDataToDownload, "Both");
-  store_.WriteSetting(kShowBalloonWhen, "Never");
-  state_.SoundFiles.fill("(None)");
-  EXPECT_THAT(
-      Run(), ElementsAre(kHistory, "store Accounts/one=9:05 AM||||||||||||||||||||||||||||||||||||",
-                         "tip Downloaded: 9:05 AM", kLastDateStored));
 }
 
 }  // namespace

@@ -6,7 +6,6 @@
 #include "evaluation/tray_stats.h"
 #include "simulated/context_on_state.h"
 #include "test_region.h"
-#include "text/text_list.h"
 #include "tray/tray_menu.h"
 
 namespace quillbox {
@@ -21,14 +20,6 @@ const std::string kFirst =
     "9:05 AM|||1/30/2007|||1000|||15|||1.5%|||$2.00|||3.00|||$4.00|||30000|||450|||1.25%|||2|||90";
 const std::string kSecond =
     "9:06 AM|||1/31/2007|||500|||3|||0.6%|||$3.00|||1.50|||$0.50|||9000|||50|||0.5%|||1|||10.5";
-
-TEST(OneAccountStatsText, HasALineForEachLetterInTheTablesOrder) {
-  EXPECT_EQ(OneAccountStatsText(kAllLetters, kFirst, kYear, Region("en-US")),
-            "Date: 1/30/2007\r\nImpressions: 1,000\r\nClicks: 15\r\nCTR: 1.5%\r\neCPM: $2.00\r\n"
-            "Earnings: $3.00\r\nPredicted Earnings: $4.00\r\nMonth Impressions: 30,000\r\n"
-            "Month Clicks: 450\r\nMonth CTR: 1.25%\r\nMonth eCPM: $2.00\r\nMonth Earnings: $90.00"
-            "\r\nDownloaded: 9:05 AM");
-}
 
 TEST(OneAccountStatsText, ShowsWhatIsSelectedAndThere) {
   struct Case {
@@ -63,9 +54,6 @@ TEST(OneAccountStatsText, ShowsWhatIsSelectedAndThere) {
 
 TEST(AllAccountsStatsText, SumsAndMeans) {
   const std::vector<std::string> records = {kFirst, kSecond};
-  EXPECT_EQ(AllAccountsStatsText("ABCDEFG", records, kYear, Region("en-US")),
-            "Date: 1/31/2007\r\nImpressions: 1,500\r\nClicks: 18\r\nCTR: 1.05%\r\neCPM: $2.50\r\n"
-            "Earnings: $4.50\r\nDownloaded: 9:06 AM");
   EXPECT_EQ(AllAccountsStatsText("HIJKLM", records, kYear, Region("en-US")),
             "Predicted Earnings: $4.50\r\nMonth Impressions: 39,000\r\nMonth Clicks: 500\r\n"
             "Month CTR: 0.875%\r\nMonth eCPM: $1.50\r\nMonth Earnings: $100.50");
@@ -94,15 +82,9 @@ TEST(AllAccountsStatsText, WhatIsMissingAddsNothing) {
   }
 }
 
-TEST(StatsPopupItems, ShowAllValuesOfAWholeRecord) {
-  const std::string text = OneAccountStatsText(kAllLetters, kFirst, kYear, Region("en-US"));
-  const std::string withoutName = text.substr(std::string("Date: ").size());
-  EXPECT_EQ(JoinText(StatsPopupItems(kFirst, Region("en-US")), "\r\n"), withoutName);
+TEST(StatsPopupItems, AreThereForAWholeRecordAlone) {
   EXPECT_THAT(StatsPopupItems("t|||no date|||1|||x|||||||||||||||||||||||||||", Region("en-US")),
               ElementsAre("no date", "Impressions: 1", "CTR: ", "Month CTR: ", "Downloaded: t"));
-}
-
-TEST(StatsPopupItems, AnyOtherRecordLeavesThePopupEmpty) {
   const std::string twelve = kFirst.substr(0, kFirst.rfind("|||"));
   for (const std::string& record : {std::string(), twelve, kFirst + "|||14"}) {
     EXPECT_THAT(StatsPopupItems(record, Region("en-US")), IsEmpty()) << record;
@@ -123,55 +105,38 @@ TEST(AccountStatsPopups, StandInReverseOrderBelowTheFirst) {
 }
 
 struct TrayStats : ContextOnState {
-  TrayStats() {
-    state_.Accounts = {"one", "two"};
-    host_.Store.Put("Accounts", "one", "9:05 AM|||1/30|||1000");
-    Show("ABG");
-  }
-  void Show(const char* letters) { host_.Store.Put("TrayTooltip", "Values", letters); }
+  TrayStats() { host_.Store.Put("Accounts", "one", "9:05 AM|||1/30|||1000"); }
   void ShowAll(const char* text) { host_.Store.Put("TrayTooltip", "DisplayAllStats", text); }
-  std::string Text(std::string account) { return BuildStatsText(program_, account); }
 };
 
-TEST_F(TrayStats, AnEmptyNameBecomesThePrimaryAccounts) {
-  std::string account;
-  EXPECT_EQ(BuildStatsText(program_, account), "");
-  EXPECT_EQ(account, "");
-  host_.Store.Put("AdSense", "PrimaryAccount", "one");
-  EXPECT_EQ(BuildStatsText(program_, account),
-            "Date: 1/30/2007\r\nImpressions: 1,000\r\nDownloaded: 9:05 AM");
-  EXPECT_EQ(account, "one");
-}
-
-TEST_F(TrayStats, DisplayAllStatsIsExactlyTrue) {
+TEST_F(TrayStats, AreOfThePrimaryAccountForAnEmptyNameAndOfAllWhenAllAreDisplayed) {
+  struct Case {
+    const char *displayAll, *primary, *account, *text;
+  };
+  const Case kCases[] = {{"", "", "", ""},
+                         {"", "one", "", "Impressions: 1,000"},
+                         {"", "one", "two", "Impressions: 500"},
+                         {"true", "one", "two", "Impressions: 500"},
+                         {"True", "", "two", "Impressions: 1,500"},
+                         {"True", "", "of no account", "Impressions: 1,500"}};
   host_.Store.Put("Accounts", "two", "9:06 AM|||1/31/2007|||500");
-  Show("B");
-  for (const char* one : {"", "true", "False"}) {
-    ShowAll(one);
-    EXPECT_EQ(Text("two"), "Impressions: 500") << one;
+  host_.Store.Put("TrayTooltip", "Values", "B");
+  for (const Case& c : kCases) {
+    ShowAll(c.displayAll);
+    host_.Store.Put("AdSense", "PrimaryAccount", c.primary);
+    std::string account = c.account;
+    EXPECT_EQ(BuildStatsText(program_, account), c.text) << c.displayAll << " " << c.account;
+    EXPECT_EQ(account, *c.account == '\0' ? c.primary : c.account) << c.account;
   }
-  ShowAll("True");
-  EXPECT_EQ(Text("two"), "Impressions: 1,500");
-  EXPECT_EQ(Text("of no account"), "Impressions: 1,500");
 }
 
 TEST_F(TrayStats, TheTooltipChangesOnlyForAStoredRecord) {
   ShowAll("True");
   UpdateTrayStats(program_, "two");
   EXPECT_THAT(host_.Trace(), IsEmpty());
-  Show("");
   UpdateTrayStats(program_, "one");
   EXPECT_THAT(host_.Trace({"tip"}), ElementsAre("tip"));
   EXPECT_EQ(state_.TooltipText, "");
-}
-
-TEST_F(TrayStats, PopupsGoIntoTheAccountsMenu) {
-  BuildTraySubmenus(program_);
-  BuildAccountStatsMenus(program_);
-  const Menu& menu = AccountsMenu(state_);
-  ASSERT_EQ(menu.size(), 2u);
-  EXPECT_EQ(menu[0].Caption, "one");
-  EXPECT_THAT(menu[0].Items, IsEmpty());  // three fields are no whole record
 }
 
 }  // namespace

@@ -7,7 +7,7 @@
 #include "api/token_answer.h"
 #include "fuzz/fuzz_input.h"
 #include "grant/grant.h"
-#include "oauth/redirect_request.h"
+#include "oauth/consent_answer.h"
 #include "text/grant_name.h"
 
 namespace {
@@ -89,9 +89,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   for (const long status : {200L, 400L, 403L, 500L}) {
     JudgeServiceAnswer({Transfer::kComplete, status, "", "", "", std::string(text)});
   }
-  const auto redirect = ReadRedirect(text);
-  if (redirect)
-    Require(!redirect->State.empty() && redirect->Code.empty() != redirect->Error.empty());
+  const auto query = ReadPageRequest(text);
+  const auto consent = query ? ReadConsent(*query) : std::nullopt;
+  if (consent) Require(!consent->State.empty() && consent->Code.empty() != consent->Error.empty());
   Require(!IsGrantName(text) || text.size() == kGrantNamePrefix.size() + kGrantNameLetters);
   return 0;
 }

@@ -3,7 +3,6 @@
 #include <span>
 
 #include "replay/answer.h"
-#include "retrieval/sign_in_address.h"
 
 namespace quillbox {
 namespace {
@@ -126,6 +125,7 @@ TEST(Answers, AccountMenus) {
       R"("Month Earnings: $0.00","Downloaded: 9:01 AM"]},{"caption":"New","items":[]}]})");
 }
 
+// To the letter, for commands and addresses are contracts with other programs.
 TEST(Answers, Refresh) {
   const std::string commands =
       R"({"op":"refreshCommands","username":"a.b","password":"+%","host":"h.example:8443","folder":"/x")";
@@ -142,6 +142,15 @@ TEST(Answers, Refresh) {
            R"(&unitPref=page|/x/Content.dat|/x/Content.log",")" + form + "aggregate?product=afs" +
            dates + R"(|/x/Search.dat|/x/Search.log",")" + form + "referrals?product=ref" + dates +
            R"(|/x/Referral.dat|/x/Referral.log"]})"},
+      {"by ad unit",
+       commands + R"(,"settings":{"TrayTooltip":{"DataToDownload":"AdSense for Content"}}})",
+       R"({"ok":true,"commands":[")" + form + "aggregate?product=afc" + dates +
+           R"(&unitPref=adunit|/x/Content.dat|/x/Content.log"]})"},
+      {"the sign-in", R"({"op":"signInAddress","username":"a.b@","password":"+%","host":"h.test"})",
+       R"({"ok":true,"address":"https://h.test/accounts/ServiceLoginAuth?ltmpl=login)"
+       R"(&continue=https://h.test/adsense/gaiaauth&followup=https://h.test/adsense/gaiaauth)"
+       R"(&service=adsense&nui=3&ifr=true&rm=hide&ltmpl=login&hl=en-US&alwf=true)"
+       R"(&Email=%61%2E%62%40&Passwd=%2B%&null=Sign+in"})"},
       {"good", outcome + R"("contentCode":"0","otherCode":""})",
        R"({"ok":true,"evaluate":true,"balloon":null})"},
       {"password", outcome + R"("contentCode":"3\r\n","otherCode":"0"})",
@@ -151,19 +160,14 @@ TEST(Answers, Refresh) {
   ExpectAnswers(kCases);
 }
 
-TEST(Answers, SignInAddress) {
-  EXPECT_EQ(Answer(R"({"op":"signInAddress","username":"a.b","password":"+","host":"h.example"})"),
-            R"({"ok":true,"address":")" + SignInAddress("a.b", "+", "h.example") + "\"}");
-}
-
 TEST(Answers, Tooltip) {
   const Case kCases[] = {
       {"rows and size",
-       R"({"op":"tooltipLayout","text":"A: b\r\nplain\r\nC: dd","measure":)"
+       R"({"op":"tooltipLayout","text":"A: b\r\nplain\r\nCC: dd","measure":)"
        R"({"description":100,"value":90.5,"height":195}})",
        R"({"ok":true,"rows":[{"line":0,"description":"A:","value":" b","left":180,"top":150,)"
-       R"("valueLeft":380},{"line":2,"description":"C:","value":" dd","left":180,"top":370,)"
-       R"("valueLeft":380}],"width":831.5,"height":715})"},
+       R"("valueLeft":380},{"line":2,"description":"CC:","value":" dd","left":180,"top":370,)"
+       R"("valueLeft":480}],"width":931.5,"height":715})"},
       {"beside the taskbar",
        R"({"op":"tooltipPlacement","taskbar":[0,738,1024,768],"screen":[1024,768],)"
        R"("window":[143.5,48]})",

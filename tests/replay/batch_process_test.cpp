@@ -2,7 +2,7 @@
 
 #include <thread>
 
-#include "replay/child_program.h"
+#include "replay/replay_start.h"
 
 namespace quillbox {
 namespace {
@@ -17,7 +17,7 @@ std::string AnswerTo(int id) {
 }
 
 TEST(BatchProcess, AnswersEachLineWhileTheClientWaits) {
-  ChildProgram batch({"batch"});
+  ChildProcess batch(ReplayStart({"batch"}));
   for (int i = 0; i < 3; ++i) {
     batch.Write(Request(i) + "\n");
     EXPECT_EQ(batch.ReadLine(), AnswerTo(i));
@@ -28,24 +28,24 @@ TEST(BatchProcess, AnswersEachLineWhileTheClientWaits) {
   batch.Write(Request(4).substr(10) + "\r\n");
   EXPECT_EQ(batch.ReadLine(), AnswerTo(4));
   batch.CloseInput();
-  EXPECT_EQ(batch.ReadOutput(), "");
-  EXPECT_EQ(batch.ExitCode(), 0);
+  EXPECT_EQ(batch.ReadAll(), "");
+  EXPECT_EQ(batch.Wait(), 0);
 }
 
 TEST(BatchProcess, GoesOnAfterErrorsAndEndsWithZero) {
-  ChildProgram batch({"batch"});
+  ChildProcess batch(ReplayStart({"batch"}));
   batch.Write("nope\n\n" + Request(1) + "\n" + Request(2));  // the last line has no end
   batch.CloseInput();
   EXPECT_THAT(batch.ReadLine(), testing::StartsWith(R"({"ok":false,"error":)"));
   EXPECT_THAT(batch.ReadLine(), testing::StartsWith(R"({"ok":false,"error":)"));
-  EXPECT_EQ(batch.ReadOutput(), AnswerTo(1) + "\n" + AnswerTo(2) + "\n");
+  EXPECT_EQ(batch.ReadAll(), AnswerTo(1) + "\n" + AnswerTo(2) + "\n");
   EXPECT_EQ(batch.ReadErrors(), "");
-  EXPECT_EQ(batch.ExitCode(), 0);
+  EXPECT_EQ(batch.Wait(), 0);
 }
 
 TEST(BatchProcess, KeepsTheOrderOfManyAndLongLines) {
   constexpr int kRequests = 5000;
-  ChildProgram batch({"batch"});
+  ChildProcess batch(ReplayStart({"batch"}));
   std::thread writer([&batch] {
     std::string requests;
     for (int i = 0; i < kRequests; ++i) requests += Request(i) + "\n";
@@ -59,7 +59,7 @@ TEST(BatchProcess, KeepsTheOrderOfManyAndLongLines) {
   EXPECT_EQ(inOrder, kRequests);
   EXPECT_EQ(batch.ReadLine(), R"({"ok":true,"result":")" + std::string(1000000, '1') + "\"}");
   writer.join();
-  EXPECT_EQ(batch.ExitCode(), 0);
+  EXPECT_EQ(batch.Wait(), 0);
 }
 
 }  // namespace

@@ -1,6 +1,6 @@
 #include <gmock/gmock.h>
 
-#include "replay/child_program.h"
+#include "replay/replay_start.h"
 #include "system/temporary_folder.h"
 
 namespace quillbox {
@@ -32,10 +32,10 @@ class EvaluateCommand : public testing::Test {
                                           "--account",    "Café",       "--reports",
                                           folder_.Path(), "--at",       "2007-01-31T09:05:00"};
     arguments.insert(arguments.end(), more.begin(), more.end());
-    ChildProgram program(arguments);
-    const std::string words = program.ReadOutput();
+    ChildProcess program(ReplayStart(arguments));
+    const std::string words = program.ReadAll();
     EXPECT_EQ(program.ReadErrors(), "");
-    EXPECT_EQ(program.ExitCode(), 0);
+    EXPECT_EQ(program.Wait(), 0);
     return words;
   }
 

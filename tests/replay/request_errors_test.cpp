@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 
 #include "replay/answer.h"
+#include "text/text_list.h"
 
 namespace quillbox {
 namespace {
@@ -9,10 +10,10 @@ using testing::HasSubstr;
 using testing::StartsWith;
 
 TEST(Requests, IdComesBackUnchanged) {
-  const char* const kCases[] = {
-      "1",    "-0.0", "1.50", "123456789012345678901234567890",        "1e999",
-      "null", "true", "\"\"", R"("\u00e9 é → 😀 \ud83d\ude00 \ude00")", R"([1, {"b":[], "b":{}}])"};
-  for (const std::string id : kCases) {
+  const char* const ids =
+      R"(1 ~ -0.0 ~ 1.50 ~ 123456789012345678901234567890 ~ 1e999 ~ -1.50E+400 ~ 1e-99999999999 ~ )"
+      R"(null ~ true ~ "" ~ "\u00e9 é → 😀 \ud83d\ude00 \ude00" ~ [1, {"b":[], "b":{}}])";
+  for (const std::string& id : SplitText(ids, " ~ ")) {
     const std::string begin = R"({"ok":true,"id":)" + id + ",";
     EXPECT_THAT(
         Answer(R"({"op":"convert","function":"ScrambleText","argument":"a","id":)" + id + "}"),

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "replay/child_program.h"
+#include "replay/replay_start.h"
 #include "system/temporary_folder.h"
 
 namespace quillbox {
@@ -53,12 +53,12 @@ TEST(Usage, EachMistakeGivesOneLineAndNothingElse) {
       {{"report", "--title", kTitle, "--reports", ini, "--out", ini}, "no data in the report"},
   };
   for (const Case& c : kCases) {
-    ChildProgram program(c.Arguments);
+    ChildProcess program(ReplayStart(c.Arguments));
     const std::string error = program.ReadErrors();
     EXPECT_THAT(error, testing::HasSubstr(c.Error));
     EXPECT_EQ(std::count(error.begin(), error.end(), '\n'), 1) << error;
-    EXPECT_EQ(program.ReadOutput(), "") << error;
-    EXPECT_EQ(program.ExitCode(), 2) << error;
+    EXPECT_EQ(program.ReadAll(), "") << error;
+    EXPECT_EQ(program.Wait(), 2) << error;
   }
   EXPECT_EQ(folder.Content("a.ini"), "[A]\n");
   EXPECT_EQ(folder.Content("a.inix"), "");
@@ -67,10 +67,11 @@ TEST(Usage, EachMistakeGivesOneLineAndNothingElse) {
 TEST(Usage, AReportGivesItsPage) {
   const TemporaryFolder folder;
   folder.Put("Report.dat", "h\n2/1/2007\t1\t5\nt\na\n");
-  ChildProgram program({"report", "--title", kTitle, "--reports", folder.File("Report.dat"),
-                        "--region", "en-GB", "--out", folder.File("Report.html")});
-  EXPECT_THAT(program.ReadOutput(), testing::HasSubstr(folder.File("Report.html")));
-  EXPECT_EQ(program.ExitCode(), 0);
+  ChildProcess program(
+      ReplayStart({"report", "--title", kTitle, "--reports", folder.File("Report.dat"), "--region",
+                   "en-GB", "--out", folder.File("Report.html")}));
+  EXPECT_THAT(program.ReadAll(), testing::HasSubstr(folder.File("Report.html")));
+  EXPECT_EQ(program.Wait(), 0);
   EXPECT_THAT(folder.Content("Report.html"),
               testing::HasSubstr("labels = \"Tuesday<BR>02/01/07\";graph.values = \"5\";"));
 }
@@ -78,10 +79,10 @@ TEST(Usage, AReportGivesItsPage) {
 TEST(Usage, AScriptGivesItsTrace) {
   const TemporaryFolder folder;
   folder.Put("start.script", "{\"do\":\"start\"}\n");
-  ChildProgram program({"script", folder.File("start.script")});
-  const std::string trace = program.ReadOutput();
+  ChildProcess program(ReplayStart({"script", folder.File("start.script")}));
+  const std::string trace = program.ReadAll();
   EXPECT_EQ(program.ReadErrors(), "");
-  EXPECT_EQ(program.ExitCode(), 0);
+  EXPECT_EQ(program.Wait(), 0);
   EXPECT_THAT(trace, testing::HasSubstr("\"what\":"));
 }
 

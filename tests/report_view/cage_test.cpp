@@ -21,7 +21,7 @@ class Cage : public ViewOnDesktop {
     files_.Add(qgetenv("HOME").toStdString() + "/secret.js");
   }
 
-  std::string Secret() const { return folder_.filePath("secret.js").toStdString(); }
+  std::string Secret() const { return pageFolder_.filePath("secret.js").toStdString(); }
 
   // HTTP and FILE stand for addresses that are watched.
   std::string Armed(std::string attack) const {

@@ -9,27 +9,15 @@
 #include <fstream>
 
 namespace quillbox {
-namespace {
 
-Host WithWindows(Host host, Forms& forms, ReportBrowser& browser) {
-  return {host.Store,   host.Variables, host.Disk,     host.Time,    host.TimerSource,
-          host.Events,  host.Agents,    host.Grants,   host.Tray,    host.TrayMenus,
-          host.Tooltip, host.Mouse,     host.Boxes,    forms,        host.Chooser,
-          browser,      host.Speaker,   host.Instance, host.Network, host.Opener,
-          host.StartUp, host.Exit};
-}
-
-}  // namespace
-
-ViewOnDesktop::ViewOnDesktop() : host_(WithWindows(simulated_.Ports(), forms_, window_)) {
+ViewOnDesktop::ViewOnDesktop() : ContextOnState(forms_, window_) {
   qputenv("DISPLAY", desktop_.Display().toUtf8());
   qputenv("QT_QPA_PLATFORM", "xcb");
   // The engine has no sandbox for root.
   if (::geteuid() == 0) qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1");
   for (const char* const name : {"graphs.js", "NiceTitle.js", "NiceTitleAutoWidth.css"}) {
-    QFile::copy(QString(QUILLBOX_REPORT_FILES "/") + name, folder_.filePath(name));
+    QFile::copy(QString(QUILLBOX_REPORT_FILES "/") + name, pageFolder_.filePath(name));
   }
-  state_.Accounts = {"one", "two"};
 }
 
 bool ViewOnDesktop::Until(const std::function<bool()>& isSo, int longest) {

@@ -1,23 +1,20 @@
 // The Reports window in its own process, on a private desktop, with the program's side in the test.
 #pragma once
 
-#include <gtest/gtest.h>
-
 #include <QTemporaryDir>
 #include <functional>
 #include <string>
 #include <vector>
 
 #include "desktop/private_desktop.h"
-#include "platform/host.h"
 #include "qt_windows/qt_forms.h"
 #include "qt_windows/reports_window.h"
 #include "reports/reports_win.h"
-#include "simulated/simulated_host.h"
+#include "simulated/context_on_state.h"
 
 namespace quillbox {
 
-class ViewOnDesktop : public testing::Test {
+class ViewOnDesktop : public ContextOnState {
  protected:
   ViewOnDesktop();
   ~ViewOnDesktop() override { forms_.UnloadAll(); }
@@ -35,23 +32,15 @@ class ViewOnDesktop : public testing::Test {
 
   // Writes a page with this body beside the script files, and shows it. Whether it was loaded.
   bool Shows(const std::string& html, int longest = 40000);
-  std::string PageFile() const { return folder_.filePath("Report.html").toStdString(); }
+  std::string PageFile() const { return pageFolder_.filePath("Report.html").toStdString(); }
 
   // The colour in the middle of the page, "#80d080".
   std::string ColourOfPage();
 
-  const QTemporaryDir folder_;
+  const QTemporaryDir pageFolder_;
   PrivateDesktop desktop_;
-  SimulatedHost simulated_;
-  ReportsWindow window_{QUILLBOX_REPORT_VIEW, simulated_.Opener};
+  ReportsWindow window_{QUILLBOX_REPORT_VIEW, host_.Opener};
   QtForms forms_{&window_};
-  AppState state_;
-  ApplicationFolder place_{"/app", "/app", '/'};
-  RegionalSettings region_;
-  BuildValues build_;
-  Host host_;
-  SettingsStore store_{simulated_.Store, simulated_.Files, place_, state_.SettingsProfile};
-  ProgramContext program_{state_, store_, host_, place_, region_, build_};
   ReportsWin form_{program_};
 };
 

@@ -87,12 +87,12 @@ TEST_F(ViewProcess, WhateverEndsItTheFormIsUnloadedAndCanBeLoadedAgain) {
 }
 
 TEST_F(ViewProcess, WhereItCantRunTheDefaultBrowserShowsThePage) {
-  const std::string broken = folder_.filePath("broken").toStdString();
+  const std::string broken = pageFolder_.filePath("broken").toStdString();
   std::ofstream(broken) << "#!/bin/sh\nexit 127\n";
   QFile::setPermissions(QString::fromStdString(broken),
                         QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
   for (const std::string& program : {std::string("/nowhere/at/all"), broken}) {
-    ReportsWindow window(program, simulated_.Opener);
+    ReportsWindow window(program, host_.Opener);
     bool gone = false;
     window.Load(form_, [&] { gone = true; });
     QLabel* line = nullptr;
@@ -104,7 +104,7 @@ TEST_F(ViewProcess, WhereItCantRunTheDefaultBrowserShowsThePage) {
     };
     ASSERT_TRUE(Until(find)) << program;
     window.Navigate("/app/Report.html");
-    EXPECT_EQ(simulated_.Opener.Opened().back(), "/app/Report.html");
+    EXPECT_EQ(host_.Opener.Opened().back(), "/app/Report.html");
     EXPECT_THAT(line->text().toStdString(), HasSubstr("/app/Report.html"));
     window.SetBody("<SPAN>Error: no</SPAN>");
     EXPECT_THAT(line->text().toStdString(), HasSubstr("Error: no"));

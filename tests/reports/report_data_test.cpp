@@ -15,9 +15,8 @@ constexpr const char* kClicks = "Ad Performance - Clicks";
 constexpr const char* kEarnings = "Ad Performance - Earnings";
 constexpr const char* kChannelClicks = "Ad Channel Performance - Clicks";
 
-std::optional<ReportData> Built(const std::string& text, const char* title,
-                                std::string_view region = "en-US") {
-  return BuildReportData(text, *FindReportTitle(title), *BuiltInRegion(region), 2007);
+std::optional<ReportData> Built(const std::string& text, const char* title) {
+  return BuildReportData(text, *FindReportTitle(title), *BuiltInRegion("en-US"), 2007);
 }
 
 // As one text, for a failure's message.
@@ -111,22 +110,6 @@ TEST(ReportData, WhatTheTextSaysIsMeant) {
        "Monday<BR>1/1/07 | 1 | "},
   };
   for (const Case& c : kCases) EXPECT_EQ(Shown(Built(c.Text, c.Title)), c.Shown) << c.What;
-}
-
-TEST(ReportData, LabelsAreOfTheRegion) {
-  struct Case {
-    const char *Region, *Day, *Label;
-  };
-  constexpr Case kCases[] = {
-      {"en-US", "1/2/2007", "Tuesday<BR>1/2/07"},
-      {"en-GB", "2/1/2007", "Tuesday<BR>02/01/07"},
-      {"de-DE", "2.1.2007", "Dienstag<BR>02.01.07"},
-      {"sv-SE", "2007-01-02", "tisdag<BR>07-01-02"},
-      {"en-US", "12/20/2012", "Thursday<BR>12/20/12"},
-  };
-  for (const Case& c : kCases) {
-    EXPECT_EQ(Built(Report(std::string(c.Day) + "\n"), kClicks, c.Region)->Labels, c.Label);
-  }
 }
 
 // The list as it is defined: one text that is searched.

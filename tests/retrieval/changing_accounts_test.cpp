@@ -14,7 +14,6 @@ namespace quillbox {
 namespace {
 
 using namespace std::chrono_literals;
-using testing::ElementsAreArray;
 using testing::StartsWith;
 
 // The cycle on a state that the test owns, as the Options dialog does.
@@ -41,42 +40,35 @@ void RemoveFirst(AccountList& list) {
   list.Passwords.erase(list.Passwords.begin());
 }
 
-class DuringTheFirstTurn : public ChangingAccounts {
- public:
-  void TestBody() override {}
-
-  // The accounts whose figures are stored after a change in the turn of "one".
-  std::vector<std::string> EvaluatedAfter(const std::function<void(AppState&)>& change) {
-    host_.After(100ms, [this, change] { change(state_); });
-    Refresh();
-    EXPECT_FALSE(state_.RefreshRunning);
-    std::vector<std::string> evaluated;
-    for (const char* account : {"one", "two", "three", "four", "uno"}) {
-      if (!host_.Store.Read("Accounts", account).empty()) evaluated.emplace_back(account);
-    }
-    return evaluated;
-  }
-  std::size_t Runs() const { return host_.Agents.Starts().size(); }
-};
-
-TEST(ChangedAccounts, GetNoFiguresOfOthers) {
+TEST_F(ChangingAccounts, GetNoFiguresOfOthers) {
   struct Case {
     const char* what;
-    std::function<void(AppState&)> change;
+    std::function<void(AccountList&)> change;  // in the turn of "one"
     std::size_t runs;
     std::vector<std::string> evaluated;
   };
   const Case kCases[] = {
-      {"shrinks", [](AppState& state) { Resize(state, 1); }, 1, {"one"}},
-      {"is emptied", [](AppState& state) { Resize(state, 0); }, 1, {}},
-      {"its turn is removed", [](AppState& state) { RemoveFirst(state); }, 2, {"three"}},
-      {"renamed", [](AppState& state) { state.Accounts[0] = "uno"; }, 3, {"two", "three"}},
-      {"of another", [](AppState& state) { state.Usernames[0] = "dan"; }, 3, {"two", "three"}},
-      {"grows", [](AppState& state) { Resize(state, 4); }, 3, {"one", "two", "three"}}};
+      {"shrinks", [](AccountList& list) { Resize(list, 1); }, 1, {"one"}},
+      {"is emptied", [](AccountList& list) { Resize(list, 0); }, 1, {}},
+      {"its turn is removed", RemoveFirst, 2, {"three"}},
+      {"renamed", [](AccountList& list) { list.Accounts[0] = "uno"; }, 3, {"two", "three", "uno"}},
+      {"of another", [](AccountList& list) { list.Usernames[0] = "dan"; }, 3, {"two", "three"}},
+      {"grows", [](AccountList& list) { Resize(list, 4); }, 3, {"one", "two", "three"}}};
+  AccountList& list = state_;
+  const AccountList atFirst = list;
   for (const Case& c : kCases) {
-    DuringTheFirstTurn turn;
-    EXPECT_THAT(turn.EvaluatedAfter(c.change), ElementsAreArray(c.evaluated)) << c.what;
-    EXPECT_EQ(turn.Runs(), c.runs) << c.what;
+    list = atFirst;
+    const std::size_t runsBefore = host_.Agents.Starts().size();
+    host_.After(100ms, [&] { c.change(list); });
+    Refresh();
+    EXPECT_FALSE(state_.RefreshRunning) << c.what;
+    EXPECT_EQ(host_.Agents.Starts().size() - runsBefore, c.runs) << c.what;
+    std::vector<std::string> evaluated;
+    for (const char* account : {"one", "two", "three", "four", "uno"}) {
+      if (!host_.Store.Read("Accounts", account).empty()) evaluated.emplace_back(account);
+      host_.Store.Put("Accounts", account, "");
+    }
+    EXPECT_EQ(evaluated, c.evaluated) << c.what;
   }
 }
 

@@ -1,42 +1,12 @@
-// What the agent is handed: its command texts, to the letter, for they are a contract with another
-// program, and the proxy.
+// The proxy that the agent is handed.
 #include "retrieval/fetch_agent.h"
 
 #include <gtest/gtest.h>
 
-#include "retrieval/refresh_commands.h"
 #include "simulated/used_program.h"
 
 namespace quillbox {
 namespace {
-
-TEST(RefreshCommands, AreWhatTheAgentExpects) {
-  const std::string start = "Email=%61%2E%62&Passwd=%2B%%#%https://h.test/adsense/report/";
-  const std::string dates =
-      "&dateRange.dateRangeType=simple&dateRange.simpleDate=thismonth&reportType=property"
-      "&groupByPref=date&outputFormat=TSV_EXCEL";
-  struct Case {
-    Report report;
-    const char* byPage;
-    std::string command;
-  };
-  const Case kCases[] = {
-      {Report::kContent, "Page",
-       start + "aggregate?product=afc" + dates +
-           "&unitPref=page|/my app/Content.dat|/my app/Content.log"},
-      {Report::kContent, "",
-       start + "aggregate?product=afc" + dates +
-           "&unitPref=adunit|/my app/Content.dat|/my app/Content.log"},
-      {Report::kSearch, "Page",
-       start + "aggregate?product=afs" + dates + "|/my app/Search.dat|/my app/Search.log"},
-      {Report::kReferral, "Page",
-       start + "referrals?product=ref" + dates + "|/my app/Referral.dat|/my app/Referral.log"},
-  };
-  const ApplicationFolder folder("/my app", "/my app", '/');
-  for (const Case& c : kCases) {
-    EXPECT_EQ(RefreshCommand(c.report, c.byPage, "a.b", "+%", "h.test", folder), c.command);
-  }
-}
 
 TEST(FetchAgent, GetsTheProxyByItsEnvironment) {
   struct Case {

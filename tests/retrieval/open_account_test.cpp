@@ -17,14 +17,6 @@ using testing::ElementsAreArray;
 
 using OpenAccountTest = ContextOnState;
 
-TEST(SignInAddress, IsWhatTheServiceExpects) {
-  EXPECT_EQ(SignInAddress("a.b@", "+%", "h.test"),
-            "https://h.test/accounts/ServiceLoginAuth?ltmpl=login"
-            "&continue=https://h.test/adsense/gaiaauth&followup=https://h.test/adsense/gaiaauth"
-            "&service=adsense&nui=3&ifr=true&rm=hide&ltmpl=login&hl=en-US&alwf=true"
-            "&Email=%61%2E%62%40&Passwd=%2B%&null=Sign+in");
-}
-
 TEST_F(OpenAccountTest, OpensTheNamedOrThePrimaryAccount) {
   struct Case {
     const char *name, *primary;

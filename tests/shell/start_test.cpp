@@ -76,25 +76,36 @@ TEST(Start, AsksOnceForVersionChecks) {
   }
 }
 
-// What is fetched by the end of the start, and what 30 seconds later.
+// What is fetched in an hour, each with its second.
+std::vector<std::string> Fetched(SimulatedHost& host) {
+  host.RunFor(1h);
+  std::vector<std::string> fetched;
+  for (const TraceEntry& entry : host.Effects.Entries()) {
+    if (entry.What != "agent" || !entry.Text.starts_with("start")) continue;
+    const std::string file = entry.Text.substr(entry.Text.rfind(' ') + 1);
+    fetched.push_back(std::to_string(entry.At / 1s) + " " + file);
+  }
+  return fetched;
+}
+
 TEST(Start, RefreshesAndChecksAtOnceOrAfterThePause) {
   struct Case {
     const char *pause, *refresh, *check, *checkDate;
-    std::vector<std::string> atOnce, later;
+    std::vector<std::string> fetched;
     const char* checkDateAfter;
   };
   const Case kCases[] = {
-      {"", "", "False", "", {}, {}, ""},
-      {"", "True", "False", "", {"Content.dat"}, {}, ""},
-      {"", "", "True", "", {"che.wt"}, {}, "1/31/2007"},
-      {"", "True", "True", "1/30/2007", {"Content.dat", "che.wt"}, {}, "1/31/2007"},
-      {"", "", "True", "1/31/2007", {}, {}, "1/31/2007"},
-      {"", "true", "true", "", {}, {}, ""},
-      {"True", "", "False", "", {}, {}, ""},
-      {"True", "True", "False", "", {}, {"Content.dat"}, ""},
-      {"True", "", "True", "1/31/2007", {}, {"che.wt"}, "1/31/2007"},
-      {"True", "True", "True", "", {}, {"Content.dat", "che.wt"}, ""},
-      {"yes", "True", "False", "", {"Content.dat"}, {}, ""},
+      {"", "", "False", "", {}, ""},
+      {"", "True", "False", "", {"0 Content.dat"}, ""},
+      {"", "", "True", "", {"0 che.wt"}, "1/31/2007"},
+      {"", "True", "True", "1/30/2007", {"0 Content.dat", "0 che.wt"}, "1/31/2007"},
+      {"", "", "True", "1/31/2007", {}, "1/31/2007"},
+      {"", "true", "true", "", {}, ""},
+      {"True", "", "False", "", {}, ""},
+      {"True", "True", "False", "", {"30 Content.dat"}, ""},
+      {"True", "", "True", "1/31/2007", {"30 che.wt"}, "1/31/2007"},
+      {"True", "True", "True", "", {"30 Content.dat", "30 che.wt"}, ""},
+      {"yes", "True", "False", "", {"0 Content.dat"}, ""},
   };
   for (const Case& c : kCases) {
     UsedProgram program;
@@ -102,24 +113,10 @@ TEST(Start, RefreshesAndChecksAtOnceOrAfterThePause) {
     program.Set(kRefreshTooltip, c.refresh);
     program.Set(kCheckForNewVersion, c.check);
     program.Set(kCheckDate, c.checkDate);
-    const auto fetched = [&program] {
-      std::vector<std::string> files;
-      for (const AgentStart& start : program.Host.Agents.Starts()) {
-        const bool check = start.Text.find("che.wt") != std::string::npos;
-        files.emplace_back(check ? "che.wt" : "Content.dat");
-      }
-      return files;
-    };
+    program.Start();
     const std::string row =
         std::string(c.pause) + "/" + c.refresh + "/" + c.check + "/" + c.checkDate;
-    program.Start();
-    EXPECT_THAT(fetched(), ElementsAreArray(c.atOnce)) << row;
-    program.Host.RunFor(29999ms);
-    EXPECT_THAT(fetched(), ElementsAreArray(c.atOnce)) << row << ", a moment too early";
-    program.Host.RunFor(1h);
-    std::vector<std::string> all = c.atOnce;
-    all.insert(all.end(), c.later.begin(), c.later.end());
-    EXPECT_THAT(fetched(), ElementsAreArray(all)) << row;
+    EXPECT_EQ(Fetched(program.Host), c.fetched) << row;
     EXPECT_EQ(program.Setting(kCheckDate), c.checkDateAfter) << row;
   }
 }
@@ -191,13 +188,17 @@ TEST(Start, ThePrimaryAccountsStoredFiguresComeIntoTheTooltip) {
   EXPECT_EQ(program.State().TooltipText, figures);
 }
 
-TEST(Start, TheSubmenusAreFilledAtTheFirstPumping) {
-  UsedProgram program;
-  program.Start();
-  const MenuItem& openAccount = program.State().TrayMenu[3];
-  EXPECT_EQ(openAccount.Items.size(), 0U);
-  program.Host.RunFor(1s);
-  EXPECT_EQ(openAccount.Items.size(), 1U) << "once, not at every tick";
+// Also when the refresh before has nothing to wait for.
+TEST(Start, FillsTheSubmenusOnce) {
+  for (const auto download : {std::string_view(), kDownloadContent}) {
+    UsedProgram program;
+    program.AddAccount("two", "bob", "z");
+    program.Host.Agents.Always(Answers("1"));
+    program.Set(kRefreshTooltip, kTrue);
+    program.Set(kDataToDownload, std::string(download));
+    program.StartQuietly();
+    EXPECT_THAT(program.State().TrayMenu[3].Items, testing::SizeIs(2)) << download;
+  }
 }
 
 TEST(Start, CountsItself) {
@@ -214,18 +215,6 @@ TEST(Start, CountsItself) {
     EXPECT_EQ(program.Setting(kRuns), c.afterwards) << c.stored;
     EXPECT_TRUE(program.Host.Boxes.Shown().empty()) << c.stored;
   }
-}
-
-TEST(Start, AStoreThatKeepsNothingGivesWayToAFile) {
-  SimulatedProgram program;
-  program.Host.Store.SetKeeps(StoreKeeps::kNothing);
-  program.Host.Variables.Set("USERNAME", "ann");
-  program.Start();
-  EXPECT_THAT(program.Host.Trace({"store"}),
-              ElementsAre("store Misc/Version=1.3.0", "store Misc/RegTest=Test"));
-  const std::string text = program.Host.Files.Read("/app/ann.ini").value_or("no file");
-  EXPECT_THAT(text, testing::HasSubstr("RUNS=1"));
-  EXPECT_THAT(text, testing::Not(testing::HasSubstr("\nVERSION=")));
 }
 
 TEST(Start, GoesOnWhenNothingCanBeKept) {

@@ -1,7 +1,9 @@
-// A tray that comes late or restarts, and a program that is started again.
+// A tray that comes late or restarts, a program that is started again, and the way out.
 #include <gmock/gmock.h>
 
+#include "simulated/context_on_state.h"
 #include "simulated/used_program.h"
+#include "tray/tray_icon.h"
 
 namespace quillbox {
 namespace {
@@ -23,17 +25,6 @@ TEST(TrayWatch, TheIconComesWithALateTray) {
   EXPECT_EQ(program.Host.Tray.Tooltip(), "Quillbox");
 }
 
-TEST(TrayWatch, WithAPrimaryAccountTheTooltipHoldsItsFigures) {
-  UsedProgram program;
-  program.FetchFigures();
-  program.Start();
-  const std::string figures = program.State().TooltipText;
-  ASSERT_THAT(figures, testing::HasSubstr("100"));
-  program.Host.TrayRestarts();
-  EXPECT_EQ(program.State().TooltipText, figures);
-  EXPECT_EQ(program.Host.Tray.Tooltip(), figures);
-}
-
 TEST(TrayWatch, TheTrayCanRestartInTheMiddleOfARefresh) {
   UsedProgram program;
   program.StartQuietly();
@@ -46,6 +37,14 @@ TEST(TrayWatch, TheTrayCanRestartInTheMiddleOfARefresh) {
   EXPECT_THAT(program.Host.Trace({"tray", "balloon"}), ElementsAre("tray add", kNoConnection))
       << "a new tray gets the last balloon again";
   EXPECT_EQ(program.Host.Tray.Record().szTip.Text(), "Could not connect to example.test!");
+}
+
+class TrayIconTest : public ContextOnState {};
+
+TEST_F(TrayIconTest, ANewPictureBringsNoOldBalloonBack) {
+  ShowBalloon(program_, "text");
+  UpdateTrayIcon(program_);
+  EXPECT_EQ(host_.Tray.Record().uFlags, 7U);
 }
 
 TEST(SecondStart, WakesTheFirstAndLeavesNoTrace) {
@@ -80,6 +79,40 @@ TEST(SecondStart, OpensTheOptionsWhenThereIsNoTrayToShowTheIconIn) {
   program.Host.LaunchAgain();
   program.Host.LaunchAgain();
   EXPECT_THAT(program.Host.Trace({"form"}), ElementsAre("form Opts")) << "once";
+}
+
+TEST(Shutdown, TheIconGoesThenTheFormsThenTheProcess) {
+  UsedProgram program;
+  program.Start();
+  program.Host.Choose("Options");
+  program.Host.Effects.Clear();
+  program.Host.Choose("Exit");
+  EXPECT_THAT(program.Host.Trace(), ElementsAre("menu Exit", "tray delete", "close Opts", "exit"));
+}
+
+TEST(Shutdown, AbandonsARefreshWhereItStands) {
+  UsedProgram program;
+  AgentBehaviour silent;
+  silent.Data = "half a rep";
+  program.Host.Agents.Always(silent);
+  program.StartQuietly();
+  program.Host.After(5s, [&program] { program.Host.Choose("Exit"); });
+  program.Host.Choose("RefreshNow");
+  EXPECT_TRUE(program.Host.Ended());
+  EXPECT_THAT(program.Host.Trace({"tray", "exit", "delete", "store", "sound", "balloon"}),
+              ElementsAre("tray delete", "exit"));
+  EXPECT_EQ(program.Host.Agents.RunningCount(), 0U) << "ended with the program";
+}
+
+TEST(Shutdown, LeavesABoxInsideARefreshInsideAStart) {
+  SimulatedProgram program;
+  program.Set(kRefreshTooltip, kTrue);
+  program.Host.Boxes.Add({.OpenFor = 10s});
+  program.Host.After(3s, [&program] { program.Host.Choose("Exit"); });
+  program.Start();
+  EXPECT_TRUE(program.Host.Ended());
+  EXPECT_EQ(program.Host.Time.Now(), 3s);
+  EXPECT_EQ(program.Setting(kRuns), "") << "the start was not done";
 }
 
 }  // namespace

@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <nlohmann/json.hpp>
+#include <set>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -28,6 +30,22 @@ inline std::vector<std::string> TraceOf(const std::string& script) {
   std::istringstream trace(out.str());
   for (std::string line; std::getline(trace, line);) lines.push_back(line);
   return lines;
+}
+
+// What lines of these kinds tell: the kind and the other texts, behind the seconds when `timed`.
+inline std::vector<std::string> TextsOf(const std::vector<std::string>& trace,
+                                        const std::set<std::string>& kinds, bool timed = false) {
+  std::vector<std::string> texts;
+  for (const std::string& line : trace) {
+    const auto members = nlohmann::ordered_json::parse(line);
+    if (!kinds.contains(members["what"])) continue;
+    std::string text = timed ? members["at"].get<std::string>().substr(17) + " " : "";
+    for (const auto& [name, value] : members.items()) {
+      if (name != "at") text += (name == "what" ? "" : " ") + value.get<std::string>();
+    }
+    texts.push_back(text);
+  }
+  return texts;
 }
 
 // What is said about a script with a fault.

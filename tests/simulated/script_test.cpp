@@ -30,36 +30,32 @@ constexpr const char* kMorning = R"(
 {"do":"menu","item":"Exit"}
 )";
 
-std::vector<std::string> LinesWith(const std::vector<std::string>& lines, const std::string& what) {
-  std::vector<std::string> found;
-  for (const std::string& line : lines) {
-    if (line.find("\"what\":\"" + what + "\"") != std::string::npos) found.push_back(line);
-  }
-  return found;
-}
-
 TEST(Script, TellsWhatHappenedAndWhen) {
   const std::vector<std::string> trace = TraceOf(kMorning);
-  EXPECT_THAT(LinesWith(trace, "answer"),
-              ElementsAre(R"({"at":"2007-01-31T09:05:01.000","what":"answer","text":"No"})",
-                          R"({"at":"2007-01-31T09:05:01.000","what":"answer","text":"Yes"})"));
-  EXPECT_THAT(LinesWith(trace, "form"),
-              ElementsAre(R"({"at":"2007-01-31T09:05:01.000","what":"form","text":"Opts"})"));
   EXPECT_THAT(trace, Contains(R"({"at":"2007-01-31T09:05:01.000","what":"store",)"
                               R"("section":"Misc","key":"Runs","value":"1"})"));
+  EXPECT_THAT(TextsOf(trace, {"answer", "form"}, true),
+              ElementsAre("01.000 answer No", "01.000 answer Yes", "01.000 form Opts"));
   // The tray that lost its icon gets the last balloon's text with the new one.
-  const auto refused = HasSubstr("incorrect username and/or password for the \\\"bob\\\"");
-  EXPECT_THAT(LinesWith(trace, "balloon"), ElementsAre(refused, refused));
+  const auto refused = HasSubstr("incorrect username and/or password for the \"bob\"");
+  EXPECT_THAT(TextsOf(trace, {"balloon"}), ElementsAre(refused, refused));
   // Later steps come in the middle of others.
-  EXPECT_THAT(LinesWith(trace, "tray"),
-              ElementsAre(HasSubstr("add"), HasSubstr("modify"), HasSubstr("modify, no icon"),
-                          HasSubstr("add"), HasSubstr("delete")));
   EXPECT_THAT(
-      LinesWith(trace, "step"),
-      Contains(R"({"at":"2007-01-31T09:05:13.400","what":"step","line":"14","do":"start"})"));
-  EXPECT_THAT(LinesWith(trace, "item"), Contains(HasSubstr("Open AdSense Account > München")));
+      TextsOf(trace, {"tray"}),
+      ElementsAre("tray add", "tray modify", "tray modify, no icon", "tray add", "tray delete"));
+  EXPECT_THAT(TextsOf(trace, {"step"}, true), Contains("13.400 step 14 start"));
+  EXPECT_THAT(TextsOf(trace, {"item"}), Contains(HasSubstr("Open AdSense Account > München")));
   EXPECT_THAT(trace.back(), HasSubstr("Exit, no program"));
-  EXPECT_EQ(LinesWith(trace, "exit").size(), 1U);
+  EXPECT_EQ(TextsOf(trace, {"exit"}).size(), 1U);
+}
+
+TEST(Script, TheSeedDecidesWhatIsLeftToChance) {
+  std::string script = kMorning;
+  script.insert(script.find("\"logAfter\""), "\"jitter\":\"4s\",");
+  std::string otherSeed = script;
+  otherSeed.replace(otherSeed.find("\"seed\":3"), 8, "\"seed\":4");
+  EXPECT_EQ(TraceOf(script), TraceOf(script));
+  EXPECT_NE(TraceOf(script), TraceOf(otherSeed));
 }
 
 TEST(Script, IsRefusedAsAWholeWithItsLine) {

@@ -12,7 +12,6 @@ namespace {
 using testing::AnyOf;
 using testing::Contains;
 using testing::ElementsAre;
-using testing::Optional;
 
 constexpr int kSeeds = 50;
 
@@ -78,37 +77,6 @@ TEST(SimulatedFiles, ChangesOfNamesHappenInTheirOrder) {
     EXPECT_EQ(files.All().size(), 1U) << "seed " << seed;
     EXPECT_EQ(files.All().begin()->second, "1") << "seed " << seed;
   }
-}
-
-TEST(SimulatedFiles, FailsAsToldTo) {
-  struct Case {
-    const char* what;
-    DiskState disk;
-    bool canWrite, canRename, canRemove;
-  };
-  const Case kCases[] = {{"works", DiskState::kWorks, true, true, true},
-                         {"full", DiskState::kFull, false, true, true},
-                         {"read-only", DiskState::kReadOnly, false, false, false}};
-  for (const Case& c : kCases) {
-    SimulatedFiles files{{"/d/a", "1"}, {"/d/b", "2"}};
-    files.SetDisk(c.disk);
-    EXPECT_EQ(files.WriteNew("/d/c", "3"), c.canWrite) << c.what;
-    EXPECT_EQ(files.WriteFromOutside("/d/d", "4"), c.canWrite) << c.what;
-    EXPECT_EQ(files.Rename("/d/a", "/d/e"), c.canRename) << c.what;
-    EXPECT_EQ(files.Remove("/d/b"), c.canRemove) << c.what;
-    EXPECT_EQ(files.Exists("/d/b"), !c.canRemove) << c.what;
-  }
-}
-
-TEST(SimulatedFiles, AFileThatCannotBeReadIsThere) {
-  SimulatedFiles files{{"/d/a", "12"}};
-  files.SetReadable("/d/a", false);
-  EXPECT_TRUE(files.Exists("/d/a"));
-  EXPECT_THAT(files.Size("/d/a"), Optional(2U));
-  EXPECT_EQ(files.Read("/d/a"), std::nullopt);
-  EXPECT_FALSE(files.WriteNew("/d/a", "3")) << "a name is taken once";
-  files.SetReadable("/d/a", true);
-  EXPECT_THAT(files.Read("/d/a"), Optional(std::string("12")));
 }
 
 TEST(SimulatedFiles, ListsTheFolderAlone) {

@@ -1,6 +1,7 @@
 // A process on a simulated host: its end, and what the trace and the store keep of it.
 #include <gmock/gmock.h>
 
+#include "simulated/agent_text.h"
 #include "simulated/used_program.h"
 
 namespace quillbox {
@@ -32,17 +33,6 @@ TEST(SimulatedHost, RunsNothingOfAProcessAfterItsEnd) {
   EXPECT_EQ(host.Windows.AboutWin(), nullptr);
 }
 
-TEST(SimulatedHost, ChoosesItemsByNameOrCaptionAlsoInSubmenus) {
-  UsedProgram program;
-  program.StartQuietly();
-  EXPECT_FALSE(program.Host.Choose("Help"));
-  EXPECT_FALSE(program.Host.Choose("Helpless"));
-  EXPECT_TRUE(program.Host.Choose("Send Bug Report"));
-  EXPECT_THAT(program.Host.Trace({"menu"}),
-              ElementsAre("menu Help, no such item", "menu Helpless, no such item",
-                          "menu Send Bug Report"));
-}
-
 TEST(SimulatedHost, HasNoSecretsInItsTrace) {
   SimulatedHost host;
   host.Opener.Open("https://h/in?Email=a&Passwd=secret");
@@ -55,24 +45,36 @@ TEST(SimulatedHost, HasNoSecretsInItsTrace) {
                   "store AdSense/Accounts=one", "store AdSense/Passwords=...", "unset Misc/Old"));
 }
 
-TEST(SimulatedHost, ItsStoreKeepsAsToldTo) {
-  struct Case {
-    const char* what;
-    StoreKeeps keeps;
-    std::string meanwhile, afterwards;
-  };
-  const Case kCases[] = {{"all", StoreKeeps::kAll, "new", "new"},
-                         {"nothing", StoreKeeps::kNothing, "old", "old"},
-                         {"while it runs", StoreKeeps::kWhileItRuns, "new", "old"}};
-  for (const Case& c : kCases) {
-    SimulatedStore store;
-    store.Put("General", "Pause", "old");
-    store.SetKeeps(c.keeps);
-    store.Apply(std::vector<SettingChange>{{"General", "Pause", "new"}});
-    EXPECT_EQ(store.Read("General", "Pause"), c.meanwhile) << c.what;
-    store.ProgramEnded();
-    EXPECT_EQ(store.Read("General", "Pause"), c.afterwards) << c.what;
-  }
+TEST(SimulatedHost, ItsStoreMayLoseWritesWithTheProgram) {
+  SimulatedStore store;
+  store.Put("General", "Pause", "old");
+  store.SetKeeps(StoreKeeps::kWhileItRuns);
+  store.Apply(std::vector<SettingChange>{{"General", "Pause", "new"}});
+  EXPECT_EQ(store.Read("General", "Pause"), "new");
+  store.ProgramEnded();
+  EXPECT_EQ(store.Read("General", "Pause"), "old");
+}
+
+TEST(SimulatedHost, ItsAgentsMayWriteAnEmptyLogBeforeTheFullOne) {
+  SimulatedHost host;
+  AgentBehaviour agent = Answers("0");
+  agent.EmptyLogAfter = 350ms;
+  host.Agents.Always(agent);
+  host.Agents.Start({"Email=a&Passwd=b%#%https://h/|/d/a.dat|/d/a.log", {}});
+  host.RunFor(399ms);
+  EXPECT_EQ(host.Files.Read("/d/a.log"), "");
+  host.RunFor(1ms);
+  EXPECT_EQ(host.Files.Read("/d/a.log"), "0");
+}
+
+TEST(AgentText, IsCutFromTheRight) {
+  const AgentText read =
+      ReadAgentText("Email=%61%40%62&Passwd=%31|%#%2%#%https://h/p?q|/app/a b.dat|/app/a.log");
+  EXPECT_EQ(read.Username, "a@b");
+  EXPECT_EQ(read.Password, "1|%#%2");
+  EXPECT_EQ(read.Address, "https://h/p?q");
+  EXPECT_EQ(read.DataPath, "/app/a b.dat");
+  EXPECT_EQ(read.LogPath, "/app/a.log");
 }
 
 }  // namespace

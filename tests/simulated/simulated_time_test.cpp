@@ -36,14 +36,6 @@ TEST_F(SimulatedTimeTest, RunsByMomentThenInTheOrderOfSetting) {
   EXPECT_THAT(seen_, ElementsAre("first@10", "second@10", "late@20"));
 }
 
-TEST_F(SimulatedTimeTest, SleepingRunsNothingUntilEventsArePumped) {
-  time_.After(10ms, Note("event"));
-  time_.Sleep(30ms);
-  EXPECT_THAT(seen_, IsEmpty());
-  time_.PumpEvents();
-  EXPECT_THAT(seen_, ElementsAre("event@30"));
-}
-
 TEST_F(SimulatedTimeTest, APumpingLeavesWhatItsOwnEventsSetToTheNextOne) {
   time_.After(0ms, [this] { time_.After(0ms, Note("child")); });
   time_.PumpEvents();
@@ -62,14 +54,6 @@ TEST_F(SimulatedTimeTest, APumpingInsideAHandlerRunsTheOthersThatAreDue) {
   time_.After(7ms, Note("inner"));
   time_.RunUntil(100ms);
   EXPECT_THAT(seen_, ElementsAre("outer@5", "inner@10", "outer again@10"));
-}
-
-TEST_F(SimulatedTimeTest, ACancelledEventDoesNotRun) {
-  SimulatedTime::EventId later{};
-  time_.After(5ms, [&] { time_.Cancel(later); });
-  later = time_.After(5ms, Note("cancelled"));
-  time_.RunUntil(10ms);
-  EXPECT_THAT(seen_, IsEmpty());
 }
 
 TEST_F(SimulatedTimeTest, StopsAsSoonAsItIsDone) {

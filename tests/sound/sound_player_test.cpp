@@ -49,12 +49,15 @@ TEST_F(SoundPlayerTest, PlaysASoundWithoutALibraryHere) {
 
 TEST_F(SoundPlayerTest, PlaysEveryFormOfSampleAndTheSoundsOfTheProgram) {
   int hertz = 600;
-  for (Tone tone : {Tone{.Bits = 8}, Tone{.Channels = 2, .Bits = 24},
-                    Tone{.Rate = 44100, .Bits = 32}, Tone{.Bits = 32, .IsFloat = true}}) {
+  for (Tone tone :
+       {Tone{.Bits = 8}, Tone{.Channels = 2, .Bits = 24}, Tone{.Rate = 44100, .Bits = 32},
+        Tone{.Bits = 32, .IsFloat = true}, Tone{.Channels = 2, .IsExtensible = true},
+        Tone{.Bits = 32, .IsFloat = true, .IsExtensible = true}}) {
     tone.Hertz = hertz += 200;
     data_.Put("form.wav", WaveFile(tone));
     player_.PlaySoundFile("form.wav");
-    EXPECT_TRUE(recorder_->Hears(hertz)) << tone.Bits << " bits, float " << tone.IsFloat;
+    EXPECT_TRUE(recorder_->Hears(hertz))
+        << tone.Bits << " bits, float " << tone.IsFloat << ", extensible " << tone.IsExtensible;
     EXPECT_TRUE(PlayersEnd());
   }
   player_.PlaySoundFile("Impressions.wav");

@@ -9,35 +9,6 @@
 namespace quillbox {
 namespace {
 
-using namespace std::chrono_literals;
-
-TEST(Wave, HasTheFormThatItsHeaderTells) {
-  struct Case {
-    Tone Made;
-    SampleForm Form;
-  };
-  const Case kCases[] = {
-      {{.Bits = 8}, SampleForm::kUnsigned8},
-      {{.Bits = 16}, SampleForm::kSigned16},
-      {{.Channels = 2, .Bits = 24}, SampleForm::kSigned24},
-      {{.Rate = 44100, .Bits = 32}, SampleForm::kSigned32},
-      {{.Bits = 32, .IsFloat = true}, SampleForm::kFloat32},
-      {{.Channels = 2, .Bits = 16, .IsExtensible = true}, SampleForm::kSigned16},
-      {{.Bits = 32, .IsFloat = true, .IsExtensible = true}, SampleForm::kFloat32},
-  };
-  for (const Case& row : kCases) {
-    SCOPED_TRACE(testing::Message() << row.Made.Bits << " bits, float " << row.Made.IsFloat
-                                    << ", extensible " << row.Made.IsExtensible);
-    const std::string file = WaveFile(row.Made);
-    const auto wave = ReadWave(file);
-    ASSERT_TRUE(wave);
-    EXPECT_EQ(wave->Form, row.Form);
-    EXPECT_EQ(wave->Rate, row.Made.Rate);
-    EXPECT_EQ(wave->Channels, row.Made.Channels);
-    EXPECT_EQ(LengthOf(*wave), 400ms);
-  }
-}
-
 // Chunks between, one of an odd size and so followed by a byte that belongs to none.
 TEST(Wave, FindsTheWholeFramesThatAreThereBehindOtherChunks) {
   std::string file = WaveFile({.Channels = 2}).substr(0, 44 + 4 * 100 + 3);

@@ -61,7 +61,7 @@ TEST_F(SystemFilesTest, WritesAndReadsBack) {
   EXPECT_EQ(files.Read(At("empty")), "");
 }
 
-TEST_F(SystemFilesTest, WhatIsNoFileReadsAsNothing) {
+TEST_F(SystemFilesTest, WhatIsNoFileOrAnEnormousOneReadsAsNothing) {
   ASSERT_EQ(::mkfifo(At("pipe").c_str(), 0600), 0);
   for (const std::string& path : {At("absent"), At("absent/a"), folder.Path(), At("pipe"),
                                   std::string("/dev/zero"), std::string()}) {
@@ -69,29 +69,14 @@ TEST_F(SystemFilesTest, WhatIsNoFileReadsAsNothing) {
     EXPECT_EQ(files.Size(path), std::nullopt) << path;
     EXPECT_EQ(files.Read(path), std::nullopt) << path;
   }
+  folder.Put("enormous", "x");
+  ASSERT_EQ(::truncate(At("enormous").c_str(), SystemFiles::kLargestFile + 1), 0);
+  EXPECT_EQ(files.Read(At("enormous")), std::nullopt);
 }
 
-TEST_F(SystemFilesTest, AnEnormousFileIsNotRead) {
-  folder.Put("huge", "x");
-  ASSERT_EQ(::truncate(At("huge").c_str(), SystemFiles::kLargestFile + 1), 0);
-  EXPECT_EQ(files.Read(At("huge")), std::nullopt);
-}
-
-TEST_F(SystemFilesTest, NewFilesAreForTheirOwnerAlone) {
-  const mode_t mask = ::umask(0);
-  EXPECT_TRUE(files.WriteNew(At("a"), "secret"));
-  ::umask(mask);
-  EXPECT_EQ(Mode(At("a")), 0600U);
-}
-
-TEST_F(SystemFilesTest, ATakenNameIsLeftAlone) {
-  folder.Put("a", "old");
-  EXPECT_FALSE(files.WriteNew(At("a"), "new"));
-  EXPECT_EQ(folder.Content("a"), "old");
-}
-
-TEST_F(SystemFilesTest, WritingFollowsNoLink) {
+TEST_F(SystemFilesTest, WritingTakesNoTakenNameAndFollowsNoLink) {
   folder.Put("target", "precious");
+  EXPECT_FALSE(files.WriteNew(At("target"), "new"));
   ASSERT_EQ(::symlink(At("target").c_str(), At("link").c_str()), 0);
   ASSERT_EQ(::symlink(At("absent").c_str(), At("dangling").c_str()), 0);
   EXPECT_FALSE(files.WriteNew(At("link"), "new"));
@@ -126,31 +111,27 @@ TEST_F(SystemFilesTest, RenamesOverAFileButNotOverAFolder) {
   EXPECT_EQ(folder.Content("b"), "new");
 }
 
-TEST_F(SystemFilesTest, AnAtomicWriteNarrowsTheMode) {
+TEST_F(SystemFilesTest, WrittenFilesAreForTheirOwnerAlone) {
   folder.Put("a.ini", "old");
   std::filesystem::permissions(At("a.ini"), std::filesystem::perms(0644));
+  const mode_t mask = ::umask(0);
   EXPECT_TRUE(WriteAtomically(files, At("a.ini"), "new"));
+  ::umask(mask);
   EXPECT_EQ(Mode(At("a.ini")), 0600U);
   EXPECT_THAT(files.List(folder.Path(), "*"), ElementsAre("a.ini"));
 }
 
-TEST_F(SystemFilesTest, AReadOnlyFileStaysAsItWas) {
+TEST_F(SystemFilesTest, WhatIsReadOnlyStaysAsItWas) {
   const OrdinaryUser user(folder.Path());
   ASSERT_TRUE(files.WriteNew(At("a.ini"), "old"));
   std::filesystem::permissions(At("a.ini"), std::filesystem::perms(0400));
   EXPECT_FALSE(WriteAtomically(files, At("a.ini"), "new"));
-  EXPECT_EQ(folder.Content("a.ini"), "old");
-  EXPECT_THAT(files.List(folder.Path(), "*"), ElementsAre("a.ini"));
-}
-
-TEST_F(SystemFilesTest, AFolderThatCannotBeWrittenLeavesTheFile) {
-  const OrdinaryUser user(folder.Path());
-  ASSERT_TRUE(files.WriteNew(At("a.ini"), "old"));
   std::filesystem::permissions(folder.Path(), std::filesystem::perms(0500));
   EXPECT_FALSE(WriteAtomically(files, At("a.ini"), "new"));
   EXPECT_FALSE(files.Remove(At("a.ini")));
-  EXPECT_EQ(folder.Content("a.ini"), "old");
   std::filesystem::permissions(folder.Path(), std::filesystem::perms(0700));
+  EXPECT_EQ(folder.Content("a.ini"), "old");
+  EXPECT_THAT(files.List(folder.Path(), "*"), ElementsAre("a.ini"));
 }
 
 TEST_F(SystemFilesTest, ListsFilesByPattern) {

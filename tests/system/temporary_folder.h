@@ -32,6 +32,12 @@ class TemporaryFolder {
     std::ofstream(File(name), std::ios::binary) << content;
   }
 
+  // A program that does what `script` says.
+  void PutProgram(const std::string& name, const std::string& script) const {
+    Put(name, "#!/bin/sh\n" + script + "\n");
+    std::filesystem::permissions(File(name), std::filesystem::perms::owner_all);
+  }
+
   // Not through the code under test.
   std::string Content(const std::string& name) const {
     std::ifstream file(File(name), std::ios::binary);

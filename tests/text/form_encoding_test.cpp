@@ -1,8 +1,10 @@
-#include "text/form_encoding.h"
-
+// Texts as requests carry them.
 #include <gtest/gtest.h>
 
 #include <random>
+
+#include "text/form_encoding.h"
+#include "text/grant_name.h"
 
 namespace quillbox {
 namespace {
@@ -45,6 +47,15 @@ TEST(FormEncoding, AnyTextComesBack) {
     // Every other round is rich in what could be taken for an encoded character.
     for (char& c : text) c = round % 2 == 0 ? static_cast<char>(random()) : "%%%4aF|"[random() % 7];
     EXPECT_EQ(DecodeFormValue(EncodeFormValue(text)), text) << ::testing::PrintToString(text);
+  }
+}
+
+TEST(GrantName, IsToldFromPasswords) {
+  EXPECT_TRUE(IsGrantName("grant:ABCDEFGHIJ27"));
+  for (const char* password :
+       {"grant:ABCDEFGHIJ2", "grant:ABCDEFGHIJ277", "grant:abcdefghij27", "grant:ABCDEFGHIJ28",
+        "Grant:ABCDEFGHIJ27", "grant:../../../ABC", "ABCDEFGHIJ27", "", "grant:"}) {
+    EXPECT_FALSE(IsGrantName(password)) << password;
   }
 }
 

@@ -1,7 +1,11 @@
-#include "text/text_list.h"
-
+// Lists in one text, and patterns of names.
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "text/name_pattern.h"
+#include "text/text_list.h"
 
 namespace quillbox {
 namespace {
@@ -37,6 +41,39 @@ TEST(TextList, TakesTextsOut) {
   EXPECT_EQ(WithoutText("aaa", "aa"), "a");
   EXPECT_EQ(WithoutText("aabb", "ab"), "ab");  // what comes together only then stays
   EXPECT_EQ(WithoutText("", "x"), "");
+}
+
+TEST(NamePattern, Matches) {
+  struct Case {
+    const char* Pattern;
+    std::vector<const char*> Matching, Others;
+  };
+  const Case kCases[] = {
+      {"*.wav", {"ding.wav", "DING.WAV", ".wav"}, {"ding.wav.bak", "dingwav"}},
+      {"*", {"anything", ""}, {}},
+      {"", {""}, {"a"}},
+      {"a?c", {"abc"}, {"ac", "abbc"}},
+      {"*a*b", {"xxaxxab"}, {"xxaxxabc"}},
+      {"a*", {"a"}, {}},
+      {"a**b", {"ab"}, {}},
+      {"\xC9*", {"\xE9t\xE9"}, {}},
+      {"[a]", {}, {"a"}},
+      {"*.a.b", {"x.a.a.b"}, {}},
+      {"??", {"\xE9\xE8"}, {}},
+  };
+  for (const Case& c : kCases) {
+    const std::string row = std::string(c.Pattern) + " on ";
+    for (const char* name : c.Matching)
+      EXPECT_TRUE(MatchesNamePattern(name, c.Pattern)) << row << name;
+    for (const char* name : c.Others)
+      EXPECT_FALSE(MatchesNamePattern(name, c.Pattern)) << row << name;
+  }
+}
+
+TEST(NamePattern, ManyStarsDoNotExplode) {
+  std::string pattern;
+  for (int i = 0; i < 40; ++i) pattern += "*a";
+  EXPECT_FALSE(MatchesNamePattern(std::string(2000, 'a') + "b", pattern));
 }
 
 }  // namespace

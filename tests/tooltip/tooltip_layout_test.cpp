@@ -1,13 +1,11 @@
-#include "tooltip/tooltip_layout.h"
-
-#include <gmock/gmock.h>
+// What stands where in the window, and where the window stands.
 #include <gtest/gtest.h>
+
+#include "tooltip/tooltip_layout.h"
+#include "tooltip/tooltip_placement.h"
 
 namespace quillbox {
 namespace {
-
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 // A font in which every character is as wide as every other.
 TooltipMeasure FixedMeasure(double descriptionWidth, double valueWidth, double height) {
@@ -46,35 +44,53 @@ TEST(TooltipLayout, LinesBecomeRowsAtTheirFirstColonBlank) {
 }
 
 TEST(TooltipLayout, WidestRowAndAllHeightsMakeTheWindow) {
-  // Descriptions of 9 and 5 characters, values of 9 and 3.
-  const TooltipLayout layout =
-      LayOutTooltip("Earnings: $1234.5\r\nCTR.: 1%", FixedMeasure(100, 100, 195));
-  EXPECT_EQ(layout.Width, 360 + 1700);
-  EXPECT_EQ(layout.Height, 300 + 195 + 25 + 195);
-  ASSERT_EQ(layout.Rows.size(), 2U);
-  EXPECT_EQ(layout.Rows[0].Left, 180);
-  EXPECT_EQ(layout.Rows[0].Top, 150);
-  EXPECT_EQ(layout.Rows[0].ValueLeft, 180 + 900);
-  EXPECT_EQ(layout.Rows[1].Top, 150 + 195 + 25);
-  EXPECT_EQ(layout.Rows[1].ValueLeft, 180 + 500);
+  struct Case {
+    const char* Text;
+    double RowHeight;
+    double Width, Height;
+  };
+  const Case kCases[] = {
+      {"Earnings: $1234.5\r\nCTR.: 1%", 195, 360 + 900 + 800, 300 + 195 + 25 + 195},
+      // A row in front of a line without one keeps its gap.
+      {"A: b\r\nplain", 195, 360 + 400, 300 + 195 + 25},
+      {"plain\r\nA: b", 195, 360 + 400, 300 + 195},
+      // 0 + 24.5 rounds to 24, and 24 + 25 + 24.5 to 74.
+      {"plain\r\nA: b", 24.5, 360 + 400, 300 + 24},
+      {"A: b\r\nC: d", 24.5, 360 + 400, 300 + 74},
+      {"Quillbox", 195, 360, 300},
+  };
+  for (const Case& c : kCases) {
+    const TooltipLayout layout = LayOutTooltip(c.Text, FixedMeasure(100, 100, c.RowHeight));
+    EXPECT_EQ(layout.Width, c.Width) << c.Text;
+    EXPECT_EQ(layout.Height, c.Height) << c.Text;
+  }
 }
 
-TEST(TooltipLayout, RowInFrontOfALineWithoutOneKeepsItsGap) {
-  EXPECT_EQ(LayOutTooltip("A: b\r\nplain", FixedMeasure(10, 10, 195)).Height, 300 + 195 + 25);
-  EXPECT_EQ(LayOutTooltip("plain\r\nA: b", FixedMeasure(10, 10, 195)).Height, 300 + 195);
-}
-
-TEST(TooltipLayout, HeightsStayWholeNumbers) {
-  // 0 + 24.5 rounds to 24, and 24 + 25 + 24.5 to 74.
-  EXPECT_EQ(LayOutTooltip("plain\r\nA: b", FixedMeasure(10, 10, 24.5)).Height, 300 + 24);
-  EXPECT_EQ(LayOutTooltip("A: b\r\nC: d", FixedMeasure(10, 10, 24.5)).Height, 300 + 50 + 24);
-}
-
-TEST(TooltipLayout, TextWithoutRowsGivesTheSmallestWindow) {
-  const TooltipLayout layout = LayOutTooltip("Quillbox", FixedMeasure(10, 10, 195));
-  EXPECT_THAT(layout.Rows, IsEmpty());
-  EXPECT_EQ(layout.Width, 360);
-  EXPECT_EQ(layout.Height, 300);
+TEST(TooltipPlacement, StandsBesideTheTaskbar) {
+  struct Case {
+    const char* Edge;
+    PixelRect Taskbar;
+    PixelSize Window;
+    std::optional<PixelPoint> Place;
+  };
+  const Case kCases[] = {
+      {"bottom", {0, 738, 1024, 768}, {144, 48}, PixelPoint{870, 690}},
+      {"bottom, wider than the screen", {0, 738, 1100, 768}, {144, 48}, PixelPoint{946, 690}},
+      {"top", {0, 0, 1024, 30}, {144, 48}, PixelPoint{870, 30}},
+      {"left", {0, 0, 60, 768}, {144, 48}, PixelPoint{60, 710}},
+      {"right", {964, 0, 1024, 768}, {144, 48}, PixelPoint{820, 720}},
+      {"none", {0, 0, 0, 0}, {144, 48}, PixelPoint{0, 710}},
+      {"no edge", {0, 100, 500, 200}, {144, 48}, std::nullopt},
+      {"half to the even pixel", {0, 738, 1024, 768}, {143.5, 47.5}, PixelPoint{870, 690}},
+      {"the other way", {0, 739, 1024, 768}, {144.5, 47.5}, PixelPoint{870, 692}},
+  };
+  for (const Case& c : kCases) {
+    const std::optional<PixelPoint> place = PlaceTooltip(c.Taskbar, {1024, 768}, c.Window);
+    ASSERT_EQ(place.has_value(), c.Place.has_value()) << c.Edge;
+    if (!place) continue;
+    EXPECT_EQ(place->X, c.Place->X) << c.Edge;
+    EXPECT_EQ(place->Y, c.Place->Y) << c.Edge;
+  }
 }
 
 }  // namespace
