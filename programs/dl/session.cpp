@@ -107,7 +107,8 @@ void Session::SetTimes() {
   Set(CURLOPT_QUICK_EXIT, 1L);
 }
 
-// Keeps cookies and connections. The reset would forget the list of cookie files without freeing it.
+// Keeps cookies and connections. The reset would forget the list of cookie files without freeing
+// it.
 void Session::StartAfresh() {
   if (handle_ == nullptr) return;
   Set(CURLOPT_COOKIEFILE, static_cast<const char*>(nullptr));
