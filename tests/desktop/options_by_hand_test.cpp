@@ -58,10 +58,11 @@ printf 0 > "${files#*|}")");
   QPoint MiddleOf(const QString& title) {
     const QStringList figures =
         desktop_
-            .Output("sh", {"-c", "eval $(xdotool getwindowgeometry --shell " + WindowOf(title) +
-                                     ") && echo $((X+WIDTH/2)) $((Y+HEIGHT/2))"})
-            .split(' ');
-    return {figures.value(0).toInt(), figures.value(1).toInt()};
+            .Output("sh", {"-c", "xwininfo -id " + WindowOf(title) +
+                                     " | awk '/Absolute|Width|Height/ { print $NF }'"})
+            .split('\n');
+    const auto figure = [&](int index) { return figures.value(index).toInt(); };
+    return {figure(0) + figure(2) / 2, figure(1) + figure(3) / 2};
   }
 
   bool IsStored(const std::string& text) {
