@@ -60,7 +60,11 @@ Session::Session(const CurlLibrary& curl, const Limits& limits, std::string auth
       authorityFile_(std::move(authorityFile)),
       end_(std::chrono::steady_clock::now() + limits.Total),
       handle_(curl.easy_init()),
-      usable_(handle_ != nullptr) {}
+      usable_(handle_ != nullptr) {
+  // Turns cookies on for good. The name is forgotten before each exchange, so nothing is written; a
+  // list of files to read, the other way to turn them on, is lost with each reset of the handle.
+  Set(CURLOPT_COOKIEJAR, "");
+}
 
 Session::~Session() {
   if (handle_ != nullptr) curl_.easy_cleanup(handle_);
@@ -107,18 +111,10 @@ void Session::SetTimes() {
   Set(CURLOPT_QUICK_EXIT, 1L);
 }
 
-// Keeps cookies and connections. The reset would forget the list of cookie files without freeing
-// it.
-void Session::StartAfresh() {
-  if (handle_ == nullptr) return;
-  Set(CURLOPT_COOKIEFILE, static_cast<const char*>(nullptr));
-  curl_.easy_reset(handle_);
-}
-
 void Session::SetCommon(const std::string& address) {
-  StartAfresh();
+  // Keeps cookies and connections.
+  if (handle_ != nullptr) curl_.easy_reset(handle_);
   Set(CURLOPT_URL, address.c_str());
-  Set(CURLOPT_COOKIEFILE, "");
   // libcurl's own unpacking doesn't notice a packed body that ends too early.
   if (zlib_.Loaded()) Set(CURLOPT_ACCEPT_ENCODING, "gzip, deflate");
   Set(CURLOPT_HTTP_CONTENT_DECODING, 0L);

@@ -43,7 +43,6 @@ class Session {
  private:
   template <typename Value>
   void Set(CURLoption option, Value value);
-  void StartAfresh();
   void SetCommon(const std::string& address);
   void SetSecurity();
   void SetTimes();
