@@ -8,7 +8,7 @@
 namespace quillbox {
 namespace {
 
-constexpr qsizetype kLongestMessage = 64 * 1024 * 1024;
+constexpr qsizetype kLongestMessage = qsizetype{64} * 1024 * 1024;
 
 }  // namespace
 

@@ -21,7 +21,7 @@ QAudioFormat::SampleFormat FormatOf(SampleForm form) {
 // The same samples with a low byte of zero.
 QByteArray Widened(std::string_view frames) {
   QByteArray wide;
-  wide.reserve(static_cast<qsizetype>(frames.size() / 3 * 4));
+  wide.reserve(static_cast<qsizetype>(frames.size()) / 3 * 4);
   for (std::size_t i = 0; i + 3 <= frames.size(); i += 3) {
     wide.append('\0').append(frames.data() + i, 3);
   }
