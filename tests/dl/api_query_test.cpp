@@ -97,14 +97,11 @@ TEST(ApiPatience, GrowsEndsAndGivesTheServerItsTime) {
     std::optional<std::chrono::milliseconds> pause;
   };
   const Case kCases[] = {{1, 90s, 0s, 1s},
-                         {2, 90s, 0s, 3s},
                          {3, 90s, 0s, std::nullopt},
                          {1, 90s, 20s, 20s},
                          {2, 90s, 1s, 3s},
                          {1, 20s, 20s, std::nullopt},
                          {1, 1s, 0s, std::nullopt},
-                         {1, 0s, 0s, std::nullopt},
-                         {1, 90s, 1'000'000'000s, std::nullopt},
                          {1, 90s, std::chrono::seconds::max(), std::nullopt},
                          {1, 90s, std::chrono::seconds::min(), 1s}};
   for (const Case& c : kCases) {

@@ -1,7 +1,10 @@
 // `dl check`: what it says of an account, and that it keeps the account's secrets.
 #include <gmock/gmock.h>
 
+#include <csignal>
+
 #include "dl/support/grants.h"
+#include "dl/support/pseudo_terminal.h"
 
 namespace quillbox {
 namespace {
@@ -42,6 +45,37 @@ TEST(Check, SaysWhatHappenedAndNeverASecret) {
     if (*c.secret != '\0') {
       EXPECT_THAT(said, Not(HasSubstr(c.secret)));
     }
+  }
+}
+
+TEST(Check, AsksAtATerminalWithoutShowingWhatIsTyped) {
+  struct Case {
+    const char* keys;
+    int signal;  // that it is sent then; 0 for none
+    int status;
+    const char* shown;
+  };
+  const Case kCases[] = {
+      {"rosemary\r", 0, 0, "\r\nSign-in works.\r\n"},
+      {"thyme\r", 0, 3, "refused the sign-in.\r\n"},
+      {"rosemary\x03", 0, -SIGINT, "\r\n"},
+      {"rosemary", SIGTERM, -SIGTERM, "\r\n"},
+      {"", SIGHUP, -SIGHUP, "\r\n"},
+  };
+  const GrantHome home;
+  const DemoService service;
+  for (const Case& c : kCases) {
+    SCOPED_TRACE(std::string(c.keys) + ", signal " + std::to_string(c.signal));
+    const PseudoTerminal terminal;
+    ChildProcess dl(terminal.Start({QUILLBOX_DL_PROGRAM, "check", kEmail},
+                                   home.WholeEnvironment(service.Host(), service.AuthorityFile())));
+    EXPECT_EQ(terminal.ReadTo("Password: "), "Password: ");
+    EXPECT_FALSE(terminal.Echoes());
+    terminal.Type(c.keys);
+    if (c.signal != 0) ::kill(dl.Id(), c.signal);
+    EXPECT_THAT(terminal.ReadTo(c.shown), Not(testing::ContainsRegex("rosemary|thyme")));
+    EXPECT_EQ(dl.Wait(), c.status);
+    EXPECT_TRUE(terminal.Echoes());
   }
 }
 

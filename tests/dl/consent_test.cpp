@@ -1,29 +1,15 @@
-// What is said to the consent page, and what is heard from it.
-#include <gtest/gtest.h>
+// What is heard from the consent page, and what the person is asked then.
+#include <gmock/gmock.h>
 
-#include "oauth/consent_address.h"
-#include "oauth/redirect_request.h"
+#include "oauth/browser_pages.h"
+#include "oauth/consent_answer.h"
 
 namespace quillbox {
 namespace {
 
-TEST(ConsentAddress, HoldsTheQuestion) {
-  ConsentQuestion question{
-      "https://h/authorize", "id&x", "a.readonly", "http://127.0.0.1:1/", "st-ate", "chal", ""};
-  const std::string kStart =
-      "https://h/authorize?response_type=code&client_id=id%26x"
-      "&redirect_uri=http%3A%2F%2F127.0.0.1%3A1%2F&scope=a.readonly&state=st-ate"
-      "&code_challenge=chal&code_challenge_method=S256";
-  EXPECT_EQ(ConsentAddress(question), kStart);
-  question.Email = "a@b.test";
-  EXPECT_EQ(ConsentAddress(question), kStart + "&login_hint=a%40b.test");
-}
-
 TEST(Redirect, IsReadFromTheHeadOfARequest) {
-  struct Case {
-    const char *head, *said;  // state, code, error
-  };
-  const Case kCases[] = {
+  const std::pair<const char*, const char*> kCases[] = {
+      // state, code, error
       {"GET /?code=4%2F0a&state=s HTTP/1.1\r\nHost: x\r\n\r\n", "s|4/0a|"},
       {"GET /?state=s%2&error=access_denied&iss=https://x HTTP/1.1\r\n\r\n", "s%2||access_denied"},
       {"GET /?state=a+b&code=%41%4&x&=y HTTP/1.0\r\n\r\n", "a b|A%4|"},
@@ -36,13 +22,26 @@ TEST(Redirect, IsReadFromTheHeadOfARequest) {
       {"GET /?state=s&code=c\r\n HTTP/1.1\r\n\r\n", "none"},
       {"GET /? HTTP/1.1", "none"},
       {"", "none"}};
-  for (const Case& c : kCases) {
-    const auto answer = ReadRedirect(c.head);
-    EXPECT_EQ(answer ? answer->State + "|" + answer->Code + "|" + answer->Error : "none", c.said)
-        << c.head;
+  for (const auto& [head, said] : kCases) {
+    const auto query = ReadPageRequest(head);
+    const auto answer = query ? ReadConsent(*query) : std::nullopt;
+    EXPECT_EQ(answer ? answer->State + "|" + answer->Code + "|" + answer->Error : "none", said)
+        << head;
   }
   EXPECT_FALSE(IsWholeHead("GET / HTTP/1.1\r\n"));
   EXPECT_TRUE(IsWholeHead("GET / HTTP/1.1\r\n\r\n"));
+}
+
+TEST(BrowserPages, ShowNamesOfAccountsAsTheyAre) {
+  const PublisherAccount kAccounts[] = {{"accounts/pub-1", "<b>Tom's \"A&B\"", "READY", {}},
+                                        {"accounts/pub-2", "", "READY", {}}};
+  const std::string page = ChoicePage("st-ate", kAccounts);
+  for (const char* const part :
+       {"name=\"state\" value=\"st-ate\">",
+        "value=\"accounts/pub-1\">&#60;b&#62;Tom&#39;s &#34;A&#38;B&#34;<small>pub-1</small>",
+        "value=\"accounts/pub-2\">pub-2<small>pub-2</small>"}) {
+    EXPECT_THAT(page, testing::HasSubstr(part));
+  }
 }
 
 }  // namespace

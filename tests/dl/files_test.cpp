@@ -71,12 +71,20 @@ TEST_F(Files, DataAppearWholeAndBeforeTheLog) {
   EXPECT_THAT(NamesIn(run_.Folder), UnorderedElementsAre("Some.dat", "Some.log"));
 }
 
-TEST_F(Files, OldOnesAreReplacedOrGone) {
-  PutOldOnes();
-  EXPECT_EQ(run_.CodeOf(service_.Plain()), "0");
-  EXPECT_EQ(run_.Data(), "2.0");
-  EXPECT_TRUE(IsPrivateFile(run_.DataPath()));
-  EXPECT_TRUE(IsPrivateFile(run_.LogPath()));
+TEST_F(Files, OldOnesAreReplacedOrGoneAndLinksNotFollowed) {
+  run_.Folder.Put("victim", "precious");
+  const auto link = [&](const std::string& path) {
+    fs::remove(path);
+    fs::create_symlink(run_.Folder.File("victim"), path);
+  };
+  for (const bool links : {false, true}) {
+    PutOldOnes();
+    if (links) link(run_.DataPath()), link(run_.LogPath());
+    EXPECT_EQ(run_.CodeOf(service_.Plain()), "0");
+    EXPECT_EQ(run_.Data(), "2.0");
+    EXPECT_TRUE(IsPrivateFile(run_.DataPath()) && IsPrivateFile(run_.LogPath())) << links;
+  }
+  EXPECT_EQ(run_.Folder.Content("victim"), "precious");
   EXPECT_EQ(run_.CodeOf(service_.Plain("/nothing")), "2");
   EXPECT_FALSE(run_.Data());
 }
@@ -92,17 +100,6 @@ TEST_F(Files, OldOnesAreGoneBeforeAnythingIsSentAndACrashLeavesACodeToo) {
     EXPECT_EQ(run_.Log(), "2") << signal;
     EXPECT_THAT(NamesIn(run_.Folder), ElementsAre("Some.log")) << signal;
   }
-}
-
-TEST_F(Files, SymbolicLinksAreNotFollowed) {
-  run_.Folder.Put("victim", "precious");
-  fs::create_symlink(run_.Folder.File("victim"), run_.DataPath());
-  fs::create_symlink(run_.Folder.File("victim"), run_.LogPath());
-  EXPECT_EQ(run_.CodeOf(service_.Plain()), "0");
-  EXPECT_EQ(run_.Folder.Content("victim"), "precious");
-  EXPECT_EQ(run_.Data(), "2.0");
-  EXPECT_TRUE(IsPrivateFile(run_.DataPath()));
-  EXPECT_TRUE(IsPrivateFile(run_.LogPath()));
 }
 
 TEST_F(Files, ThatCannotBeWrittenShowInTheCodeOrTheExitStatus) {

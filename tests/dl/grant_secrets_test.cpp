@@ -22,9 +22,6 @@ constexpr const char* kGoodToken =
 constexpr const char* kHastyToken =
     "200\n\n"
     R"({"access_token":"token-for-the-tests","token_type":"Bearer","expires_in":0})";
-constexpr const char* kNewGrant =
-    "200\n\n"
-    R"({"access_token":"a","token_type":"bearer","refresh_token":"the-new-one"})";
 constexpr const char* kGoodReport =
     "200\n\n"
     R"({"startDate":{"year":2026,"month":3,"day":1},"endDate":{"year":2026,"month":3,"day":1}})";
@@ -122,19 +119,6 @@ TEST_F(GrantSecrets, GoToTheirPlaceAloneAndNoOftenerThanNeeded) {
       EXPECT_EQ(request.target.find(kToken), std::string::npos);
     }
   }
-}
-
-TEST_F(GrantSecrets, ANewGrantTakesThePlaceOfTheOld) {
-  const ListeningServer service(Service({kNewGrant}, {kGoodReport}));
-  EXPECT_EQ(FetchCode(service), "0");
-  const std::string kept = ReadWhole(home_.GrantPath()).value_or("");
-  EXPECT_THAT(kept, HasSubstr("\"the-new-one\""));
-  EXPECT_THAT(kept, HasSubstr("\"no-secret\""));
-  struct stat status {};
-  ASSERT_EQ(::stat(home_.GrantPath().c_str(), &status), 0);
-  EXPECT_EQ(status.st_mode & 0777U, 0600U);
-  EXPECT_EQ(FetchCode(service), "0");
-  EXPECT_TRUE(service.Heard("refresh_token=the-new-one"));
 }
 
 TEST_F(GrantSecrets, AreNotShownEvenIfTheServiceRepeatsThem) {

@@ -8,32 +8,20 @@ namespace quillbox {
 namespace {
 
 TEST(Passwords, ArriveInUtf8AndWhole) {
-  const std::vector<std::string> passwords = {"a|b|c",
-                                              "x%#%y",
-                                              "%",
-                                              "%#",
-                                              "#%",
-                                              "100%",
-                                              "%41",
-                                              "a&b=c+",
-                                              " a b ",
-                                              "&Passwd=",
-                                              "\xE4\xF6\xFC\xDF",
-                                              "\x80uro",
-                                              "\"quoted\"",
-                                              "back\\slash"};
-  const auto emailOf = [](std::size_t number) { return std::to_string(number) + "\xFC@x.test"; };
+  std::vector<std::pair<std::string, std::string>> accounts;  // e-mail address and password
   std::vector<std::string> options;
-  for (std::size_t i = 0; i < passwords.size(); ++i) {
-    options.insert(options.end(), {"--account", ToUtf8(emailOf(i) + ":" + passwords[i])});
+  for (const char* const password :
+       {"a|b|c", "x%#%y", "%", "%#", "#%", "100%", "%41", "a&b=c+", " a b ",
+        "&Passwd=", "\xE4\xF6\xFC\xDF", "\x80uro", "\"quoted\"", "back\\slash"}) {
+    accounts.emplace_back(std::to_string(accounts.size()) + "\xFC@x.test", password);
+    options.insert(options.end(), {"--account", ToUtf8(accounts.back().first + ":" + password)});
   }
   const DemoService service(options);
   const DlRun run;
-  for (std::size_t i = 0; i < passwords.size(); ++i) {
+  for (const auto& [email, password] : accounts) {
     for (const auto& [more, code] : {std::pair{"", "0"}, {"!", "3"}}) {
-      const std::string password = passwords[i] + more;
-      const std::string request = SignedIn(emailOf(i), password, service.Address(kContentReport));
-      EXPECT_EQ(run.CodeOf({request, service.AuthorityFile()}), code) << ToUtf8(password);
+      const std::string request = SignedIn(email, password + more, service.Address(kContentReport));
+      EXPECT_EQ(run.CodeOf({request, service.AuthorityFile()}), code) << ToUtf8(password + more);
     }
   }
 }

@@ -4,10 +4,9 @@
 #include <gmock/gmock.h>
 
 #include <cstdio>
-#include <nlohmann/json.hpp>
 
-#include "api/report_json.h"
 #include "oauth/form_fields.h"
+#include "reports/day_figures.h"
 #include "reports/report_table.h"
 #include "text/text_list.h"
 
@@ -112,23 +111,20 @@ TEST(ReportRequest, TellsWhatIsWrong) {
   for (const char* query : kWrong) EXPECT_THROW(Rows(query), BadReportRequest) << query;
 }
 
-TEST(ReportJson, HasTheServicesForm) {
-  const ReportRequest request =
-      ParseReportRequest(QueryFields("?dateRange=LAST_7_DAYS&dimensions=DATE&metrics=CLICKS"
-                                     "&metrics=ESTIMATED_EARNINGS&limit=1"),
-                         kNoon.Today);
-  ReportRows rows{{{"2007-01-28", "61", "8.41"}}, 2, {"", "130", "17.02"}, {"", "65", "8.51"}};
-  const auto json = nlohmann::json::parse(ReportJson(request, rows, "EUR", {"careful"}));
-  EXPECT_EQ(json, nlohmann::json::parse(R"({
-    "totalMatchedRows": "2",
-    "headers": [{"name": "DATE", "type": "DIMENSION"}, {"name": "CLICKS", "type": "METRIC_TALLY"},
-      {"name": "ESTIMATED_EARNINGS", "type": "METRIC_CURRENCY", "currencyCode": "EUR"}],
-    "rows": [{"cells": [{"value": "2007-01-28"}, {"value": "61"}, {"value": "8.41"}]}],
-    "totals": {"cells": [{"value": ""}, {"value": "130"}, {"value": "17.02"}]},
-    "averages": {"cells": [{"value": ""}, {"value": "65"}, {"value": "8.51"}]},
-    "startDate": {"year": 2007, "month": 1, "day": 27},
-    "endDate": {"year": 2007, "month": 2, "day": 2},
-    "warnings": ["careful", "The limit has cut rows off."]})"));
+TEST(DayFigures, NeverFallWithinADayAndGrowOverIt) {
+  for (std::uint64_t seed = 0; seed < 20; ++seed) {
+    DayFigures before;
+    for (auto grown = 0s; grown <= 48h; grown += 97s) {
+      const DayFigures now = FiguresOfDay(seed, "someone", kNoon.Today, grown);
+      ASSERT_GE(now.Impressions, before.Impressions) << seed << " at " << grown.count();
+      ASSERT_GE(now.Clicks, before.Clicks) << seed << " at " << grown.count();
+      ASSERT_GE(now.SignUps, before.SignUps) << seed << " at " << grown.count();
+      ASSERT_GE(now.EarningsCents, before.EarningsCents) << seed << " at " << grown.count();
+      before = now;
+    }
+    EXPECT_GT(before.Clicks, 0) << seed;
+    EXPECT_GT(before.EarningsCents, 0) << seed;
+  }
 }
 
 }  // namespace

@@ -2,52 +2,40 @@
 // mean.
 #include <gtest/gtest.h>
 
+#include <array>
+
 #include "request/agent_text.h"
 #include "request/answer.h"
 #include "request/limits.h"
-#include "request/sign_in_form.h"
 #include "request/web_address.h"
 
 namespace quillbox {
 namespace {
 
 TEST(AgentText, PathsAreCutFromTheRight) {
-  struct Case {
-    const char *text, *parts;
-  };
-  const Case kCases[] = {
+  const std::pair<const char*, const char*> kCases[] = {
       {"https://h/v|/a b/x.dat|/a b/x.log", "https://h/v, /a b/x.dat, /a b/x.log"},
       {"Email=a&Passwd=|x|y|%#%https://h|/d|/l", "Email=a&Passwd=|x|y|%#%https://h, /d, /l"},
       {"|/d|/l", ", /d, /l"},
       {"", "none"},
       {"|", "none"},
-      {"https://h", "none"},
       {"https://h|/d", "none"},
       {"https://h||/l", "none"},
       {"https://h|/d|", "none"},
   };
-  for (const Case& c : kCases) {
-    const auto parts = SplitAgentText(c.text);
+  for (const auto& [text, wanted] : kCases) {
+    const auto parts = SplitAgentText(text);
     EXPECT_EQ(parts ? parts->Request + ", " + parts->DataPath + ", " + parts->LogPath : "none",
-              c.parts)
-        << c.text;
+              wanted)
+        << text;
   }
 }
 
-TEST(AgentText, PlainRequestsSignNobodyInAndHalfARequestIsNone) {
-  const auto plain = ParseAgentRequest("https://h/versionqb.txt");
-  ASSERT_TRUE(plain);
-  EXPECT_FALSE(plain->SignIn);
-  EXPECT_EQ(plain->Address, "https://h/versionqb.txt");
+TEST(AgentText, HalfARequestIsNone) {
   for (const char* text : {"", "%#%https://h", "Email=a%#%https://h", "Passwd=b%#%https://h",
                            "Email=a&Passwd=b%#%", "x&Email=a&Passwd=b%#%https://h"}) {
     EXPECT_FALSE(ParseAgentRequest(text)) << text;
   }
-}
-
-TEST(SignInForm, IsUtf8AndEncodesAllThatAFormReserves) {
-  EXPECT_EQ(SignInForm({"a.b@c", "p&=+% \xFC\x80|"}),
-            "Email=a.b%40c&Passwd=p%26%3D%2B%25%20%C3%BC%E2%82%AC%7C");
 }
 
 TEST(WebAddress, OneReadingOfTheHostOrNone) {
@@ -67,53 +55,49 @@ TEST(WebAddress, OneReadingOfTheHostOrNone) {
     const auto address = ParseWebAddress(text);
     EXPECT_EQ(address ? address->Host : "none", host) << text;
   }
-  EXPECT_EQ(SignInAddress("h:1"), "https://h:1/accounts/ServiceLoginAuth");
 }
 
-Answer Complete(long status, const char* type, const char* address, const char* body) {
-  return {Transfer::kComplete, status, type, address, "", body};
-}
-
-TEST(Answer, TheStatusDecides) {
+TEST(Answer, TheStatusDecidesAndAPageInThePlaceOfAReportIsARefusal) {
   struct Case {
     long status;
-    ResultCode code;
+    const char *type, *address, *body;
+    ResultCode answer, report;  // to a plain request; to one for a report
   };
+  const ResultCode kGood = ResultCode::kSuccess, kNone = ResultCode::kNoAnswer,
+                   kRefused = ResultCode::kRefused;
+  const char *const kReport = "https://h/r", *const kText = "text/plain";
   const Case kCases[] = {
-      {199, ResultCode::kNoAnswer}, {200, ResultCode::kSuccess},  {204, ResultCode::kSuccess},
-      {299, ResultCode::kSuccess},  {300, ResultCode::kNoAnswer}, {302, ResultCode::kNoAnswer},
-      {400, ResultCode::kNoAnswer}, {401, ResultCode::kRefused},  {403, ResultCode::kRefused},
-      {404, ResultCode::kNoAnswer}, {500, ResultCode::kNoAnswer}, {0, ResultCode::kNoAnswer}};
-  for (const Case& c : kCases) {
-    const Answer answer = Complete(c.status, "text/plain", "https://h/r", "x\ty\n");
-    EXPECT_EQ(JudgeAnswer(answer), c.code) << c.status;
-    EXPECT_EQ(JudgeReport(answer), c.code) << c.status;
-  }
-}
-
-TEST(Answer, APageInThePlaceOfAReportIsARefusal) {
-  const Answer kPages[] = {
-      Complete(200, "text/html; charset=utf-8", "https://h/r", "x\ty\n"),
-      Complete(200, "Application/XHTML+xml", "https://h/r", "x"),
-      Complete(200, "text/plain", "https://h/r", " \r\n<!DOCTYPE HTML><title>"),
-      Complete(200, "", "https://h/r", "<HTML>"),
-      Complete(200, "text/plain", "https://h/accounts/ServiceLogin?x", "sign in"),
+      {0, kText, kReport, "x", kNone, kNone},
+      {199, kText, kReport, "x", kNone, kNone},
+      {200, kText, kReport, "x\ty\n", kGood, kGood},
+      {200, kText, kReport, "", kGood, kGood},
+      {200, kText, kReport, " \n", kGood, kGood},
+      {299, kText, kReport, "x", kGood, kGood},
+      {300, kText, kReport, "x", kNone, kNone},
+      {400, kText, kReport, "x", kNone, kNone},
+      {200, "text/html; charset=utf-8", kReport, "x\ty\n", kGood, kRefused},
+      {200, "Application/XHTML+xml", kReport, "x", kGood, kRefused},
+      {200, kText, kReport, " \r\n<!DOCTYPE HTML><title>", kGood, kRefused},
+      {200, "", kReport, "<HTML>", kGood, kRefused},
+      {200, kText, "https://h/accounts/ServiceLogin?x", "sign in", kGood, kRefused},
   };
-  for (const Answer& page : kPages) {
-    EXPECT_EQ(JudgeReport(page), ResultCode::kRefused) << page.Body << " of " << page.Address;
-    EXPECT_EQ(JudgeAnswer(page), ResultCode::kSuccess) << page.Body << " of " << page.Address;
+  for (const Case& c : kCases) {
+    const Answer answer{Transfer::kComplete, c.status, c.type, c.address, "", c.body};
+    EXPECT_EQ(JudgeAnswer(answer), c.answer) << c.status << c.type << c.body;
+    EXPECT_EQ(JudgeReport(answer), c.report) << c.status << c.type << c.body;
   }
-  EXPECT_EQ(JudgeReport(Complete(200, "text/plain", "https://h/r", "")), ResultCode::kSuccess);
-  EXPECT_EQ(JudgeReport(Complete(200, "text/plain", "https://h/r", " \n")), ResultCode::kSuccess);
 }
 
 TEST(Limits, AreShortenedOnly) {
   struct Case {
     const char* text;
-    int connect, idle, total;
+    int connect, idle, total, person = 300'000;
   };
   const Case kCases[] = {{"", 20'000, 60'000, 100'000},
                          {"1,2,3", 1, 2, 3},
+                         {"1,2,3,4", 1, 2, 3, 4},
+                         {"1,2,3,300001", 1, 2, 3},
+                         {"1,2,3,4,5", 20'000, 60'000, 100'000},
                          {"30000,2,900000", 20'000, 2, 100'000},
                          {"1,2", 20'000, 60'000, 100'000},
                          {"1,2,3,", 20'000, 60'000, 100'000},
@@ -121,10 +105,10 @@ TEST(Limits, AreShortenedOnly) {
                          {"1,2,99999999999", 20'000, 60'000, 100'000}};
   for (const Case& c : kCases) {
     const Limits limits = ShortenedLimits(c.text);
-    EXPECT_EQ(limits.Connect.count(), c.connect) << c.text;
-    EXPECT_EQ(limits.Idle.count(), c.idle) << c.text;
-    EXPECT_EQ(limits.Total.count(), c.total) << c.text;
-    EXPECT_EQ(limits.BodyBytes, 64U * 1024 * 1024) << c.text;
+    EXPECT_EQ((std::array{limits.Connect.count(), limits.Idle.count(), limits.Total.count(),
+                          limits.Person.count()}),
+              (std::array<std::int64_t, 4>{c.connect, c.idle, c.total, c.person}))
+        << c.text;
   }
 }
 

@@ -6,8 +6,8 @@
 
 #include "options/ad_sense_frame.h"
 #include "retrieval/refresh_cycle.h"
+#include "simulated/context_on_state.h"
 #include "simulated/sample_report.h"
-#include "simulated/simulated_host.h"
 #include "tray/tray_menu.h"
 
 namespace quillbox {
@@ -20,9 +20,11 @@ using testing::SizeIs;
 
 using Names = std::vector<std::string>;
 
-// The page on a state that the test owns; account i signs in as "mail<i>" with "pass<i>".
-class AccountTest : public testing::Test {
+// The page; account i signs in as "mail<i>" with "pass<i>".
+class AccountTest : public ContextOnState {
  protected:
+  AccountTest() { static_cast<AccountList&>(state_) = {}; }
+
   void Open(const Names& accounts, std::string_view primary = "") {
     BuildTraySubmenus(program_);
     for (std::size_t i = 0; i < accounts.size(); ++i) {
@@ -67,47 +69,15 @@ class AccountTest : public testing::Test {
   }
   std::string Stored(const std::string& key) { return store_.ReadSetting({"Accounts", key}); }
 
-  SimulatedHost host_;
-  AppState state_;
-  ApplicationFolder folder_{"/app", "/app", '/'};
-  RegionalSettings region_;
-  BuildValues build_{"h.test", "h.test", "https://m.test", "a@m.test", "1.3.0"};
-  Host ports_ = host_.Ports();
-  SettingsStore store_{host_.Store, host_.Files, folder_, state_.SettingsProfile};
-  ProgramContext program_{state_, store_, ports_, folder_, region_, build_};
   ChangeMark mark_;
   AdSenseFrame page_{program_, mark_};
 };
 
-TEST_F(AccountTest, ThePageShowsTheAccountsAndThePrimaryOne) {
-  struct Case {
-    Names Accounts;
-    const char* Primary;
-    const char* Selected;
-    bool MayEdit;
-  };
-  const Case kCases[] = {{{}, "one", "", false},
-                         {{"one", "two"}, "", "one", true},
-                         {{"one", "two"}, "two", "two", true},
-                         {{"one", "two"}, "Two", "", true}};
-  for (const Case& c : kCases) {
-    state_.Accounts = c.Accounts;
-    store_.WriteSetting(kPrimaryAccount, c.Primary);
-    ChangeMark mark;
-    AdSenseFrame page(program_, mark);
-    page.LoadAdSenseFrame();
-    EXPECT_EQ(page.Combo3.Items(), c.Accounts);
-    EXPECT_EQ(page.Combo3.Text(), c.Selected) << c.Primary;
-    EXPECT_EQ(page.Command7.Enabled(), c.MayEdit) << c.Primary;
-    EXPECT_EQ(page.Command6.Enabled(), c.MayEdit) << c.Primary;
-    EXPECT_FALSE(page.AdSenseChanged) << c.Primary;
-  }
-}
-
 TEST_F(AccountTest, TheFirstAccountBecomesThePrimaryOne) {
-  Open({});
+  Open({}, "one");
+  EXPECT_EQ(page_.Combo3.Text(), "");
+  EXPECT_FALSE(page_.Command6.Enabled() || page_.Command7.Enabled());
   Add("one");
-  EXPECT_EQ(Form(), nullptr);
   EXPECT_EQ(page_.Combo3.Text(), "one");
   EXPECT_TRUE(page_.Command6.Enabled() && page_.Command7.Enabled() && Changed());
   EXPECT_EQ(store_.ReadSetting(kAccounts), "") << "before Apply";
@@ -193,6 +163,13 @@ TEST_F(AccountTest, RefusalsLeaveTheFormOpenAndChangeNothing) {
   }
   EXPECT_THAT(state_.Accounts, ElementsAre("one", "two Impressions"));
   EXPECT_FALSE(page_.AdSenseChanged || mark_.OptionsChanged);
+
+  Enter(page_.Command5, "last", "m", "sunlight");
+  EXPECT_EQ(Form(), nullptr) << "it is the last one";
+  Add("behind");
+  EXPECT_THAT(host_.Boxes.Shown().back().Text,
+              HasSubstr("The account \"last\" must stand last in the list"));
+  EXPECT_THAT(state_.Accounts, ElementsAre("one", "two Impressions", "last"));
 }
 
 TEST_F(AccountTest, WhatOnlyASettingsFileCannotCarryIsRefusedInFileModeAlone) {
@@ -205,17 +182,6 @@ TEST_F(AccountTest, WhatOnlyASettingsFileCannotCarryIsRefusedInFileModeAlone) {
       static_cast<AccountList&>(state_) = {};
     }
   }
-}
-
-TEST_F(AccountTest, NoneIsAddedBehindOneThatMustStandLast) {
-  Open({"one"});
-  Enter(page_.Command5, "two", "m", "sunlight");
-  EXPECT_THAT(host_.Boxes.Shown(), IsEmpty()) << "it is the last one";
-  Add("three");
-  ASSERT_THAT(host_.Boxes.Shown(), SizeIs(1));
-  EXPECT_THAT(host_.Boxes.Shown()[0].Text,
-              HasSubstr("The account \"two\" must stand last in the list"));
-  EXPECT_THAT(state_.Accounts, ElementsAre("one", "two"));
 }
 
 TEST_F(AccountTest, ConnectPutsTheNameOfAGrantInThePlaceOfThePassword) {
@@ -286,17 +252,13 @@ TEST_F(AccountTest, RemoveForgetsTheAccountAndItsFigures) {
   }
 }
 
-TEST_F(AccountTest, WithoutASelectedEntryEditAndRemoveDoNothing) {
+TEST_F(AccountTest, AStoreThatIsDamagedDoesNoHarm) {
   Open({"one", "two"}, "gone");
   page_.Command7.Click();
   page_.Command6.Click();
-  EXPECT_TRUE(page_.Command6.Enabled() && page_.Command7.Enabled());
-  EXPECT_EQ(Form(), nullptr);
+  EXPECT_EQ(Form(), nullptr) << "none is selected";
   EXPECT_THAT(host_.Boxes.Shown(), IsEmpty());
-}
 
-TEST_F(AccountTest, ListsOfADamagedStoreAreNotMixedUp) {
-  Open({"one", "two"});
   state_.Usernames = {"mail0", "mail1", "stray"};
   state_.Passwords.clear();  // one of them could not be unscrambled
   Add("three");

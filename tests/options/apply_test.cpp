@@ -91,15 +91,8 @@ TEST_F(Apply, WritesTheChangedPagesInTheirOrderAndAllOfThemAgain) {
     EXPECT_EQ(Get(kAutoUpdateRate), lastRate);
   }
   EXPECT_EQ(Shown("ApplyButton"), ", disabled");
-  EXPECT_FALSE(Form().Mark.OptionsChanged);
-}
-
-TEST_F(Apply, DoesNothingWithoutAChange) {
-  Form().Mark.OptionsChanged = false;
   Form().Mark.ApplyButton.SetEnabled(true);
-  host_.Effects.Clear();
-  PressApply();
-  EXPECT_THAT(host_.Trace(), IsEmpty());
+  EXPECT_THAT(Effects(), IsEmpty()) << "nothing has changed since";
 }
 
 TEST_F(Apply, StartsAndStopsTheMinuteClock) {
@@ -155,16 +148,6 @@ TEST_F(Apply, ComesWithOkWhenThereIsAChange) {
                           "store Sounds/Downloaded=(None)", "close Opts"));
 }
 
-TEST_F(Apply, IsNotUndoneByCancel) {
-  Form().GeneralFrame.Check1.SetTicked(true);
-  PressApply();
-  Form().GeneralFrame.Check1.SetTicked(false);
-  host_.Effects.Clear();
-  Form().Command2.Click();
-  EXPECT_THAT(host_.Trace(), ElementsAre("close Opts"));
-  EXPECT_EQ(Get(kUse24Hour), "True");
-}
-
 // Cancel takes the stored accounts back, the close box leaves them as edited.
 TEST_F(Apply, IsMissingFromCancelAndCloseBox) {
   SettingBatch batch;
@@ -176,25 +159,25 @@ TEST_F(Apply, IsMissingFromCancelAndCloseBox) {
       state_.Accounts[0] = "edited";
       Form().AdSenseFrame.AdSenseChanged = edited;
       host_.Effects.Clear();
-      if (cancel) {
-        Form().Command2.Click();
-      } else {
-        host_.Windows.CloseBox(FormName::kOpts);
-      }
+      cancel ? Form().Command2.Click() : host_.Windows.CloseBox(FormName::kOpts);
       EXPECT_EQ(state_.Accounts[0], cancel && edited ? "one" : "edited") << cancel << edited;
       EXPECT_THAT(host_.Trace(), ElementsAre("close Opts"));
     }
   }
 }
 
-TEST_F(Apply, ComesWithAFormOfItsOwnAtEachOpening) {
-  host_.Effects.Clear();
+TEST_F(Apply, IsNotUndoneByCancelAndEachOpeningHasAFormOfItsOwn) {
   Form().GeneralFrame.Check1.SetTicked(true);
+  PressApply();
+  Form().GeneralFrame.Check1.SetTicked(false);
+  host_.Effects.Clear();
   form_.Options_Click();
-  EXPECT_THAT(host_.Trace(), IsEmpty());
-  EXPECT_EQ(Shown("Check1"), "True");
+  EXPECT_EQ(Shown("Check1"), "False") << "it is open already";
+  Form().Command2.Click();
+  EXPECT_THAT(host_.Trace(), ElementsAre("close Opts"));
+  EXPECT_EQ(Get(kUse24Hour), "True");
   Open();
-  EXPECT_EQ(Shown("Check1"), "False");
+  EXPECT_EQ(Shown("Check1"), "True");
 }
 
 }  // namespace

@@ -9,7 +9,7 @@ namespace {
 
 using testing::ElementsAre;
 
-TEST_F(OpenOptions, StoresItsDefaultsAtTheFirstOpening) {
+TEST_F(OpenOptions, StoresItsDefaultsAndRewritesOnlyTheTextsThatItMust) {
   Open();
   EXPECT_THAT(
       host_.Trace(),
@@ -17,6 +17,13 @@ TEST_F(OpenOptions, StoresItsDefaultsAtTheFirstOpening) {
                   "store AutoUpdate/Enable=False", "store TrayIcon/SingleAction=No Action",
                   "store TrayIcon/Action=Open Quillbox Options", "store TrayTooltip/Values=ABCDEFG",
                   "store TrayTooltip/DataToDownload=AdSense for Content", "form Opts"));
+  Open(
+      "TrayTooltip/DataToDownload=Both; AutoUpdate/Enable=False:; "
+      "TrayIcon/Action=Open AdSense account; TrayTooltip/ShowDataByPage=");
+  EXPECT_THAT(host_.Trace({"store"}),
+              ElementsAre("store Misc/LastOption=General", "store TrayTooltip/DataToDownload=All"));
+  Open("AutoUpdate/Enable=Yes");
+  EXPECT_EQ(Get(kAutoUpdateEnable), "False");
 }
 
 TEST_F(OpenOptions, ShowsWhatIsStored) {
@@ -46,7 +53,7 @@ TEST_F(OpenOptions, ShowsWhatIsStored) {
       {"TrayTooltip/ShowDataByPage=Page", "Combo6", "Page"},
       {"TrayTooltip/DisplayAllStats=True", "Check4", "True"},
       {"TrayTooltip/DataToDownload=Both", "Combo7", "All"},
-      {"AdSense/PrimaryAccount=two", "Combo3", "two"},
+      {"AdSense/PrimaryAccount=two", "Combo3 Command7 Command6", "two||"},
       {"AdSense/PrimaryAccount=Two", "Combo3 Command7 Command6", "||"},
       {"AutoUpdate/WhenConnected=True; Misc/LastOption=Internet", "Check12", "True"},
       {"AutoUpdate/WhenConnected=True; Misc/LastOption=Proxy", "Check12", "False"},
@@ -70,25 +77,7 @@ TEST_F(OpenOptions, FillsItsLists) {
   EXPECT_EQ(Form().SoundsFrame.Combo10.Items().size(), 6U);
 }
 
-TEST_F(OpenOptions, RewritesOnlyTheTextsThatItMust) {
-  Open();
-  Open(
-      "TrayTooltip/DataToDownload=Both; AutoUpdate/Enable=False:; "
-      "TrayIcon/Action=Open AdSense account; TrayTooltip/ShowDataByPage=");
-  EXPECT_THAT(host_.Trace({"store"}),
-              ElementsAre("store Misc/LastOption=General", "store TrayTooltip/DataToDownload=All"));
-  Open("AutoUpdate/Enable=Yes");
-  EXPECT_EQ(Get(kAutoUpdateEnable), "False");
-}
-
-TEST_F(OpenOptions, StartsWithTheSystemWhenSettingAndEntrySaySo) {
-  EXPECT_EQ((Open("General/Load=True"), Shown("Check3")), "False");
-  host_.StartUp.Make();
-  EXPECT_EQ((Open("General/Load=True"), Shown("Check3")), "True");
-  EXPECT_EQ((Open("General/Load=False"), Shown("Check3")), "False");
-}
-
-TEST_F(OpenOptions, TakesTheProxyFromTheState) {
+TEST_F(OpenOptions, TakesTheProxyFromTheStateAndTheStartUpFromTheSystemToo) {
   state_.ProxyUsername = "ann";
   state_.ProxyPassword = "secret";
   state_.ProxyServer = "proxy.test";
@@ -96,6 +85,10 @@ TEST_F(OpenOptions, TakesTheProxyFromTheState) {
   const ProxyFrame& page = Open("Misc/LastOption=Internet; Proxy/Port=1").ProxyFrame;
   EXPECT_EQ(page.Text1.Text() + page.Text2.Text() + page.Text3.Text() + page.Text4.Text(),
             "annsecretproxy.test8080");
+  EXPECT_EQ((Open("General/Load=True"), Shown("Check3")), "False");
+  host_.StartUp.Make();
+  EXPECT_EQ((Open("General/Load=True"), Shown("Check3")), "True");
+  EXPECT_EQ((Open("General/Load=False"), Shown("Check3")), "False");
 }
 
 TEST_F(OpenOptions, OpensAtTheLastPage) {

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "dl/support/child_process.h"
+#include "support/child_process.h"
 #include "system/temporary_folder.h"
 #include "text/form_encoding.h"
 

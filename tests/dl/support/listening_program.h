@@ -4,7 +4,7 @@
 #include <functional>
 #include <memory>
 
-#include "dl/support/child_process.h"
+#include "support/child_process.h"
 
 namespace quillbox {
 
