@@ -1,31 +1,15 @@
 #include "unpack/zlib_library.h"
 
-#include <dlfcn.h>
+#include "shared_library.h"
 
 namespace quillbox {
-namespace {
-
-#ifdef __APPLE__
-constexpr const char* kLibrary = "libz.1.dylib";
-#else
-constexpr const char* kLibrary = "libz.so.1";
-#endif
-
-template <typename Function>
-bool Find(void* library, const char* name, Function& function) {
-  function = reinterpret_cast<Function>(::dlsym(library, name));
-  return function != nullptr;
-}
-
-}  // namespace
 
 ZlibLibrary LoadZlib() {
-  void* const library = ::dlopen(kLibrary, RTLD_NOW | RTLD_LOCAL);
+  const SharedLibrary library("libz", "1");
   ZlibLibrary zlib;
-  const bool found = library != nullptr && Find(library, "inflateInit2_", zlib.Begin) &&
-                     Find(library, "inflateReset", zlib.BeginAgain) &&
-                     Find(library, "inflate", zlib.Inflate) &&
-                     Find(library, "inflateEnd", zlib.End);
+  const bool found = library.Find("inflateInit2_", zlib.Begin) &&
+                     library.Find("inflateReset", zlib.BeginAgain) &&
+                     library.Find("inflate", zlib.Inflate) && library.Find("inflateEnd", zlib.End);
   return found ? zlib : ZlibLibrary{};
 }
 
