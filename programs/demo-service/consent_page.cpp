@@ -3,40 +3,22 @@
 #include <utility>
 
 #include "error_answers.h"
+#include "text/html_text.h"
 
 namespace quillbox {
 namespace {
 
 constexpr const char* kNotToBeTrusted = "This program is not known here, or leads elsewhere.";
 
-std::string Escaped(const std::string& text) {
-  std::string escaped;
-  for (const char c : text) {
-    switch (c) {
-      case '&':
-        escaped += "&amp;";
-        break;
-      case '<':
-        escaped += "&lt;";
-        break;
-      case '"':
-        escaped += "&quot;";
-        break;
-      default:
-        escaped += c;
-    }
-  }
-  return escaped;
-}
-
 std::string HiddenField(const std::string& name, const std::string& value) {
-  return "<input type=\"hidden\" name=\"" + Escaped(name) + "\" value=\"" + Escaped(value) + "\">";
+  return "<input type=\"hidden\" name=\"" + HtmlText(name) + "\" value=\"" + HtmlText(value) +
+         "\">";
 }
 
 std::string FormOf(const FormFields& fields, const std::string& email) {
   std::string form = "<form method=\"post\" action=\"/authorize\">";
   for (const auto& [name, value] : fields) form += HiddenField(name, value);
-  return form + HiddenField("account", email) + "<p>" + Escaped(email) +
+  return form + HiddenField("account", email) + "<p>" + HtmlText(email) +
          " <button name=\"decision\" value=\"allow\">Allow</button>"
          " <button name=\"decision\" value=\"deny\">Deny</button></p></form>\n";
 }

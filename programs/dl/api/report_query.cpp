@@ -1,6 +1,7 @@
 #include "api/report_query.h"
 
 #include <string_view>
+#include <utility>
 
 #include "api/report_columns.h"
 #include "text/percent_encoding.h"
@@ -37,13 +38,17 @@ std::string CustomRange(const DayRange& days) {
   return query;
 }
 
-// `query`: begun with the range.
-std::string QueryFrom(std::string query, const WantedReport& report) {
+// Both are given a query that begins with the range. This one asks which days that has; a query
+// needs a metric.
+std::string AskingForDays(std::string query) {
   Add(query, "reportingTimeZone", "ACCOUNT_TIME_ZONE");
-  if (report.Product == WantedProduct::kReferrals) {
-    Add(query, "metrics", kClicksColumn);
-    return query;
-  }
+  Add(query, "metrics", kClicksColumn);
+  return query;
+}
+
+std::string AskingFor(const WantedReport& report, std::string query) {
+  if (report.Product == WantedProduct::kReferrals) return AskingForDays(std::move(query));
+  Add(query, "reportingTimeZone", "ACCOUNT_TIME_ZONE");
   Add(query, "dimensions", kDayColumn);
   if (report.ByChannel) Add(query, "dimensions", kChannelColumn);
   const RateColumns rates = RateColumnsOf(report);
@@ -62,18 +67,16 @@ std::string QueryFrom(std::string query, const WantedReport& report) {
 std::string TodayQuery() {
   std::string query;
   Add(query, "dateRange", "TODAY");
-  Add(query, "reportingTimeZone", "ACCOUNT_TIME_ZONE");
-  Add(query, "metrics", kClicksColumn);
-  return query;
+  return AskingForDays(std::move(query));
 }
 
 std::string ReportQuery(const WantedReport& report, const DayRange& days) {
   return NeedsToday(report.Range) ? PartQuery(report, days)
-                                  : QueryFrom(NamedRange(report.Range), report);
+                                  : AskingFor(report, NamedRange(report.Range));
 }
 
 std::string PartQuery(const WantedReport& report, const DayRange& days) {
-  return QueryFrom(CustomRange(days), report);
+  return AskingFor(report, CustomRange(days));
 }
 
 }  // namespace quillbox

@@ -1,5 +1,7 @@
 #include "oauth/browser_pages.h"
 
+#include "text/html_text.h"
+
 namespace quillbox {
 namespace {
 
@@ -21,23 +23,11 @@ std::string Page(const std::string& title, const std::string& body) {
   return kHead + title + "</h1>\n" + body + "</body></html>\n";
 }
 
-std::string Escaped(const std::string& text) {
-  std::string escaped;
-  for (const char c : text) {
-    if (c == '&' || c == '<' || c == '>' || c == '"' || c == '\'') {
-      escaped += "&#" + std::to_string(static_cast<int>(c)) + ";";
-    } else {
-      escaped += c;
-    }
-  }
-  return escaped;
-}
-
 std::string ButtonOf(const PublisherAccount& account) {
   const std::string id = account.Name.substr(account.Name.find('/') + 1);
   const std::string title = account.Title.empty() ? id : account.Title;
-  return "<button name=\"account\" value=\"" + Escaped(account.Name) + "\">" + Escaped(title) +
-         "<small>" + Escaped(id) + "</small></button>\n";
+  return "<button name=\"account\" value=\"" + HtmlText(account.Name) + "\">" + HtmlText(title) +
+         "<small>" + HtmlText(id) + "</small></button>\n";
 }
 
 }  // namespace
@@ -50,7 +40,7 @@ std::string ChoicePage(const std::string& state, std::span<const PublisherAccoun
   std::string body =
       "<p>You have several publisher accounts. Choose the one whose reports Quillbox shall "
       "read.</p>\n<form action=\"/\"><input type=\"hidden\" name=\"state\" value=\"" +
-      Escaped(state) + "\">\n";
+      HtmlText(state) + "\">\n";
   for (const PublisherAccount& account : accounts) body += ButtonOf(account);
   return Page("Which account?", body + "</form>");
 }

@@ -1,30 +1,16 @@
 #include "oauth/page_request.h"
 
+#include <algorithm>
+
+#include "text/form_encoding.h"
 #include "text/text_list.h"
 
 namespace quillbox {
 namespace {
 
-int HexDigit(char c) {
-  if (c >= '0' && c <= '9') return c - '0';
-  if (c >= 'A' && c <= 'F') return c - 'A' + 10;
-  if (c >= 'a' && c <= 'f') return c - 'a' + 10;
-  return -1;
-}
-
-std::string DecodeValue(std::string_view value) {
-  std::string text;
-  for (std::size_t i = 0; i < value.size(); ++i) {
-    const bool encoded = value[i] == '%' && i + 2 < value.size() && HexDigit(value[i + 1]) >= 0 &&
-                         HexDigit(value[i + 2]) >= 0;
-    if (encoded) {
-      text += static_cast<char>(HexDigit(value[i + 1]) * 16 + HexDigit(value[i + 2]));
-      i += 2;
-    } else {
-      text += value[i] == '+' ? ' ' : value[i];
-    }
-  }
-  return text;
+std::string DecodeValue(std::string value) {
+  std::ranges::replace(value, '+', ' ');
+  return DecodeFormValue(value);
 }
 
 // "code=..." of "GET /?code=... HTTP/1.1".
@@ -55,7 +41,7 @@ std::optional<QueryFields> ReadPageRequest(std::string_view head) {
   for (const std::string& field : SplitText(*query, "&")) {
     const std::size_t cut = field.find('=');
     if (cut == std::string::npos) continue;
-    fields[field.substr(0, cut)] = DecodeValue(std::string_view(field).substr(cut + 1));
+    fields[field.substr(0, cut)] = DecodeValue(field.substr(cut + 1));
   }
   return fields;
 }
