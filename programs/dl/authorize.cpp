@@ -46,7 +46,7 @@ class Authorization {
     const auto secrets = MakeConsentSecrets(crypto);
     const auto name = MakeGrantName(crypto);
     if (!secrets || !name) throw NoGrant{ResultCode::kNoAnswer, "No random numbers to be had."};
-    if (!server_.Listens()) throw NoGrant{ResultCode::kNoConnection, "No free port on 127.0.0.1."};
+    if (!server_.Listens()) throw NoGrant{ResultCode::kNoConnection, LoopbackServer::kNoPort};
     secrets_ = *secrets;
     name_ = *name;
   }
@@ -76,7 +76,7 @@ class Authorization {
                                                 .Email = email});
     Tell("Your browser should open. If it doesn't, open this address yourself:\n\n" + address +
          "\n\nWaiting five minutes for your answer there ...");
-    if (OpenInBrowser(address, fileMask)) return;
+    if (OpenInBrowser(server_, secrets_.Page, address, end_, fileMask)) return;
     // Who has started us without a terminal shows no address.
     if (::isatty(STDERR_FILENO) == 0) throw NoGrant{ResultCode::kNoConnection, kNoBrowser};
     Tell("(The browser could not be opened.)");

@@ -7,11 +7,11 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <chrono>
 #include <optional>
 #include <string_view>
-#include <thread>
 #include <vector>
 
 #ifdef __APPLE__
@@ -22,6 +22,8 @@ namespace quillbox {
 namespace {
 
 using namespace std::chrono_literals;
+
+using Clock = LoopbackServer::Clock;
 
 constexpr auto kWatching = 2000ms;
 constexpr auto kLookEvery = 10ms;
@@ -76,26 +78,27 @@ std::optional<pid_t> Spawn(char* const* arguments) {
   return failed == 0 ? std::optional(child) : std::nullopt;
 }
 
-bool FailsSoon(pid_t opener) {
-  for (auto waited = 0ms; waited < kWatching; waited += kLookEvery) {
+bool FailsSoon(pid_t opener, LoopbackServer& server) {
+  for (const auto end = Clock::now() + kWatching; Clock::now() < end;) {
+    if (server.AwaitOffered(Clock::now() + kLookEvery)) return false;
     int status = 0;
     const pid_t ended = ::waitpid(opener, &status, WNOHANG);
     if (ended == opener) return status != 0;
     if (ended < 0 && errno != EINTR) return false;  // nobody tells how it ended
-    std::this_thread::sleep_for(kLookEvery);
   }
   return false;
 }
 
 }  // namespace
 
-bool OpenInBrowser(const std::string& address, unsigned fileMask) {
-  char* const arguments[] = {const_cast<char*>(kOpener), const_cast<char*>(address.c_str()),
-                             nullptr};
+bool OpenInBrowser(LoopbackServer& server, const std::string& page, const std::string& address,
+                   Clock::time_point end, unsigned fileMask) {
+  const std::string shown = server.Offer(page, address, std::min(end, Clock::now() + kOffered));
+  char* const arguments[] = {const_cast<char*>(kOpener), const_cast<char*>(shown.c_str()), nullptr};
   const mode_t own = ::umask(static_cast<mode_t>(fileMask));
   const auto opener = Spawn(arguments);
   ::umask(own);
-  return opener && !FailsSoon(*opener);
+  return opener && !FailsSoon(*opener, server);
 }
 
 }  // namespace quillbox

@@ -20,13 +20,13 @@ std::string Base64Url(const CryptoLibrary& crypto, std::span<const unsigned char
   return encoded;
 }
 
+}  // namespace
+
 std::optional<std::string> RandomText(const CryptoLibrary& crypto) {
   Bytes32 bytes{};
   if (crypto.Random(bytes.data(), static_cast<int>(bytes.size())) != 1) return std::nullopt;
   return Base64Url(crypto, bytes);
 }
-
-}  // namespace
 
 std::optional<std::string> ChallengeOf(const CryptoLibrary& crypto, const std::string& verifier) {
   Bytes32 digest{};
@@ -41,10 +41,11 @@ std::optional<std::string> ChallengeOf(const CryptoLibrary& crypto, const std::s
 std::optional<ConsentSecrets> MakeConsentSecrets(const CryptoLibrary& crypto) {
   const auto verifier = RandomText(crypto);
   const auto state = RandomText(crypto);
-  if (!verifier || !state) return std::nullopt;
+  const auto page = RandomText(crypto);
+  if (!verifier || !state || !page) return std::nullopt;
   const auto challenge = ChallengeOf(crypto, *verifier);
   if (!challenge) return std::nullopt;
-  return ConsentSecrets{*verifier, *challenge, *state};
+  return ConsentSecrets{*verifier, *challenge, *state, *page};
 }
 
 std::optional<std::string> MakeGrantName(const CryptoLibrary& crypto) {

@@ -12,9 +12,14 @@ struct ConsentSecrets {
   std::string Verifier;   // told to the token endpoint alone; proves that we asked
   std::string Challenge;  // its SHA-256, for the consent page
   std::string State;      // tells our redirect from others
+  std::string Page;       // the name of our own page that leads on to the consent page
 };
 
-// Nothing when there are no random bytes to be had. `crypto` must be loaded.
+// 43 characters that nobody can guess and any address can hold; nothing when there are no random
+// bytes to be had. `crypto` must be loaded, here and below.
+std::optional<std::string> RandomText(const CryptoLibrary& crypto);
+
+// Nothing when there are no random bytes to be had.
 std::optional<ConsentSecrets> MakeConsentSecrets(const CryptoLibrary& crypto);
 
 // BASE64URL(SHA256(verifier)); nothing on failure.

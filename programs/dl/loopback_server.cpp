@@ -11,6 +11,7 @@
 #include <utility>
 
 #include "oauth/browser_pages.h"
+#include "peer_user.h"
 
 namespace quillbox {
 namespace {
@@ -18,17 +19,20 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr std::size_t kMostVisitors = 16;
+constexpr int kMostAtOnce = 64;  // before those who were let in are heard
 constexpr std::size_t kMostBytes = 16 << 10;
 constexpr std::chrono::duration<int, std::milli> kReading = 1s;  // of the next part of a page
 constexpr auto kVisit = 10s;  // browsers also connect ahead and say nothing
 
-std::string Reply(const std::string& status, const std::string& page) {
+// `fields`: more lines of the head, each with its end.
+std::string Reply(const std::string& status, const std::string& page,
+                  const std::string& fields = "") {
   return "HTTP/1.1 " + status + "\r\nContent-Type: text/html; charset=utf-8\r\nContent-Length: " +
          std::to_string(page.size()) +
          "\r\nCache-Control: no-store\r\nReferrer-Policy: no-referrer\r\n"
          "Content-Security-Policy: default-src 'none'; style-src 'unsafe-inline'\r\n"
-         "Connection: close\r\n\r\n" +
-         page;
+         "Connection: close\r\n" +
+         fields + "\r\n" + page;
 }
 
 // A long list of accounts is more than a socket takes at once; who doesn't read gets a part of it.
@@ -47,6 +51,13 @@ void SayGoodbye(int socket, const std::string& reply) {
   ::close(socket);
 }
 
+// With a reset, so that nothing of it stays, and no number of these takes away all the ports.
+void Refuse(int socket) {
+  const linger none{1, 0};
+  ::setsockopt(socket, SOL_SOCKET, SO_LINGER, &none, sizeof none);
+  ::close(socket);
+}
+
 }  // namespace
 
 LoopbackServer::LoopbackServer()
@@ -56,10 +67,10 @@ LoopbackServer::LoopbackServer()
   address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
   auto* const general = reinterpret_cast<sockaddr*>(&address);
   socklen_t size = sizeof address;
-  const bool listens = listener_ >= 0 && ::bind(listener_, general, size) == 0 &&
-                       ::listen(listener_, kMostVisitors) == 0 &&
-                       ::getsockname(listener_, general, &size) == 0;
-  if (listens) port_ = ntohs(address.sin_port);
+  listens_ = listener_ >= 0 && ::bind(listener_, general, size) == 0 &&
+             ::listen(listener_, SOMAXCONN) == 0 && ::getsockname(listener_, general, &size) == 0 &&
+             KnowsUsers(listener_);
+  port_ = ntohs(address.sin_port);
 }
 
 LoopbackServer::~LoopbackServer() {
@@ -72,23 +83,36 @@ std::string LoopbackServer::Address() const {
   return "http://127.0.0.1:" + std::to_string(port_) + "/";
 }
 
+std::string LoopbackServer::Offer(const std::string& name, const std::string& address,
+                                  Clock::time_point end) {
+  page_ = {"/" + name, address, end};
+  return Address() + name;
+}
+
+bool LoopbackServer::AwaitOffered(Clock::time_point end) {
+  while (!page_.Address.empty() && Clock::now() < end) Serve({}, end);
+  return page_.Address.empty();
+}
+
 std::optional<QueryFields> LoopbackServer::Await(const IsWanted& isWanted, Clock::time_point end) {
   while (Clock::now() < end) {
-    std::erase_if(visitors_, [](const Visitor& visitor) { return visitor.Socket < 0; });
-    Wait(end);
-    Admit();
-    for (Visitor& visitor : visitors_) {
-      auto query = Hear(visitor, isWanted);
-      if (!query) continue;
-      answered_ = std::exchange(visitor.Socket, -1);
-      return query;
-    }
+    if (auto query = Serve(isWanted, end)) return query;
   }
   return std::nullopt;
 }
 
 void LoopbackServer::Show(const std::string& page) {
   if (answered_ >= 0) SayGoodbye(std::exchange(answered_, -1), Reply("200 OK", page));
+}
+
+std::optional<QueryFields> LoopbackServer::Serve(const IsWanted& isWanted, Clock::time_point end) {
+  std::erase_if(visitors_, [](const Visitor& visitor) { return visitor.Socket < 0; });
+  Wait(end);
+  Admit();
+  for (Visitor& visitor : visitors_) {
+    if (auto query = Hear(visitor, isWanted)) return query;
+  }
+  return std::nullopt;
 }
 
 // Until somebody comes or speaks, at most a second: visits have an end too.
@@ -101,9 +125,13 @@ void LoopbackServer::Wait(Clock::time_point end) {
 }
 
 void LoopbackServer::Admit() {
-  for (;;) {
+  for (int count = 0; count < kMostAtOnce; ++count) {
     const int socket = ::accept4(listener_, nullptr, nullptr, SOCK_NONBLOCK | SOCK_CLOEXEC);
     if (socket < 0) return;
+    if (!IsPeerOwn(socket)) {
+      Refuse(socket);
+      continue;
+    }
     if (visitors_.size() == kMostVisitors) {
       ::close(visitors_.front().Socket);
       visitors_.erase(visitors_.begin());
@@ -112,24 +140,47 @@ void LoopbackServer::Admit() {
   }
 }
 
-// Sends the visitor away once it is clear that it isn't the one.
 std::optional<QueryFields> LoopbackServer::Hear(Visitor& visitor, const IsWanted& isWanted) {
   char piece[4096];
   const ssize_t got = ::recv(visitor.Socket, piece, sizeof piece, 0);
+  const bool silent = got < 0 && (errno == EAGAIN || errno == EWOULDBLOCK || errno == EINTR);
   if (got > 0) visitor.Received.append(piece, static_cast<std::size_t>(got));
   if (IsWholeHead(visitor.Received)) {
-    auto query = ReadPageRequest(visitor.Received);
-    if (query && isWanted(*query)) return query;
-    SayGoodbye(
-        std::exchange(visitor.Socket, -1),
-        Reply("404 Not Found", SentencePage("This is not the answer that Quillbox waits for.")));
-    return std::nullopt;
+    if (auto query = Answer(visitor, isWanted)) return query;
   }
-  const bool silent = got < 0 && (errno == EAGAIN || errno == EWOULDBLOCK || errno == EINTR);
   const bool over = (got <= 0 && !silent) || visitor.Received.size() > kMostBytes ||
                     Clock::now() - visitor.Since > kVisit;
-  if (over) ::close(std::exchange(visitor.Socket, -1));
+  if (over && visitor.Socket >= 0) ::close(std::exchange(visitor.Socket, -1));
   return std::nullopt;
+}
+
+// Sends the visitor away once it is clear that it isn't the one.
+std::optional<QueryFields> LoopbackServer::Answer(Visitor& visitor, const IsWanted& isWanted) {
+  const auto target = TargetOf(visitor.Received);
+  if (target && !page_.Target.empty() && *target == page_.Target) {
+    SayGoodbye(std::exchange(visitor.Socket, -1), LeadOn());
+    return std::nullopt;
+  }
+  if (!isWanted) return std::nullopt;
+  auto query = ReadPageRequest(visitor.Received);
+  if (query && isWanted(*query)) {
+    answered_ = std::exchange(visitor.Socket, -1);
+    return query;
+  }
+  SayGoodbye(
+      std::exchange(visitor.Socket, -1),
+      Reply("404 Not Found", SentencePage("This is not the answer that Quillbox waits for.")));
+  return std::nullopt;
+}
+
+// A redirect, since a page that only names the address would stand in the browser's history.
+std::string LoopbackServer::LeadOn() {
+  if (page_.Address.empty() || Clock::now() >= page_.End) {
+    return Reply("410 Gone",
+                 SentencePage("This address leads on only once. Start again in Quillbox."));
+  }
+  return Reply("303 See Other", "",
+               "Location: " + std::exchange(page_.Address, std::string()) + "\r\n");
 }
 
 }  // namespace quillbox

@@ -1,5 +1,5 @@
 // The fetch program: one run fetches one address and leaves a data file and a log file, or makes,
-// checks or gives back a sign-in.
+// checks, uses or gives back a sign-in.
 #include <cstdlib>
 #include <new>
 #include <optional>
@@ -8,6 +8,7 @@
 #include "authorize.h"
 #include "check.h"
 #include "fetch_run.h"
+#include "open.h"
 #include "revoke.h"
 #include "secrecy.h"
 
@@ -34,6 +35,7 @@ int Obey(const std::string& text, unsigned fileMask) {
   if (const auto email = ArgumentOf(text, "authorize")) return Authorize(*email, fileMask);
   if (const auto email = ArgumentOf(text, "check")) return Check(*email);
   if (text == "revoke") return Revoke();
+  if (text == "open") return Open(fileMask);
   return RunFetch(text);
 }
 

@@ -13,16 +13,6 @@ std::string DecodeValue(std::string value) {
   return DecodeFormValue(value);
 }
 
-// "code=..." of "GET /?code=... HTTP/1.1".
-std::optional<std::string_view> QueryOf(std::string_view head) {
-  constexpr std::string_view kBeginning = "GET /?";
-  const std::string_view line = head.substr(0, head.find_first_of("\r\n"));
-  const std::size_t end = line.rfind(" HTTP/1.");
-  if (!line.starts_with(kBeginning) || end == std::string_view::npos) return std::nullopt;
-  if (end < kBeginning.size()) return std::nullopt;
-  return line.substr(kBeginning.size(), end - kBeginning.size());
-}
-
 }  // namespace
 
 std::string FieldOf(const QueryFields& fields, const std::string& name) {
@@ -34,11 +24,21 @@ bool IsWholeHead(std::string_view received) {
   return received.find("\r\n\r\n") != std::string_view::npos;
 }
 
+std::optional<std::string_view> TargetOf(std::string_view head) {
+  constexpr std::string_view kMethod = "GET ";
+  const std::string_view line = head.substr(0, head.find_first_of("\r\n"));
+  const std::size_t end = line.rfind(" HTTP/1.");
+  if (!line.starts_with(kMethod) || end == std::string_view::npos) return std::nullopt;
+  if (end < kMethod.size()) return std::nullopt;
+  return line.substr(kMethod.size(), end - kMethod.size());
+}
+
 std::optional<QueryFields> ReadPageRequest(std::string_view head) {
-  const auto query = QueryOf(head);
-  if (!query) return std::nullopt;
+  constexpr std::string_view kBeginning = "/?";
+  const auto target = TargetOf(head);
+  if (!target || !target->starts_with(kBeginning)) return std::nullopt;
   QueryFields fields;
-  for (const std::string& field : SplitText(*query, "&")) {
+  for (const std::string& field : SplitText(target->substr(kBeginning.size()), "&")) {
     const std::size_t cut = field.find('=');
     if (cut == std::string::npos) continue;
     fields[field.substr(0, cut)] = DecodeValue(field.substr(cut + 1));
