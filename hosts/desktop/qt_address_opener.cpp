@@ -6,6 +6,7 @@
 #include <QProcess>
 #include <string_view>
 
+#include "desktop/hand_over.h"
 #include "qt_base/unicode_text.h"
 
 namespace quillbox {
@@ -23,6 +24,13 @@ bool IsAddress(const std::string& target) {
 void QtAddressOpener::Open(const std::string& target) {
   if (IsAddress(target)) HandToDesktop(ToUnicode(target));
   if (IsOwnFile(target)) HandToDesktop(QFile::decodeName(target.c_str()));
+}
+
+void QtAddressOpener::OpenPrivately(const std::string& address) {
+  HandToFetchProgram({.Program = QFile::decodeName(folder_.ProgramFile("dl").c_str()),
+                      .Command = "open",
+                      .Line = address,
+                      .FileMask = fileMask_});
 }
 
 // Qt's own way to open an address writes it to the session's log when that fails, and recodes it.

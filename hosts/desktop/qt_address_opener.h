@@ -11,8 +11,8 @@
 namespace quillbox {
 
 // Hands https, http and mailto addresses and files of the application's folders, and nothing else,
-// to the desktop's own opener (xdg-open), byte for byte but for the encoding. What that writes goes
-// nowhere: an address can hold a password.
+// to the desktop's own opener (xdg-open), byte for byte but for the encoding; addresses that hold a
+// secret by way of the fetch program (`dl open`). What those write goes nowhere.
 class QtAddressOpener : public AddressOpener {
  public:
   // What is opened runs with this file mask, whatever the program's own is.
@@ -20,6 +20,7 @@ class QtAddressOpener : public AddressOpener {
       : folder_(std::move(folder)), fileMask_(fileMask) {}
 
   void Open(const std::string& target) override;
+  void OpenPrivately(const std::string& address) override;
 
  private:
   void HandToDesktop(const QString& target) const;

@@ -1,13 +1,13 @@
 #include "desktop/qt_grant_asker.h"
 
 #include <sys/stat.h>
-#include <unistd.h>
 
 #include <QFile>
 #include <QProcess>
 #include <QProcessEnvironment>
 #include <utility>
 
+#include "desktop/hand_over.h"
 #include "qt_base/end_with_parent.h"
 #include "qt_base/unicode_text.h"
 #include "text/grant_name.h"
@@ -19,10 +19,6 @@ constexpr char kNoProgram[] =
     "The program \"dl\", which asks for access, is missing or has broken down.";
 
 using Variables = std::vector<std::pair<std::string, std::string>>;
-
-// The name of a grant is short: it goes into the pipe at once. It is only for the case that the
-// program can't be started.
-constexpr int kLongestHandOverMs = 2000;
 
 QProcessEnvironment ChangedEnvironment(const Variables& changes) {
   QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
@@ -98,16 +94,6 @@ class Asking final : public GrantAsking {
   std::function<void(const GrantAnswer&)> done_;
 };
 
-// To outlive the program: out of the reach of what ends the others of its terminal or session.
-void SetUpRevoking(QProcess& process, const std::string& program, const Variables& environment) {
-  process.setProgram(QFile::decodeName(program.c_str()));
-  process.setArguments({"revoke"});
-  process.setProcessEnvironment(ChangedEnvironment(environment));
-  process.setStandardOutputFile(QProcess::nullDevice());
-  process.setStandardErrorFile(QProcess::nullDevice());
-  process.setChildProcessModifier([] { ::setsid(); });
-}
-
 }  // namespace
 
 std::unique_ptr<GrantAsking> QtGrantAsker::Ask(const GrantQuestion& question,
@@ -115,17 +101,12 @@ std::unique_ptr<GrantAsking> QtGrantAsker::Ask(const GrantQuestion& question,
   return std::make_unique<Asking>(program_, fileMask_, question, std::move(done));
 }
 
-// Nobody owns the process: destroying it would end what runs. The name has left this program when
-// this returns, since the program may end right then.
 void QtGrantAsker::Forget(const std::string& name, const Variables& environment) {
-  auto* const process = new QProcess;
-  SetUpRevoking(*process, program_, environment);
-  QObject::connect(process, &QProcess::finished, process, &QObject::deleteLater);
-  process->start();
-  process->write((name + "\n").c_str());
-  process->closeWriteChannel();
-  process->waitForBytesWritten(kLongestHandOverMs);
-  if (process->state() == QProcess::NotRunning) process->deleteLater();
+  HandToFetchProgram({.Program = QFile::decodeName(program_.c_str()),
+                      .Command = "revoke",
+                      .Line = name,
+                      .Environment = ChangedEnvironment(environment),
+                      .FileMask = fileMask_});
 }
 
 }  // namespace quillbox

@@ -43,6 +43,7 @@ class IdlePorts final : public AddressOpener,
                         public TrayMenuHost {
  public:
   void Open(const std::string&) override { Refuse(); }
+  void OpenPrivately(const std::string&) override { Refuse(); }
   AgentId Start(const AgentStart&) override { Refuse(); }
   bool Running(AgentId) override { Refuse(); }
   void End(AgentId) override { Refuse(); }

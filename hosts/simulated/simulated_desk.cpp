@@ -1,6 +1,8 @@
 // The small ports.
 #include "simulated/simulated_desk.h"
 
+#include <stdexcept>
+
 namespace quillbox {
 std::string SimulatedEnvironment::Variable(std::string_view name) {
   const auto value = values_.find(name);
@@ -35,9 +37,15 @@ void SimulatedTooltip::Close() {
 }
 
 void SimulatedOpener::Open(const std::string& target) {
+  if (target.find("Passwd=") != std::string::npos)
+    throw std::logic_error("a password for all to see");
   opened_.push_back(target);
-  const bool secret = target.find("Passwd=") != std::string::npos;
-  trace_.Add("open", secret ? target.substr(0, target.find('?')) + "?..." : target);
+  trace_.Add("open", target);
+}
+
+void SimulatedOpener::OpenPrivately(const std::string& address) {
+  opened_.push_back(address);
+  trace_.Add("open", address.substr(0, address.find('?')) + "?...");
 }
 
 void SimulatedExit::EndProcess() {

@@ -97,9 +97,11 @@ class SimulatedOpener final : public AddressOpener {
   explicit SimulatedOpener(SimulatedTrace& trace) : trace_(trace) {}
 
   // Everything that was to be opened, in order, with the secrets in it; the trace has no password.
+  // Open throws std::logic_error at an address that holds one.
   const std::vector<std::string>& Opened() const { return opened_; }
 
   void Open(const std::string& target) override;
+  void OpenPrivately(const std::string& address) override;
 
  private:
   SimulatedTrace& trace_;

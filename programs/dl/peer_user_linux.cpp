@@ -13,9 +13,6 @@
 namespace quillbox {
 namespace {
 
-// As whom the kernel shows the users that our user namespace doesn't have.
-constexpr uid_t kUnknownUser = 65534;
-
 struct Question {
   nlmsghdr Head;
   inet_diag_req_v2 Body;
@@ -60,9 +57,7 @@ std::optional<inet_diag_msg> Ask(const Question& question) {
 // A socket that its process has closed lives on as root's for a while: hence the state.
 bool IsOwn(const sockaddr_in& local, const sockaddr_in& remote, int state) {
   const auto socket = Ask(QuestionAbout(local, remote));
-  const uid_t self = ::geteuid();
-  return socket && socket->idiag_state == state && socket->idiag_uid == self &&
-         self != kUnknownUser;
+  return socket && socket->idiag_state == state && socket->idiag_uid == ::geteuid();
 }
 
 using GetName = int(int, sockaddr*, socklen_t*);

@@ -12,11 +12,12 @@ namespace quillbox {
 namespace {
 
 // The name of a grant is no password: the sign-in page gets nothing, and the person signs in there.
-std::string AddressOf(const ProgramContext& program, std::size_t index) {
+void OpenAt(const ProgramContext& program, std::size_t index) {
   const std::string& host = program.Build.ServiceHost;
   const std::string password = program.State.PasswordAt(index);
-  if (IsGrantName(password)) return "https://" + host + "/";
-  return SignInAddress(program.State.UsernameAt(index), password, host);
+  AddressOpener& opener = program.Host.Opener;
+  if (IsGrantName(password)) return opener.Open("https://" + host + "/");
+  opener.OpenPrivately(SignInAddress(program.State.UsernameAt(index), password, host));
 }
 
 }  // namespace
@@ -32,8 +33,7 @@ void OpenAccount(const ProgramContext& program, std::string name) {
   if (name.empty()) name = program.Store.ReadSetting(kPrimaryAccount);
   const auto found = std::find(state.Accounts.begin(), state.Accounts.end(), name);
   if (found == state.Accounts.end()) return;
-  const auto index = static_cast<std::size_t>(found - state.Accounts.begin());
-  program.Host.Opener.Open(AddressOf(program, index));
+  OpenAt(program, static_cast<std::size_t>(found - state.Accounts.begin()));
 }
 
 }  // namespace quillbox

@@ -16,6 +16,7 @@ namespace {
 class RememberingOpener : public AddressOpener {
  public:
   void Open(const std::string& target) override { Opened.push_back(target); }
+  void OpenPrivately(const std::string&) override {}
   std::vector<std::string> Opened;
 };
 

@@ -65,16 +65,33 @@ TEST_F(AddressOpenerTest, HandsOverAddressesAndOwnFilesByteForByteAndNothingElse
 TEST_F(AddressOpenerTest, OpeningWritesNothingAndKeepsToThePersonsFileMask) {
   testing::internal::CaptureStderr();
   testing::internal::CaptureStdout();
-  opener_.Open("https://h/in?Passwd=secret");  // in vain
+  opener_.Open("https://h/in");  // in vain
   InstallOpener();
   const mode_t before = ::umask(0077);
-  opener_.Open("https://h/in?Passwd=secret");
+  opener_.Open("https://h/in");
   EXPECT_EQ(::umask(before), 0077U) << "the program's own";
   const std::string opened = Opened();
   EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
   EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
-  EXPECT_EQ(opened, "https://h/in?Passwd=secret\n");
+  EXPECT_EQ(opened, "https://h/in\n");
   EXPECT_EQ(folder_.Content("mask"), "0027\n");
+}
+
+// The fetch program gets it, as its input; without that program nothing is opened.
+TEST_F(AddressOpenerTest, SecretsStandInNoArguments) {
+  constexpr const char* kSecret = "https://h/in?Passwd=%61&x='\"`$";
+  testing::internal::CaptureStderr();
+  testing::internal::CaptureStdout();
+  InstallOpener();
+  QtAddressOpener opener(ApplicationFolder(folder_.Path(), "/srv/data", '/'), 0027);
+  opener.OpenPrivately(kSecret);  // in vain
+  folder_.PutProgram("dl", "cd " + folder_.Path() +
+                               "\nread -r line\necho \"$line\"\necho \"$line\" >&2\n"
+                               "echo \"$# $1 $(umask) $line\" >> opened");
+  opener.OpenPrivately(kSecret);
+  EXPECT_EQ(Opened(), std::string("1 open 0027 ") + kSecret + "\n");
+  EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
+  EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
 }
 
 }  // namespace

@@ -35,7 +35,7 @@ TEST(SimulatedHost, RunsNothingOfAProcessAfterItsEnd) {
 
 TEST(SimulatedHost, HasNoSecretsInItsTrace) {
   SimulatedHost host;
-  host.Opener.Open("https://h/in?Email=a&Passwd=secret");
+  host.Opener.OpenPrivately("https://h/in?Email=a&Passwd=secret");
   host.Opener.Open("https://h/Forum/index.php?c=19");
   host.Store.Apply(std::vector<SettingChange>{
       {"AdSense", "Accounts", "one"}, {"AdSense", "Passwords", "tfdsfu"}, {"Misc", "Old", {}}});
