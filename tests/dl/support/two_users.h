@@ -55,13 +55,13 @@ inline void GiveToPerson(const std::string& folder) {
   }
 }
 
-// The arguments of all processes, as any user can read them.
-inline std::string AllArguments() {
-  std::string all;
+// Whether `word` stands in the arguments of any process, as any user can read them.
+inline bool ArgumentsShow(const std::string& word) {
   for (const auto& entry : std::filesystem::directory_iterator("/proc")) {
-    all += ReadWhole(entry.path() / "cmdline").value_or("") + '\n';
+    const auto arguments = ReadWhole(entry.path() / "cmdline");
+    if (arguments && arguments->find(word) != std::string::npos) return true;
   }
-  return all;
+  return false;
 }
 
 // All that the server at "http://127.0.0.1:PORT/..." answers to a GET, byte for byte; empty when it
