@@ -17,6 +17,7 @@
 #include "oauth/browser_pages.h"
 #include "oauth/consent_address.h"
 #include "oauth/consent_answer.h"
+#include "watchdog.h"
 #include "words.h"
 
 namespace quillbox {
@@ -29,6 +30,7 @@ constexpr const char* kNoClient =
     "them.\n";
 
 constexpr const char* kNoAnswerCame = "No answer came in five minutes.";
+constexpr const char* kNoEnd = "The service did not answer in time.";
 constexpr const char* kNoBrowser =
     "The browser could not be opened. Run \"dl authorize\" in a terminal: it prints an address "
     "that "
@@ -114,6 +116,7 @@ class Authorization {
   }
 
   void Keep(const Grant& grant) {
+    EndWatch();  // what is kept is told
     if (SaveGrant(GrantFolder(), name_, grant)) return;
     throw NoGrant{ResultCode::kNoConnection, "The grant could not be kept in " + GrantFolder()};
   }
@@ -140,11 +143,13 @@ int Authorize(const std::string& email, unsigned fileMask) {
     Tell("libcurl or libcrypto is missing.");
     return static_cast<int>(ResultCode::kNoConnection);
   }
+  WatchCommand(std::string("\n") + kNoEnd, STDERR_FILENO, TheLimits().Person + TheLimits().Total);
   try {
     const std::string name = Authorization(crypto, curl, client).Run(email, fileMask);
     std::puts(name.c_str());
     return std::fflush(stdout) == 0 ? 0 : static_cast<int>(ResultCode::kNoConnection);
   } catch (const NoGrant& none) {
+    EndWatch();
     Tell("\n" + none.Words);
     return static_cast<int>(none.Code);
   }

@@ -1,5 +1,7 @@
 #include "check.h"
 
+#include <unistd.h>
+
 #include <cstdio>
 #include <optional>
 #include <utility>
@@ -12,6 +14,7 @@
 #include "text/code_page.h"
 #include "text/grant_name.h"
 #include "unseen_prompt.h"
+#include "watchdog.h"
 #include "words.h"
 
 namespace quillbox {
@@ -73,6 +76,7 @@ Finding CheckPassword(Session& session, const std::string& email, const std::str
 
 Finding CheckAccount(const std::string& email) {
   const std::string secret = ReadSecret("Password: ");
+  WatchCommand("No answer came in time.", STDOUT_FILENO, TheLimits().Total);
   const CurlLibrary curl = LoadCurl();
   if (!curl.Loaded()) return {ResultCode::kNoConnection, "libcurl is missing."};
   Session session = OpenSession(curl);
@@ -83,6 +87,7 @@ Finding CheckAccount(const std::string& email) {
 
 int Check(const std::string& email) {
   const Finding finding = CheckAccount(email);
+  EndWatch();
   std::puts(finding.Words.c_str());
   return static_cast<int>(finding.Code);
 }

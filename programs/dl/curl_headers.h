@@ -11,4 +11,11 @@ namespace quillbox {
 // have no say in it. kUnknown when libcurl can't tell. Throws std::bad_alloc.
 ContentCoding CodingOfBody(const CurlLibrary& curl, CURL* handle);
 
+// Whether a body that has arrived without an error in the exchange of `handle` is known to be the
+// whole one: the answer said how long it is, or it came in chunks or frames, or its end was told by
+// the secure connection. libcurl takes a body whose length it can't read, and one of plain HTTP
+// that ends with the connection, for a whole one wherever the connection breaks. Throws
+// std::bad_alloc.
+bool EndIsKnown(const CurlLibrary& curl, CURL* handle);
+
 }  // namespace quillbox

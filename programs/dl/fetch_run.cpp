@@ -5,13 +5,13 @@
 #include <new>
 #include <optional>
 
-#include "crash_code.h"
 #include "curl_library.h"
 #include "environment.h"
 #include "fetch.h"
 #include "request/agent_text.h"
 #include "result_files.h"
 #include "session.h"
+#include "watchdog.h"
 
 namespace quillbox {
 namespace {
@@ -32,8 +32,9 @@ bool WriteLog(const AgentText& text, ResultCode code) {
 bool Run(const AgentText& text) {
   RemoveOldFile(text.LogPath);
   RemoveOldFile(text.DataPath);
-  LeaveCodeOnCrash(text.DataPath, text.LogPath);
+  WatchFetch(text.DataPath, text.LogPath, TheLimits().Total);
   const Fetched fetched = FetchText(text.Request);
+  EndWatch();
   ResultCode code = fetched.Code;
   if (code == ResultCode::kSuccess && !WriteWholeFile(text.DataPath, fetched.Body)) {
     code = ResultCode::kNoAnswer;
@@ -46,6 +47,7 @@ bool Run(const AgentText& text) {
 
 // For a run that the want of memory ended: the code at least.
 bool GiveUp(const AgentText& text) {
+  EndWatch();
   RemoveOldFile(text.DataPath);
   return WriteLog(text, ResultCode::kNoAnswer);
 }

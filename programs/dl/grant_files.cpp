@@ -76,7 +76,8 @@ bool SaveGrant(const std::string& folder, std::string_view name, const Grant& gr
   if (folder.empty() || !IsGrantName(name) || !MakeFolder(folder)) return false;
   // It may have been there before, more open.
   if (::chmod(folder.c_str(), S_IRWXU) != 0) return false;
-  return WriteWholeFile(GrantPath(folder, name), GrantText(grant));
+  const std::string text = GrantText(grant);
+  return text.size() <= kMostBytes && WriteWholeFile(GrantPath(folder, name), text);
 }
 
 bool RemoveGrant(const std::string& folder, std::string_view name) {

@@ -5,6 +5,7 @@
 #include "api/token_answer.h"
 #include "grant_files.h"
 #include "grant_lock.h"
+#include "watchdog.h"
 
 namespace quillbox {
 
@@ -40,6 +41,7 @@ ServiceVerdict GrantedService::ExchangeGrant() {
 }
 
 ServiceVerdict GrantedService::Take(const ServiceReply& reply) {
+  const Unwatched exchange;  // the answer may hold the only grant that is left
   const auto answer = ReadTokenAnswer(reply.Body);
   if (!answer) return {ResultCode::kNoAnswer, false, "the answer holds no access token"};
   token_ = answer->AccessToken;

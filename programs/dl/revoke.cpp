@@ -1,5 +1,7 @@
 #include "revoke.h"
 
+#include <unistd.h>
+
 #include <cstdio>
 #include <optional>
 #include <string>
@@ -12,10 +14,15 @@
 #include "service_questions.h"
 #include "text/grant_name.h"
 #include "unseen_prompt.h"
+#include "watchdog.h"
 #include "words.h"
 
 namespace quillbox {
 namespace {
+
+constexpr const char* kTimeIsUp =
+    "No answer came in time, so that the grant's access may still stand at the service: take it "
+    "away there, where your account lists the programs that may read its reports.";
 
 struct Outcome {
   ResultCode Code;
@@ -87,7 +94,10 @@ Outcome RevokeNamed(const std::string& name) {
 }  // namespace
 
 int Revoke() {
-  const Outcome outcome = RevokeNamed(ReadSecret("Name of the grant: "));
+  const std::string name = ReadSecret("Name of the grant: ");
+  WatchCommand(kTimeIsUp, STDOUT_FILENO, TheLimits().Total);
+  const Outcome outcome = RevokeNamed(name);
+  EndWatch();
   std::puts(outcome.Words.c_str());
   return static_cast<int>(outcome.Code);
 }

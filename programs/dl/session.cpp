@@ -27,7 +27,7 @@ struct Exchange {
     return Collector.Arrived(piece.size()) &&
            Unpacking->Take(piece, [this](auto unpacked) { return Collector.Take(unpacked); });
   }
-  bool Whole() const { return !Unpacking || Unpacking->Whole(); }
+  bool Whole() const { return (!Unpacking || Unpacking->Whole()) && EndIsKnown(Curl, Handle); }
 };
 
 Exchange& ExchangeOf(void* data) {

@@ -71,6 +71,8 @@ std::string ReadLine() {
 std::string ReadSecret(const char* question) {
   termios usual{};
   if (::tcgetattr(STDIN_FILENO, &usual) != 0) return ReadLine();
+  // Whoever sits at the terminal can end the program, also where its starter ignored these two.
+  for (const int key : {SIGINT, SIGQUIT}) ::signal(key, SIG_DFL);
   // A signal takes effect between two prompts; a program that goes on after it asks again.
   for (;;) {
     const UnseenPrompt prompt(usual, question);

@@ -156,7 +156,9 @@ TEST(ApiAnswer, IsRefusedWhenItIsNotTheWholeReport) {
       Object({kHeaders, Days(3), Rows({"2026-03-01 1 x 0 0 0"}), kSums}),
       Object({kHeaders, Days(3), Rows({"2026-03-01 1 nan 0 0 0"}), kSums}),
       Object({kHeaders, Days(3), Rows({"2026-03-01 1 0 0 0 0", "2026-03-01 1 0 0 0 0"}), kSums}),
-      Object({kChannelHeaders, Days(1), kRow, kSums}) + "x"};
+      Object({kChannelHeaders, Days(1), kRow, kSums}) + "x",
+      Object({kHeaders, Days(1), kRow, kSums}) + std::string("\0x", 2),
+      Object({kHeaders, Days(1), Rows({"2026-03-01 1\\u00000 0 0 0 0"}), kSums})};
   for (const std::string& json : kBad) {
     EXPECT_EQ(Table({}, json), "no answer") << json.substr(0, 300);
   }
@@ -273,8 +275,40 @@ TEST(ApiAccounts, AreChosenByTheirState) {
   EXPECT_EQ(AccountsPath("a&b="), "/v2/accounts?pageToken=a%26b%3D");
 }
 
-TEST(ApiToken, IsTakenOnlyWhenItFitsAHeader) {
-  const std::pair<const char*, bool> kCases[] = {
+TEST(ApiJson, IsReadWithinItsBounds) {
+  const auto nested = [](int levels) {  // with the object round it
+    return R"({"x":)" + std::string(levels - 1, '[') + std::string(levels - 1, ']') + "}";
+  };
+  const auto listed = [](int values) {
+    std::string list = "0";
+    for (int i = 1; i < values; ++i) list += ",{}";
+    return R"({"x":[)" + list + "]}";
+  };
+  const std::string blanks(1 << 20, ' ');
+  const std::pair<std::string, bool> kCases[] = {{nested(16), true},
+                                                 {nested(17), false},
+                                                 {nested(1 << 18), false},
+                                                 {listed(20'000), true},
+                                                 {listed(200'000), false},
+                                                 {"{}" + blanks.substr(2), true},
+                                                 {"{}" + blanks, false},
+                                                 {R"({"x":"\u0000"})", true},
+                                                 {std::string("{}\0", 3), false},
+                                                 {std::string("\0{}", 3), false}};
+  for (const auto& [json, read] : kCases) {
+    EXPECT_EQ(ReadAccountPage(json).has_value(), read) << json.size() << json.substr(0, 40);
+  }
+}
+
+TEST(ApiToken, IsTakenOnlyWhenItFitsAHeaderAndAFile) {
+  const std::string longest(16 << 10, 't');
+  const auto rotated = [](const std::string& token) {
+    return R"({"access_token":"a","token_type":"Bearer","refresh_token":")" + token + R"("})";
+  };
+  const std::pair<std::string, bool> kCases[] = {
+      {rotated(longest), true},
+      {rotated(longest + "t"), false},
+      {rotated("b\\u0000"), false},
       {R"({"access_token":"ya29.x","token_type":"bearer","expires_in":3599})", true},
       {R"({"access_token":"ya29.x","token_type":"mac"})", false},
       {R"({"access_token":"","token_type":"Bearer"})", false},
@@ -284,7 +318,7 @@ TEST(ApiToken, IsTakenOnlyWhenItFitsAHeader) {
   for (const auto& [json, taken] : kCases) {
     EXPECT_EQ(ReadTokenAnswer(json).has_value(), taken) << json;
   }
-  EXPECT_EQ(ReadTokenAnswer(kCases[0].first)->Lifetime, std::chrono::seconds(3599));
+  EXPECT_EQ(ReadTokenAnswer(kCases[3].first)->Lifetime, std::chrono::seconds(3599));
   EXPECT_TRUE(HoldsScope("", "b"));
   EXPECT_TRUE(HoldsScope("a b c", "b"));
   EXPECT_FALSE(HoldsScope("a bb c", "b"));

@@ -67,8 +67,11 @@ TEST(Check, AsksAtATerminalWithoutShowingWhatIsTyped) {
   for (const Case& c : kCases) {
     SCOPED_TRACE(std::string(c.keys) + ", signal " + std::to_string(c.signal));
     const PseudoTerminal terminal;
-    ChildProcess dl(terminal.Start({QUILLBOX_DL_PROGRAM, "check", kEmail},
-                                   home.WholeEnvironment(service.Host(), service.AuthorityFile())));
+    // As a shell starts what goes on in the background, and as we may have been started ourselves.
+    const char* const ignoring = "trap '' INT QUIT; exec \"$0\" \"$@\"";
+    ChildProcess dl(
+        terminal.Start({"/bin/sh", "-c", ignoring, QUILLBOX_DL_PROGRAM, "check", kEmail},
+                       home.WholeEnvironment(service.Host(), service.AuthorityFile())));
     EXPECT_EQ(terminal.ReadTo("Password: "), "Password: ");
     EXPECT_FALSE(terminal.Echoes());
     terminal.Type(c.keys);

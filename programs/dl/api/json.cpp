@@ -3,14 +3,62 @@
 #include <charconv>
 
 namespace quillbox {
+namespace {
 
-std::optional<Json> ParseObject(std::string_view text) {
+constexpr int kMostLevels = 16;
+
+// Stops the parser at the bounds. It only counts: the parser's callback for values that are being
+// built goes through the whole list again at the end of each member.
+class Counter : public nlohmann::json_sax<Json> {
+ public:
+  explicit Counter(std::size_t mostValues) : left_(mostValues) {}
+
+  bool null() override { return Counts(); }
+  bool boolean(bool) override { return Counts(); }
+  bool number_integer(number_integer_t) override { return Counts(); }
+  bool number_unsigned(number_unsigned_t) override { return Counts(); }
+  bool number_float(number_float_t, const string_t&) override { return Counts(); }
+  bool string(string_t&) override { return Counts(); }
+  bool binary(binary_t&) override { return Counts(); }
+  bool key(string_t&) override { return Counts(); }
+  bool start_object(std::size_t) override { return Begins(); }
+  bool end_object() override { return Ends(); }
+  bool start_array(std::size_t) override { return Begins(); }
+  bool end_array() override { return Ends(); }
+  bool parse_error(std::size_t, const std::string&, const nlohmann::detail::exception&) override {
+    return false;
+  }
+
+ private:
+  bool Counts() { return left_-- > 0; }
+  bool Begins() { return ++levels_ <= kMostLevels && Counts(); }
+  bool Ends() {
+    --levels_;
+    return true;
+  }
+
+  std::size_t left_;
+  int levels_ = 0;
+};
+
+// The parser takes a NUL for the end of the text.
+bool HoldsNul(std::string_view text) {
+  return text.find('\0') != std::string_view::npos;
+}
+
+}  // namespace
+
+std::optional<Json> ParseObject(std::string_view text, const JsonBounds& bounds) {
+  if (text.size() > bounds.Bytes || HoldsNul(text)) return std::nullopt;
+  Counter counter(bounds.Values);
+  if (!Json::sax_parse(text.begin(), text.end(), &counter)) return std::nullopt;
   Json value = Json::parse(text.begin(), text.end(), nullptr, false);
   if (!value.is_object()) return std::nullopt;
   return value;
 }
 
 std::optional<double> ParseNumber(std::string_view text) {
+  if (HoldsNul(text)) return std::nullopt;
   const Json value = Json::parse(text.begin(), text.end(), nullptr, false);
   return value.is_number() ? std::optional(value.get<double>()) : std::nullopt;
 }

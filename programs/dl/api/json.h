@@ -10,8 +10,21 @@ namespace quillbox {
 
 using Json = nlohmann::json;
 
-// Nothing unless the whole text is one JSON object in UTF-8.
-std::optional<Json> ParseObject(std::string_view text);
+// What a text may hold at the most: what is larger isn't read, since a value in memory takes a
+// hundred times the place that it takes in the text.
+struct JsonBounds {
+  std::size_t Bytes;
+  std::size_t Values;  // names of members included
+};
+
+// Tokens, accounts, errors.
+inline constexpr JsonBounds kShortJson{std::size_t{1} << 20, 100'000};
+// 100,000 lines of a report, set out with blanks and line ends.
+inline constexpr JsonBounds kReportJson{std::size_t{48} << 20, 5'000'000};
+
+// Nothing unless the whole text is one JSON object in UTF-8, within the bounds, at most 16 objects
+// and arrays deep, without a NUL.
+std::optional<Json> ParseObject(std::string_view text, const JsonBounds& bounds = kShortJson);
 
 // The number that the whole text is; nothing for a number too large.
 std::optional<double> ParseNumber(std::string_view text);

@@ -155,7 +155,7 @@ bool ReadFiguresOf(const Json& document, const WantedReport& report, ReportAnswe
 }  // namespace
 
 std::optional<ReportAnswer> ReadReportAnswer(std::string_view json, const WantedReport& report) {
-  const auto document = ParseObject(json);
+  const auto document = ParseObject(json, kReportJson);
   if (!document) return std::nullopt;
   const auto days = DaysMember(*document);
   if (!days) return std::nullopt;
@@ -167,7 +167,7 @@ std::optional<ReportAnswer> ReadReportAnswer(std::string_view json, const Wanted
 }
 
 std::optional<DayRange> ReadDays(std::string_view json) {
-  const auto document = ParseObject(json);
+  const auto document = ParseObject(json, kReportJson);
   return document ? DaysMember(*document) : std::nullopt;
 }
 

@@ -9,8 +9,12 @@
 namespace quillbox {
 namespace {
 
+// Far more than any service's, and little enough for a grant's file.
+constexpr std::size_t kLongestToken = 16 << 10;
+
 bool IsToken(std::string_view text) {
-  return std::ranges::all_of(text, [](char c) { return c > ' ' && c <= '~'; });
+  return text.size() <= kLongestToken &&
+         std::ranges::all_of(text, [](char c) { return c > ' ' && c <= '~'; });
 }
 
 }  // namespace

@@ -34,6 +34,12 @@ bool IsPlain(std::string_view transfer) {
   return true;
 }
 
+bool IsLength(std::string_view text) {
+  constexpr std::size_t kMostDigits = 18;  // no number of them leaves 64 bits
+  return !text.empty() && text.size() <= kMostDigits &&
+         std::ranges::all_of(text, [](char c) { return c >= '0' && c <= '9'; });
+}
+
 }  // namespace
 
 ContentCoding ReadContentCoding(std::string_view content, std::string_view transfer) {
@@ -44,6 +50,13 @@ ContentCoding ReadContentCoding(std::string_view content, std::string_view trans
     coding = coding == ContentCoding::kNone ? named : ContentCoding::kUnknown;
   }
   return coding;
+}
+
+bool IsOneLength(std::string_view lengths) {
+  const std::string_view first = TakeName(lengths);
+  bool same = IsLength(first);
+  while (!lengths.empty()) same = TakeName(lengths) == first && same;
+  return same;
 }
 
 }  // namespace quillbox

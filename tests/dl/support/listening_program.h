@@ -20,6 +20,7 @@ class LoopbackSocket {
   int Bind() const;
   void Listen(int queue) const;
   bool Connect(int port) const;
+  int Number() const { return socket_; }
 
  private:
   int socket_;
