@@ -2,14 +2,12 @@
 #pragma once
 
 #include "config/application_folder.h"
-#include "desktop/autostart_entry.h"
 #include "desktop/local_single_instance.h"
 #include "desktop/qt_address_opener.h"
 #include "desktop/qt_event_pump.h"
 #include "desktop/qt_grant_asker.h"
 #include "desktop/qt_program_exit.h"
 #include "desktop/qt_timers.h"
-#include "desktop/settings_per_user_store.h"
 #include "platform/host.h"
 #include "qt_tray/qt_cursor.h"
 #include "qt_tray/qt_tooltip_window.h"
@@ -21,6 +19,8 @@
 #include "qt_windows/reports_window.h"
 #include "sound/sound_player.h"
 #include "system/agent_processes.h"
+#include "system/autostart_entry.h"
+#include "system/settings_file.h"
 #include "system/system_clock.h"
 #include "system/system_environment.h"
 #include "system/system_files.h"
@@ -44,9 +44,9 @@ class DesktopHost {
  private:
   void LastActs();
 
-  SettingsPerUserStore store_;
   SystemEnvironment variables_;
   SystemFiles disk_;
+  SettingsFile store_{disk_};
   SystemClock time_;
   QtTimers timers_;
   QtEventPump events_;

@@ -54,13 +54,14 @@ std::string SimulatedStore::Read(std::string_view section, std::string_view key)
   return entry == entries_.end() ? std::string() : entry->second;
 }
 
-void SimulatedStore::Apply(std::span<const SettingChange> changes) {
+bool SimulatedStore::Apply(std::span<const SettingChange> changes) {
   batches_.emplace_back(changes.begin(), changes.end());
   for (const SettingChange& change : changes) {
     Tell(change);
     if (keeps_ != StoreKeeps::kNothing) Change(entries_, change);
     if (keeps_ == StoreKeeps::kAll) Change(onDisk_, change);
   }
+  return keeps_ != StoreKeeps::kNothing;
 }
 
 void SimulatedStore::Tell(const SettingChange& change) {

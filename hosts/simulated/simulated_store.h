@@ -46,7 +46,7 @@ class SimulatedStore final : public PerUserStore {
 
   // PerUserStore
   std::string Read(std::string_view section, std::string_view key) override;
-  void Apply(std::span<const SettingChange> changes) override;
+  bool Apply(std::span<const SettingChange> changes) override;
 
  private:
   struct Name {

@@ -89,8 +89,8 @@ InstanceGate::~InstanceGate() {
 
 bool InstanceGate::Pass() {
   if (lock_ || lockPath_.empty()) return true;
-  auto lock =
-      std::make_unique<FileDescriptor>(lockPath_, O_RDWR | O_CREAT | O_NOFOLLOW, S_IRUSR | S_IWUSR);
+  auto lock = std::make_unique<FileDescriptor>(
+      lockPath_, O_RDWR | O_CREAT | O_NOFOLLOW | O_NONBLOCK, S_IRUSR | S_IWUSR);
   // A lock that can't be had for another reason than another holder would lock the person out.
   if (::flock(lock->Number(), LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) return false;
   lock_ = std::move(lock);

@@ -2,6 +2,7 @@
 
 #include <unistd.h>
 
+#include <cstdlib>
 #include <optional>
 
 #include "text/code_page.h"
@@ -28,6 +29,13 @@ std::string SystemEnvironment::Variable(std::string_view name) {
   auto value = FindVariable([&](std::string_view other) { return other == name; });
   if (!value) value = FindVariable([&](std::string_view o) { return EqualIgnoringCase(o, name); });
   return FromUtf8(value.value_or("")).value_or("");
+}
+
+std::string ConfigFolder() {
+  const char* const config = std::getenv("XDG_CONFIG_HOME");
+  if (config != nullptr && *config == '/') return config;
+  const char* const home = std::getenv("HOME");
+  return home != nullptr && *home == '/' ? std::string(home) + "/.config" : "";
 }
 
 }  // namespace quillbox

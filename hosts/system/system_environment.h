@@ -12,4 +12,8 @@ class SystemEnvironment : public Environment {
   std::string Variable(std::string_view name) override;
 };
 
+// The person's folder for configuration: XDG_CONFIG_HOME if it is absolute, else ".config" in HOME.
+// Bytes as the system has them; empty when there is none.
+std::string ConfigFolder();
+
 }  // namespace quillbox

@@ -33,8 +33,17 @@ bool IsReadable(const FileDescriptor& file) {
 // Also true when there is nothing at `path`.
 bool MayBeReplaced(const std::string& path) {
   struct stat status = {};
-  if (::lstat(path.c_str(), &status) != 0 || S_ISLNK(status.st_mode)) return true;
+  if (::lstat(path.c_str(), &status) != 0) return errno == ENOENT;
+  if (S_ISLNK(status.st_mode)) return true;
   return S_ISREG(status.st_mode) && ::faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) == 0;
+}
+
+bool Flushed(const FileDescriptor& file) {
+  int result = -1;
+  do {
+    result = ::fsync(file.Number());
+  } while (result != 0 && errno == EINTR);
+  return result == 0;
 }
 
 bool WriteAll(const FileDescriptor& file, std::string_view content) {
@@ -91,7 +100,7 @@ bool SystemFiles::WriteNew(const std::string& path, const std::string& content) 
 
 bool SystemFiles::Flush(const std::string& path) {
   const FileDescriptor file(path, O_RDONLY | O_NONBLOCK | O_NOCTTY);
-  return file.IsOpen() && ::fsync(file.Number()) == 0;
+  return file.IsOpen() && Flushed(file);
 }
 
 bool SystemFiles::Rename(const std::string& from, const std::string& to) {

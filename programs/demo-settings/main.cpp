@@ -3,7 +3,10 @@
 //   demo-settings write NAME E-MAIL PASSWORD ...   accounts; the first one is the primary account
 //   demo-settings show                             stored statistics, and the tip made of them
 //
-// It works on the store of whoever runs it: the demo gives it a folder of its own.
+// The exit status is 1 when the settings could not be saved, then the old ones stand. It works on
+// the store of whoever runs it: the demo gives it a folder of its own.
+#include <sys/stat.h>
+
 #include <QLocale>
 #include <chrono>
 #include <iostream>
@@ -16,8 +19,8 @@
 #include "config/application_folder.h"
 #include "config/settings_store.h"
 #include "desktop/region.h"
-#include "desktop/settings_per_user_store.h"
 #include "evaluation/stats_text.h"
+#include "system/settings_file.h"
 #include "system/system_files.h"
 
 namespace quillbox {
@@ -36,7 +39,7 @@ AccountList AccountsIn(std::span<char* const> texts) {
 }
 
 // Refreshes at once and every minute, asks nothing, and alerts when the earnings change.
-void WriteSettings(SettingsStore& store, const AccountList& accounts) {
+bool WriteSettings(SettingsStore& store, const AccountList& accounts) {
   SettingBatch batch;
   SaveAccountList(batch, accounts);
   batch.Write(kPrimaryAccount, accounts.Accounts.front())
@@ -49,7 +52,7 @@ void WriteSettings(SettingsStore& store, const AccountList& accounts) {
       .Write(kShowBalloonWhen, kBalloonEarnings)
       .Write(kTooltipValues, "ABCDEFGM")
       .Write(kDataToDownload, kDownloadAll);
-  store.WriteBatch(batch);
+  return store.WriteBatch(batch);
 }
 
 int CurrentYear() {
@@ -74,8 +77,8 @@ void ShowStatistics(const SettingsStore& store) {
 }
 
 int Run(std::span<char* const> arguments) {
-  SettingsPerUserStore userStore;
   SystemFiles files;
+  SettingsFile userStore(files);
   const ApplicationFolder unusedFolder("", "", '/');
   const std::string perUserMode;
   SettingsStore store(userStore, files, unusedFolder, perUserMode);
@@ -83,7 +86,10 @@ int Run(std::span<char* const> arguments) {
   const std::string_view command = arguments.empty() ? "" : arguments.front();
   const auto texts = arguments.empty() ? arguments : arguments.subspan(1);
   if (command == "write" && !texts.empty() && texts.size() % kTextsOfAccount == 0) {
-    WriteSettings(store, AccountsIn(texts));
+    if (!WriteSettings(store, AccountsIn(texts))) {
+      std::cerr << "demo-settings: the settings could not be saved\n";
+      return 1;
+    }
   } else if (command == "show" && texts.empty()) {
     ShowStatistics(store);
   } else {
@@ -97,6 +103,7 @@ int Run(std::span<char* const> arguments) {
 }  // namespace quillbox
 
 int main(int count, char** arguments) {
+  ::umask(S_IRWXG | S_IRWXO);
   return quillbox::Run(
       std::span<char* const>(arguments, static_cast<std::size_t>(count)).subspan(1));
 }

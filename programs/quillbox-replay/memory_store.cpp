@@ -12,7 +12,7 @@ std::string MemoryStore::Read(std::string_view section, std::string_view key) {
   return found == settings.end() ? std::string() : found->second.Value;
 }
 
-void MemoryStore::Apply(std::span<const SettingChange> changes) {
+bool MemoryStore::Apply(std::span<const SettingChange> changes) {
   for (const SettingChange& change : changes) {
     if (change.Value) {
       Write(change.Section, change.Key, *change.Value);
@@ -21,6 +21,7 @@ void MemoryStore::Apply(std::span<const SettingChange> changes) {
       found->second.Settings.erase(LowerCase(change.Key));
     }
   }
+  return true;
 }
 
 void MemoryStore::Write(std::string_view section, std::string_view key, std::string value) {

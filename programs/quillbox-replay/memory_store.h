@@ -22,7 +22,7 @@ class MemoryStore final : public PerUserStore {
   };
 
   std::string Read(std::string_view section, std::string_view key) override;
-  void Apply(std::span<const SettingChange> changes) override;
+  bool Apply(std::span<const SettingChange> changes) override;
 
   void Write(std::string_view section, std::string_view key, std::string value);
 

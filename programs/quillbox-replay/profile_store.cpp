@@ -8,11 +8,12 @@ std::string ProfileStore::Read(std::string_view section, std::string_view key) {
   return ReadProfileValue(text_, section, key).substr(0, kLongestProfileValue);
 }
 
-void ProfileStore::Apply(std::span<const SettingChange> changes) {
+bool ProfileStore::Apply(std::span<const SettingChange> changes) {
   for (const SettingChange& change : changes) {
     text_ = WithProfileValue(std::move(text_), change.Section, change.Key,
                              change.Value.value_or(std::string()));
   }
+  return true;
 }
 
 }  // namespace quillbox

@@ -14,7 +14,7 @@ class ProfileStore final : public PerUserStore {
   explicit ProfileStore(std::string text) : text_(std::move(text)) {}
 
   std::string Read(std::string_view section, std::string_view key) override;
-  void Apply(std::span<const SettingChange> changes) override;
+  bool Apply(std::span<const SettingChange> changes) override;
 
   const std::string& Text() const { return text_; }
 

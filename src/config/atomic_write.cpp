@@ -10,22 +10,27 @@ namespace {
 
 constexpr std::array<std::string_view, 4> kSuffixes = {".new1", ".new2", ".new3", ".new4"};
 
-// The file that took the content. Writers that died may have left theirs behind; once no name is
-// free, the first of them makes room.
+void RemoveLeftovers(Files& files, const std::string& path) {
+  for (const std::string_view suffix : kSuffixes) {
+    const std::string beside = path + std::string(suffix);
+    if (files.Exists(beside)) files.Remove(beside);
+  }
+}
+
+// The file that took the content. Something that can't be removed may have the first names.
 std::optional<std::string> WriteBeside(Files& files, const std::string& path,
                                        const std::string& content) {
   for (const std::string_view suffix : kSuffixes) {
     std::string beside = path + std::string(suffix);
     if (files.WriteNew(beside, content)) return beside;
   }
-  std::string oldest = path + std::string(kSuffixes.front());
-  if (!files.Remove(oldest) || !files.WriteNew(oldest, content)) return std::nullopt;
-  return oldest;
+  return std::nullopt;
 }
 
 }  // namespace
 
 bool WriteAtomically(Files& files, const std::string& path, const std::string& content) {
+  RemoveLeftovers(files, path);
   const std::optional<std::string> beside = WriteBeside(files, path, content);
   if (!beside) return false;
   if (!files.Flush(*beside) || !files.Rename(*beside, path)) {

@@ -106,6 +106,11 @@ void InsertLine(std::string& text, std::size_t position, const std::string& line
   text.insert(position, (behindOpenLine ? lineEnd : "") + line + lineEnd);
 }
 
+std::optional<std::string> ReadProfile(Files& files, const std::string& path) {
+  if (files.Size(path).value_or(0) > kLargestProfile) return std::nullopt;
+  return files.Read(path);
+}
+
 }  // namespace
 
 std::string ReadProfileValue(std::string_view text, std::string_view section,
@@ -134,20 +139,21 @@ std::string WithProfileValue(std::string text, std::string_view section, std::st
 
 std::string IniRead(Files& files, std::string_view section, std::string_view key,
                     const std::string& path) {
-  const std::optional<std::string> text = files.Read(path);
+  const std::optional<std::string> text = ReadProfile(files, path);
   return text ? ReadProfileValue(*text, section, key).substr(0, kLongestProfileValue) : "";
 }
 
-void IniWrite(Files& files, std::span<const SettingChange> changes, const std::string& path) {
-  const std::optional<std::string> old = files.Read(path);
+bool IniWrite(Files& files, std::span<const SettingChange> changes, const std::string& path) {
+  const std::optional<std::string> old = ReadProfile(files, path);
   // What is there but can't be read must not be replaced by the changes alone.
-  if (!old && files.Exists(path)) return;
+  if (!old && files.Exists(path)) return false;
 
   std::string text = old.value_or("");
   for (const SettingChange& change : changes) {
     text = WithProfileValue(std::move(text), change.Section, change.Key, change.Value.value_or(""));
   }
-  if (!text.empty()) WriteAtomically(files, path, text);
+  if (text == old.value_or("")) return true;
+  return text.size() <= kLargestProfile && WriteAtomically(files, path, text);
 }
 
 }  // namespace quillbox

@@ -13,6 +13,10 @@ namespace quillbox {
 // The longest value that a read gives, in characters; what is longer is cut.
 inline constexpr std::size_t kLongestProfileValue = 749;
 
+// The largest file that is read or written, in bytes; a larger one counts as one that can't be
+// read.
+inline constexpr std::size_t kLargestProfile = 4U << 20U;
+
 // The value of `key` in `section` of a file's whole text (code page); empty when there is none.
 // Sections and keys match without regard to case, and the first of two equal ones wins. Blanks
 // round a key don't count; the value is everything behind the "=", blanks and quotes included. A
@@ -33,8 +37,8 @@ std::string IniRead(Files& files, std::string_view section, std::string_view key
                     const std::string& path);
 
 // Carries out all changes in one atomic write and creates the file as needed; a change without a
-// value writes the empty text, so that a line "KEY=" stays. Failures are not reported; a file that
-// is there but can't be read stays as it is.
-void IniWrite(Files& files, std::span<const SettingChange> changes, const std::string& path);
+// value writes the empty text, so that a line "KEY=" stays. Whether all is kept now, but for what
+// no line can carry; a file that is there but can't be read stays as it is.
+bool IniWrite(Files& files, std::span<const SettingChange> changes, const std::string& path);
 
 }  // namespace quillbox

@@ -60,17 +60,14 @@ void SettingsStore::DeleteSetting(const SettingKey& key) {
   Apply(std::array{Change(key, std::nullopt)});
 }
 
-void SettingsStore::WriteBatch(const SettingBatch& batch) {
-  Apply(batch.Changes());
+bool SettingsStore::WriteBatch(const SettingBatch& batch) {
+  return Apply(batch.Changes());
 }
 
-void SettingsStore::Apply(std::span<const SettingChange> changes) {
-  if (changes.empty()) return;
-  if (settingsProfile_.empty()) {
-    userStore_.Apply(changes);
-  } else {
-    IniWrite(files_, changes, SettingsFile());
-  }
+bool SettingsStore::Apply(std::span<const SettingChange> changes) {
+  if (changes.empty()) return true;
+  return settingsProfile_.empty() ? userStore_.Apply(changes)
+                                  : IniWrite(files_, changes, SettingsFile());
 }
 
 std::string SettingsStore::SettingsFile() const {

@@ -25,9 +25,8 @@ class SettingBatch {
   std::vector<SettingChange> changes_;
 };
 
-// A missing and an empty value can't be told apart: both read as the empty text. Nothing is cached:
-// each call goes to the back end. Failures are not reported; a write that failed leaves the old
-// value.
+// A missing and an empty value can't be told apart: both read as the empty text. Each call goes
+// to the back end. A write that failed leaves the old value, and the person is not told.
 class SettingsStore {
  public:
   // `settingsProfile` chooses the back end at every call: the host's per-user store while it is
@@ -44,11 +43,11 @@ class SettingsStore {
   // In file mode the line "KEY=" stays.
   void DeleteSetting(const SettingKey& key);
 
-  // All or nothing, in one atomic write.
-  void WriteBatch(const SettingBatch& batch);
+  // All or nothing, in one atomic write. Whether it was kept.
+  bool WriteBatch(const SettingBatch& batch);
 
  private:
-  void Apply(std::span<const SettingChange> changes);
+  bool Apply(std::span<const SettingChange> changes);
   std::string SettingsFile() const;
 
   PerUserStore& userStore_;

@@ -16,8 +16,7 @@ struct SettingChange {
 };
 
 // Sections, keys and values may hold any characters of the code page. Sections and keys are matched
-// without regard to case. It reports no failure: a store that could not keep a value reads back
-// what it has on disk.
+// without regard to case. A store that could not keep a value reads back what it has on disk.
 class PerUserStore {
  public:
   virtual ~PerUserStore() = default;
@@ -26,8 +25,8 @@ class PerUserStore {
   virtual std::string Read(std::string_view section, std::string_view key) = 0;
 
   // All changes, in their order, in one atomic write: whatever happens meanwhile, afterwards either
-  // all or none of them are there.
-  virtual void Apply(std::span<const SettingChange> changes) = 0;
+  // all or none of them are there. Whether they are.
+  virtual bool Apply(std::span<const SettingChange> changes) = 0;
 };
 
 }  // namespace quillbox

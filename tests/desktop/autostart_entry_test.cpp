@@ -1,5 +1,5 @@
 // The desktop entry that starts the program with the session.
-#include "desktop/autostart_entry.h"
+#include "system/autostart_entry.h"
 
 #include <gmock/gmock.h>
 
@@ -7,8 +7,8 @@
 #include <filesystem>
 #include <fstream>
 
-#include "desktop/desktop_entry.h"
 #include "desktop/fake_bus_service.h"
+#include "system/desktop_entry.h"
 #include "system/system_files.h"
 #include "system/temporary_folder.h"
 

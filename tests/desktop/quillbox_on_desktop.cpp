@@ -8,7 +8,7 @@
 #include "config/setting_keys.h"
 #include "desktop/docked_icons.h"
 #include "desktop/fake_bus_service.h"
-#include "desktop/settings_per_user_store.h"
+#include "system/settings_file.h"
 #include "system/system_files.h"
 
 namespace quillbox {
@@ -33,7 +33,8 @@ void QuillboxOnDesktop::SetUp() {
 }
 
 void QuillboxOnDesktop::Store(const SettingBatch& settings) {
-  SettingsPerUserStore().Apply(settings.Changes());
+  SystemFiles files;
+  SettingsFile(files).Apply(settings.Changes());
 }
 
 fs::path QuillboxOnDesktop::SettingsFile() {

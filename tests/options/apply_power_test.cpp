@@ -18,8 +18,8 @@ class LosingStore final : public PerUserStore {
   std::string Read(std::string_view section, std::string_view key) override {
     return store_.Read(section, key);
   }
-  void Apply(std::span<const SettingChange> changes) override {
-    if (--left_ >= 0) store_.Apply(changes);
+  bool Apply(std::span<const SettingChange> changes) override {
+    return --left_ >= 0 && store_.Apply(changes);
   }
 
  private:

@@ -1,50 +1,90 @@
-// Writing where no room is left: a small disk of its own when the test may make one, and a limit on
+// Saving where no room is left: a small disk of its own when the test may make one, and a limit on
 // the size of files for everybody.
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sys/mount.h>
 #include <sys/resource.h>
+#include <sys/statvfs.h>
 
 #include <csignal>
+#include <set>
 
-#include "config/atomic_write.h"
-#include "system/system_files.h"
+#include "system/savers.h"
 #include "system/temporary_folder.h"
 
 namespace quillbox {
 namespace {
 
-using ::testing::ElementsAre;
+const std::string kOld(6000, 'o');
 
-// The old content stays, and nothing half written beside it.
-void ExpectNoRoom(const TemporaryFolder& folder, std::size_t tooMuch) {
-  SystemFiles files;
-  ASSERT_TRUE(WriteAtomically(files, folder.File("a.ini"), "old"));
-  EXPECT_FALSE(files.WriteNew(folder.File("new"), std::string(tooMuch, 'x')));
-  EXPECT_FALSE(WriteAtomically(files, folder.File("a.ini"), std::string(tooMuch, 'x')));
-  EXPECT_EQ(folder.Content("a.ini"), "old");
-  EXPECT_THAT(files.List(folder.Path(), "*"), ElementsAre("a.ini"));
-  EXPECT_TRUE(WriteAtomically(files, folder.File("a.ini"), "small"));
+std::set<std::string> FilesIn(const std::string& folder) {
+  std::set<std::string> names;
+  for (const auto& entry : std::filesystem::recursive_directory_iterator(folder)) {
+    if (entry.is_regular_file()) names.insert(entry.path().lexically_relative(folder).string());
+  }
+  return names;
 }
 
-TEST(FullDisk, AFullFileSystemLosesNothing) {
-  const TemporaryFolder folder;
-  if (::mount("tmpfs", folder.Path().c_str(), "tmpfs", 0, "size=64k,mode=700") != 0) {
-    GTEST_SKIP() << "needs the right to mount a small disk";
+// Old or new, whole, and as the save says; nothing half written beside it.
+void ExpectWhole(const Saver& saver, const TemporaryFolder& folder, const std::string& text) {
+  const std::string old = folder.Content(saver.File);
+  const std::set<std::string> files = FilesIn(folder.Path());
+  const bool saved = saver.Save(folder.Path(), text);
+  const std::string now = folder.Content(saver.File);
+  const TemporaryFolder elsewhere;
+  EXPECT_TRUE(saver.Save(elsewhere.Path(), text));
+  EXPECT_EQ(now, saved ? elsewhere.Content(saver.File) : old);
+  EXPECT_EQ(FilesIn(folder.Path()), files);
+}
+
+// Leaves that many pages.
+void Fill(const TemporaryFolder& folder, unsigned long pages) {
+  struct statvfs disk {};
+  ASSERT_EQ(::statvfs(folder.Path().c_str(), &disk), 0);
+  folder.Put("filler", std::string((disk.f_bavail - pages) * disk.f_bsize, 'x'));
+  ASSERT_EQ(::statvfs(folder.Path().c_str(), &disk), 0);
+  ASSERT_EQ(disk.f_bavail, pages);
+}
+
+TEST(FullDisk, TheLastPagesOfAFileSystemHoldTheOldOrTheNewFile) {
+  int saves = 0, kept = 0;
+  for (const Saver& saver : kSavers) {
+    for (unsigned long pages = 0; pages <= 8; ++pages) {
+      SCOPED_TRACE(testing::Message() << saver.Name << ", " << pages << " pages");
+      const TemporaryFolder folder;
+      if (::mount("tmpfs", folder.Path().c_str(), "tmpfs", 0, "size=256k,mode=700") != 0) {
+        GTEST_SKIP() << "needs the right to mount a small disk";
+      }
+      EXPECT_TRUE(saver.Save(folder.Path(), kOld));
+      Fill(folder, pages);
+      const std::string old = folder.Content(saver.File);
+      for (const std::size_t length : {10U, 3000U, 6000U, 14'000U}) {
+        ExpectWhole(saver, folder, std::string(length, 'n'));
+        ++saves;
+        if (folder.Content(saver.File) != old) ++kept;
+      }
+      EXPECT_EQ(::umount(folder.Path().c_str()), 0);
+    }
   }
-  ExpectNoRoom(folder, 256U << 10U);
-  EXPECT_EQ(::umount(folder.Path().c_str()), 0);
+  EXPECT_TRUE(kept > 0 && kept < saves) << kept << " of " << saves;
 }
 
 TEST(FullDisk, AFileThatMayNotGrowLosesNothing) {
-  const TemporaryFolder folder;
   rlimit limit = {};
   ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &limit), 0);
-  const rlimit small = {10'000, limit.rlim_max};
   const auto handler = std::signal(SIGXFSZ, SIG_IGN);
-  ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &small), 0);
-  ExpectNoRoom(folder, 20'000);  // its first write is a short one
-  EXPECT_EQ(::setrlimit(RLIMIT_FSIZE, &limit), 0);
+  for (const Saver& saver : kSavers) {
+    SCOPED_TRACE(saver.Name);
+    const TemporaryFolder folder;
+    EXPECT_TRUE(saver.Save(folder.Path(), kOld));
+    const std::string old = folder.Content(saver.File);
+    const auto files = FilesIn(folder.Path());
+    const rlimit small = {10'000, limit.rlim_max};
+    ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &small), 0);
+    EXPECT_FALSE(saver.Save(folder.Path(), std::string(20'000, 'n')));  // the first write is short
+    EXPECT_EQ(::setrlimit(RLIMIT_FSIZE, &limit), 0);
+    EXPECT_EQ(folder.Content(saver.File), old);
+    EXPECT_EQ(FilesIn(folder.Path()), files);
+  }
   std::signal(SIGXFSZ, handler);
 }
 

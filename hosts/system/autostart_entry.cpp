@@ -1,11 +1,11 @@
-#include "desktop/autostart_entry.h"
+#include "system/autostart_entry.h"
 
-#include <cstdlib>
 #include <filesystem>
 #include <system_error>
 
 #include "config/atomic_write.h"
-#include "desktop/desktop_entry.h"
+#include "system/desktop_entry.h"
+#include "system/system_environment.h"
 
 namespace quillbox {
 namespace {
@@ -13,10 +13,7 @@ namespace {
 namespace fs = std::filesystem;
 
 fs::path AutostartFolder() {
-  const char* const config = std::getenv("XDG_CONFIG_HOME");
-  if (config != nullptr && *config == '/') return fs::path(config) / "autostart";
-  const char* const home = std::getenv("HOME");
-  return fs::path(home == nullptr ? "/" : home) / ".config/autostart";
+  return fs::path(ConfigFolder()) / "autostart";
 }
 
 std::string EntryFile() {
@@ -30,6 +27,7 @@ bool AutostartEntry::Present() {
 }
 
 void AutostartEntry::Make() {
+  if (ConfigFolder().empty()) return;
   std::error_code ignored;
   fs::create_directories(AutostartFolder(), ignored);
   WriteAtomically(files_, EntryFile(), AutostartText(folder_.ProgramFile("quillbox")));

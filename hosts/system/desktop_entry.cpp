@@ -1,4 +1,4 @@
-#include "desktop/desktop_entry.h"
+#include "system/desktop_entry.h"
 
 #include <map>
 #include <sstream>
