@@ -1,6 +1,7 @@
 #include "qt_tray/tray_menu_view.h"
 
 #include "qt_base/unicode_text.h"
+#include "text/elided.h"
 
 namespace quillbox {
 namespace {
@@ -9,7 +10,7 @@ using OnChosen = std::function<void(const MenuItem&)>;
 
 // "&" underlines a letter in Qt's captions.
 QString CaptionOf(const MenuItem& item) {
-  return ToUnicode(item.Caption).replace("&", "&&");
+  return ToUnicode(Elided(item.Caption)).replace("&", "&&");
 }
 
 void AddItem(QMenu& menu, const MenuItem& item, const OnChosen& onChosen) {

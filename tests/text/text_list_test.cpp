@@ -1,9 +1,10 @@
-// Lists in one text, and patterns of names.
+// Lists in one text, patterns of names, and long names cut.
 #include <gmock/gmock.h>
 
 #include <string>
 #include <vector>
 
+#include "text/elided.h"
 #include "text/name_pattern.h"
 #include "text/text_list.h"
 
@@ -74,6 +75,24 @@ TEST(NamePattern, ManyStarsDoNotExplode) {
   std::string pattern;
   for (int i = 0; i < 40; ++i) pattern += "*a";
   EXPECT_FALSE(MatchesNamePattern(std::string(2000, 'a') + "b", pattern));
+}
+
+TEST(Elided, KeepsBothEndsOfWhatIsTooLong) {
+  const struct Case {
+    const char* Name;
+    std::size_t Longest;
+    const char* Shown;
+  } kCases[] = {{"", 5, ""},
+                {"abcde", 5, "abcde"},
+                {"abcdef", 5,
+                 "ab\x85"
+                 "ef"},
+                {"abcdef", 4,
+                 "ab\x85"
+                 "f"},
+                {"abc", 1, "\x85"},
+                {"abc", 0, ""}};
+  for (const Case& c : kCases) EXPECT_EQ(Elided(c.Name, c.Longest), c.Shown) << c.Name;
 }
 
 }  // namespace
