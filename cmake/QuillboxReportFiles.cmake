@@ -10,8 +10,8 @@ foreach(file NiceTitle.js NiceTitleAutoWidth.css)
 endforeach()
 
 set(parts "")
-foreach(part texts colours numbers report shapes scale columns bars tips values strip legend groups lanes
-    window bar_graph)
+foreach(part texts colours numbers report figures shapes scale columns bars tips values strip legend groups
+    lanes window bar_graph)
   set(file "${folder}/graphs/${part}.js")
   set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS "${file}")
   file(READ "${file}" text)

@@ -107,7 +107,12 @@ document.addEventListener("focusin", onFocus);
 document.addEventListener("focusout", hide);
 document.addEventListener("mouseleave", hide);
 document.addEventListener("mousedown", hide);
-document.addEventListener("keydown", (event) => { if (event.key === "Escape") hide(); });
+// With a tip, the key means that alone.
+document.addEventListener("keydown", (event) => {
+  if (event.key !== "Escape" || !owner || !owner.isConnected) return;
+  event.preventDefault();
+  hide();
+});
 document.addEventListener("scroll", hide, true);
 window.addEventListener("resize", hide);
 window.addEventListener("blur", hide);

@@ -1,5 +1,6 @@
 #include "report_page/report_browser.h"
 
+#include <QAccessible>
 #include <QEventLoop>
 #include <QFile>
 #include <QTimer>
@@ -102,6 +103,27 @@ std::string ReportBrowser::Ask(const std::string& expression) {
   });
   asking.exec();
   return answer;
+}
+
+std::string ReportBrowser::CellsReadOut() {
+  QAccessible::setActive(true);
+  std::string cells;
+  const std::function<void(QAccessibleInterface*)> collect = [&](QAccessibleInterface* one) {
+    if (one == nullptr || !one->isValid()) return;
+    const QAccessible::Role role = one->role();
+    if (role == QAccessible::Cell || role == QAccessible::RowHeader ||
+        role == QAccessible::ColumnHeader) {
+      cells += one->text(QAccessible::Name).toStdString() + " ";
+    }
+    for (int i = 0; i < one->childCount(); ++i) collect(one->child(i));
+  };
+  for (int i = 0; i < 500 && cells.empty(); ++i) {
+    QEventLoop pause;
+    QTimer::singleShot(10, &pause, &QEventLoop::quit);
+    pause.exec();
+    collect(QAccessible::queryAccessibleInterface(&view_));
+  }
+  return cells;
 }
 
 // Until the page knows its size and has drawn for it.

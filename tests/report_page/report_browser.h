@@ -38,6 +38,9 @@ class ReportBrowser {
   // The value of a JavaScript expression as text. The functions of kQueries are at hand.
   std::string Ask(const std::string& expression);
 
+  // The cells of the table that programs for the blind are shown, row by row, with blanks between.
+  std::string CellsReadOut();
+
  private:
   void WaitForLayout();
 

@@ -19,7 +19,8 @@ class BarGraph {
     return "<div id='" + id + "' class='bar-graph' data-drawn-for='" + drawnFor(width, height) +
       "' style='position:absolute;overflow:hidden auto;left:" + edge +
       "px;top:" + edge + "px;right:" + edge + "px;bottom:" + edge + "px;background:" +
-      escapeText(report.colours.page) + "'>" + drawGraph(report, sizeFor(width, height)) + "</div>";
+      escapeText(report.colours.page) + "'>" + drawGraph(report, sizeFor(width, height)) +
+      "</div><div id='" + id + "-figures' style='" + kUnseen + "'></div>";
   }
 }
 

@@ -25,7 +25,8 @@ function drawGroups(report, size) {
   return {
     plot: svg(plot.width, plot.height, size.zoom, drawLegend(legend, report, size.width) +
       drawBackground(report, room) + drawScale(report, scale, box) + drawBars(bars, report, scale, box) +
-      drawBaseline(report, box) + drawValues(bars, plan, report, scale, box)),
+      drawBaseline(report, box) + drawValues(bars, plan, report, scale, box) +
+      drawNothing(report, box)),
     tips: drawTips(columnTips(columns, report, room, () => true).concat(legendTips(legend)), plot),
     strip: drawStrip(strip, columns, report, box, size),
   };

@@ -90,7 +90,8 @@ function drawLanes(report, size) {
   return {
     plot: svg(plot.width, plot.height, size.zoom, drawLegend(legend, report, size.width) +
       indexes.map((index, i) =>
-        drawLane(index, lists.get(index) || [], report, columns, scale, boxes[i])).join("")),
+        drawLane(index, lists.get(index) || [], report, columns, scale, boxes[i])).join("") +
+      drawNothing(report, {left, right, top: legend.height, bottom: size.height - strip.height})),
     tips: drawTips(laneTips(indexes, columns, report, boxes), plot),
     strip: drawStrip(strip, columns, report, boxes[0], size),
   };

@@ -71,6 +71,7 @@ function readReport(graph) {
     series: readSeries(names, colours),
     untold: makeSeries("channel not known", colours.untold, colours),
     hasUntold: days.some((day) => day.untold),
+    hasFigures: values.some((value) => value.number !== null),
     highest: values.reduce((most, value) => Math.max(most, value.number || 0), 0),
     whole: values.every((value) => value.decimals === 0),
     widestValue: widestNumber(values.filter((value) => value.number !== null).map((value) => value.shown)),

@@ -1,7 +1,7 @@
 // Pieces of a drawing.
 
 function svg(width, height, zoom, content) {
-  return "<svg xmlns='http://www.w3.org/2000/svg' width='" + width * zoom + "' height='" + height * zoom +
+  return "<svg aria-hidden='true' xmlns='http://www.w3.org/2000/svg' width='" + width * zoom + "' height='" + height * zoom +
     "' viewBox='0 0 " + width + " " + height + "' style='display:block' font-size='" + kTextSize +
     "' font-family=\"" + kFontFamily + "\">" + content + "</svg>";
 }

@@ -38,4 +38,5 @@ function followWindow(id, report) {
   if (!frame) return;
   new ResizeObserver(() => window.requestAnimationFrame(() => refit(frame, report))).observe(frame);
   frame.addEventListener("keydown", moveFocus);
+  document.getElementById(id + "-figures").innerHTML = figuresTable(report);
 }
