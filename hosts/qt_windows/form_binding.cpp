@@ -20,6 +20,7 @@
 #include "forms/text_field.h"
 #include "qt_base/icon_picture.h"
 #include "qt_base/unicode_text.h"
+#include "text/elided.h"
 
 namespace quillbox {
 namespace {
@@ -63,15 +64,29 @@ Tie* NewTie(QWidget* widget, Control& control, const Show& show) {
   return tie;
 }
 
-template <class Items, class ToText>
-void ShowItems(QComboBox* box, const Items& items, ToText toText) {
-  QStringList texts;
-  for (const auto& item : items) texts += toText(item);
-  QStringList shown;
-  for (int i = 0; i < box->count(); ++i) shown += box->itemText(i);
-  if (texts == shown) return;
+// An entry as it stands in the list, and whole.
+struct Entry {
+  QString Shown, Whole;
+};
+
+template <class Items, class ToEntry>
+void ShowItems(QComboBox* box, const Items& items, ToEntry toEntry) {
+  QStringList wanted, there;
+  for (const auto& item : items) wanted += toEntry(item).Whole;
+  for (int i = 0; i < box->count(); ++i) there += box->itemData(i).toString();
+  if (wanted == there) return;
   box->clear();
-  box->addItems(texts);
+  for (const auto& item : items) {
+    const Entry entry = toEntry(item);
+    box->addItem(entry.Shown, entry.Whole);
+    if (entry.Shown != entry.Whole) {
+      box->setItemData(box->count() - 1, entry.Whole, Qt::ToolTipRole);
+    }
+  }
+}
+
+Entry ToEntry(const std::string& item) {
+  return {ToUnicode(Elided(item)), ToUnicode(item)};
 }
 
 int IndexOf(const std::optional<std::size_t>& selected) {
@@ -82,13 +97,16 @@ QString ToFileName(const std::string& name) {
   return QFile::decodeName(name.c_str());
 }
 
+Entry ToFileEntry(const std::string& name) {
+  return {ToFileName(name), ToFileName(name)};
+}
+
 }  // namespace
 
 void Bind(QCheckBox* box, CheckBox& control, const char* secondLine) {
   const QString caption = ToUnicode(control.Caption());
-  const bool oneLine = *secondLine == '\0';
-  box->setText(oneLine ? caption : caption + '\n' + secondLine);
-  if (!oneLine) box->setAccessibleName(WithoutMnemonic(caption + ' ' + secondLine));
+  box->setText(caption);
+  box->setAccessibleName(WithoutMnemonic(caption + ' ' + secondLine).trimmed());
   const auto* const tie =
       NewTie(box, control, [box, &control] { box->setChecked(control.Ticked()); });
   QObject::connect(box, &QCheckBox::toggled, tie,
@@ -97,8 +115,9 @@ void Bind(QCheckBox* box, CheckBox& control, const char* secondLine) {
 
 void Bind(QComboBox* box, ListField& control) {
   const auto* const tie = NewTie(box, control, [box, &control] {
-    ShowItems(box, control.Items(), ToUnicode);
+    ShowItems(box, control.Items(), ToEntry);
     box->setCurrentIndex(IndexOf(control.Selected()));
+    box->setToolTip(box->currentData(Qt::ToolTipRole).toString());
   });
   QObject::connect(box, &QComboBox::activated, tie,
                    [&control](int index) { control.Select(static_cast<std::size_t>(index)); });
@@ -109,7 +128,7 @@ void Bind(QComboBox* box, EditableList& control) {
   box->setInsertPolicy(QComboBox::NoInsert);
   box->setCompleter(nullptr);
   const auto show = [box, &control] {
-    ShowItems(box, control.Items(), ToFileName);
+    ShowItems(box, control.Items(), ToFileEntry);
     const QString text = ToFileName(control.Text());
     box->setCurrentIndex(box->findText(text, Qt::MatchExactly | Qt::MatchCaseSensitive));
     box->setEditText(text);

@@ -24,7 +24,7 @@ class TextField;
 // the name that screen readers tell. It lasts until the widget is deleted or released, whichever
 // comes first; until then the control must live, and nobody else may watch it.
 //
-// `secondLine` goes on with a caption of two lines.
+// `secondLine`, which the box shows by itself, goes on with a caption of two lines.
 void Bind(QCheckBox* box, CheckBox& control, const char* secondLine = "");
 void Bind(QComboBox* box, ListField& control);
 void Bind(QComboBox* box, EditableList& control);  // makes the box editable

@@ -1,9 +1,12 @@
 #include "qt_windows/form_dialog.h"
 
+#include <QApplication>
 #include <QDialog>
 #include <QDialogButtonBox>
+#include <QKeyEvent>
 #include <QPushButton>
 #include <QShortcut>
+#include <utility>
 
 #include "forms/button.h"
 #include "qt_base/icon_picture.h"
@@ -11,6 +14,44 @@
 #include "qt_windows/form_binding.h"
 
 namespace quillbox {
+namespace {
+
+class EscapeWatcher : public QObject {
+ public:
+  EscapeWatcher(QWidget* window, std::function<void()> act)
+      : QObject(window), act_(std::move(act)) {
+    window->installEventFilter(this);
+  }
+
+ protected:
+  bool eventFilter(QObject* window, QEvent* event) override {
+    const bool taken = event->type() == QEvent::KeyPress &&
+                       static_cast<QKeyEvent*>(event)->matches(QKeySequence::Cancel);
+    if (taken) act_();
+    return taken || QObject::eventFilter(window, event);
+  }
+
+ private:
+  std::function<void()> act_;
+};
+
+}  // namespace
+
+void OnUnusedEscape(QWidget* window, std::function<void()> act) {
+  new EscapeWatcher(window, std::move(act));
+}
+
+void OnKeys(QWidget* window, QKeySequence::StandardKey keys, std::function<void()> act) {
+  QObject::connect(new QShortcut(keys, window), &QShortcut::activated, window,
+                   [act = std::move(act)] {
+                     if (QApplication::activePopupWidget() == nullptr) act();
+                   });
+}
+
+void CloseByKeys(QWidget* window) {
+  OnUnusedEscape(window, [window] { window->close(); });
+  OnKeys(window, QKeySequence::Close, [window] { window->close(); });
+}
 
 QDialog* NewFormDialog(const char* name, const std::string& caption, QWidget* parent) {
   auto* const form = new QDialog(parent);
@@ -29,8 +70,7 @@ QDialogButtonBox* NewOkCancelBox(QDialog* form, Button& ok, Button& cancel) {
   Bind(cancelButton, cancel);
   box->button(QDialogButtonBox::Ok)->setDefault(true);
   // By itself a dialog takes Escape for its close box.
-  QObject::connect(new QShortcut(Qt::Key_Escape, form), &QShortcut::activated, cancelButton,
-                   &QPushButton::click);
+  OnUnusedEscape(form, [cancelButton] { cancelButton->click(); });
   return box;
 }
 

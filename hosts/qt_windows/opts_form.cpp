@@ -1,11 +1,13 @@
 #include "qt_windows/opts_form.h"
 
+#include <QComboBox>
 #include <QDialog>
 #include <QDialogButtonBox>
 #include <QPushButton>
-#include <QShortcut>
+#include <QTabBar>
 #include <QTabWidget>
 #include <QVBoxLayout>
+#include <memory>
 
 #include "options/opts.h"
 #include "qt_base/icon_picture.h"
@@ -41,6 +43,24 @@ QTabWidget* NewPages(Opts& model) {
   return tabs;
 }
 
+// On the page of accounts there is but one thing to do while there is none. On the next page the
+// focus is where it would be without that, so that Return is "OK" there.
+void LeadToAdd(QTabWidget* tabs) {
+  const auto led = std::make_shared<bool>(false);
+  const auto lead = [tabs, led] {
+    const auto* const accounts = tabs->currentWidget()->findChild<QComboBox*>("Combo3");
+    const bool leads = accounts != nullptr && accounts->count() == 0;
+    if (leads) {
+      tabs->currentWidget()->findChild<QPushButton*>("Command5")->setFocus();
+    } else if (*led) {
+      tabs->tabBar()->setFocus();
+    }
+    *led = leads;
+  };
+  QObject::connect(tabs, &QTabWidget::currentChanged, tabs, lead);
+  lead();
+}
+
 // The usual keys for the next tab, wherever in the form the person is.
 void AddTurnKeys(QDialog* form, QTabWidget* tabs) {
   static constexpr struct {
@@ -48,11 +68,10 @@ void AddTurnKeys(QDialog* form, QTabWidget* tabs) {
     int Step;
   } kTurns[] = {{QKeySequence::NextChild, 1}, {QKeySequence::PreviousChild, -1}};
   for (const auto& turn : kTurns) {
-    QObject::connect(new QShortcut(turn.Keys, form), &QShortcut::activated, tabs,
-                     [tabs, step = turn.Step] {
-                       const int count = tabs->count();
-                       tabs->setCurrentIndex((tabs->currentIndex() + step + count) % count);
-                     });
+    OnKeys(form, turn.Keys, [tabs, step = turn.Step] {
+      const int count = tabs->count();
+      tabs->setCurrentIndex((tabs->currentIndex() + step + count) % count);
+    });
   }
 }
 
@@ -65,6 +84,7 @@ QWidget* NewOptsForm(Opts& model) {
   QTabWidget* const tabs = NewPages(model);
   column->addWidget(tabs);
   AddTurnKeys(form, tabs);
+  LeadToAdd(tabs);
 
   QDialogButtonBox* const buttons = NewOkCancelBox(form, model.Command1, model.Command2);
   Bind(buttons->addButton(QDialogButtonBox::Apply), model.Mark.ApplyButton);

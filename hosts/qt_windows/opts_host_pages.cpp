@@ -1,6 +1,5 @@
 // The pages "Sounds" and "Internet".
 #include <QComboBox>
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
 
@@ -9,6 +8,7 @@
 #include "qt_windows/form_binding.h"
 #include "qt_windows/opts_page.h"
 #include "qt_windows/opts_pages.h"
+#include "qt_windows/own_widgets.h"
 #include "qt_windows/page_pictures.h"
 
 namespace quillbox {
@@ -26,18 +26,17 @@ QPushButton* NewPreviewButton(Button& control) {
 QWidget* NewSoundsPage(SoundsFrame& model) {
   auto* const page = new OptsPage("SoundsFrame");
   page->Heading("Sounds");
-  page->Add(model.Combo10);
+  auto* const events = new QComboBox;
+  events->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+  Bind(events, model.Combo10);
+  page->Add(NewLabelFor(events, model.Combo10), events, {});
 
-  auto* const sounds = new QComboBox;
-  OptsPage::KeepNarrow(sounds);
+  auto* const sounds = new NameBox;
   Bind(sounds, model.Combo11);
   auto* const browse = new QPushButton;
+  QPushButton* const preview = NewPreviewButton(model.Command9);
   Bind(browse, model.Command10);
-  auto* const row = new QHBoxLayout;
-  row->addWidget(sounds, 1);
-  row->addWidget(NewPreviewButton(model.Command9));
-  row->addWidget(browse);
-  page->AddRow(NewLabelFor(sounds, model.Combo11), row);
+  page->Add(NewLabelFor(sounds, model.Combo11), sounds, {preview, browse});
   return page;
 }
 

@@ -3,7 +3,6 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QGridLayout>
-#include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QVBoxLayout>
@@ -12,12 +11,21 @@
 #include "forms/list_field.h"
 #include "forms/text_field.h"
 #include "qt_windows/form_binding.h"
+#include "qt_windows/own_widgets.h"
 
 namespace quillbox {
 namespace {
 
 constexpr int kColumns = 4;  // two labels, each with its field
-constexpr int kLettersOfList = 24;
+
+// As wide as its longest entry at least, in the font of the day.
+QComboBox* NewList(ListField& control) {
+  auto* const box = new QComboBox;
+  box->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+  box->setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Fixed);
+  Bind(box, control);
+  return box;
+}
 
 }  // namespace
 
@@ -27,7 +35,7 @@ OptsPage::OptsPage(const char* name) : groups_(new QVBoxLayout(this)) {
 }
 
 void OptsPage::Heading(const char* text) {
-  auto* const group = new QGroupBox(text);
+  auto* const group = new Group(text);
   grid_ = new QGridLayout(group);
   grid_->setColumnStretch(1, 2);
   grid_->setColumnStretch(3, 1);
@@ -41,22 +49,29 @@ void OptsPage::Note(const char* text) {
 }
 
 void OptsPage::Add(CheckBox& control, const char* secondLine) {
-  auto* const box = new QCheckBox;
+  QCheckBox* const box = *secondLine == '\0' ? new QCheckBox : new TwoLineCheckBox(secondLine);
   Bind(box, control, secondLine);
   grid_->addWidget(box, NextRow(), 0, 1, kColumns, Qt::AlignLeft);
 }
 
 void OptsPage::Add(ListField& control) {
-  auto* const box = new QComboBox;
-  Bind(box, control);
+  QComboBox* const box = NewList(control);
   const int row = NextRow();
   grid_->addWidget(NewLabelFor(box, control), row, 0);
   grid_->addWidget(box, row, 1, 1, kColumns - 1);
 }
 
+void OptsPage::Add(QWidget* label, QComboBox* box, std::initializer_list<QWidget*> behind) {
+  grid_->setColumnStretch(kColumns - 1, 0);
+  const int row = NextRow();
+  int column = 0;
+  grid_->addWidget(label, row, column++);
+  grid_->addWidget(box, row, column++);
+  for (QWidget* const widget : behind) grid_->addWidget(widget, row, column++);
+}
+
 void OptsPage::AddBelow(ListField& control) {
-  auto* const box = new QComboBox;
-  KeepNarrow(box);
+  auto* const box = new NameBox;
   Bind(box, control);
   const int row = NextRow();
   grid_->addWidget(NewLabelFor(box, control), row, 0, 1, kColumns);
@@ -64,20 +79,22 @@ void OptsPage::AddBelow(ListField& control) {
 }
 
 void OptsPage::AddPair(ListField& left, ListField& right) {
-  AddWithLabels<QComboBox>(left, right);
+  AddWithLabels({{NewList(left), &left}, {NewList(right), &right}});
 }
 
 void OptsPage::AddPair(TextField& left, TextField& right) {
-  AddWithLabels<QLineEdit>(left, right);
+  const auto newLine = [](TextField& control) {
+    auto* const line = new QLineEdit;
+    Bind(line, control);
+    return line;
+  };
+  AddWithLabels({{newLine(left), &left}, {newLine(right), &right}});
 }
 
-template <class Widget, class Field>
-void OptsPage::AddWithLabels(Field& left, Field& right) {
+void OptsPage::AddWithLabels(std::initializer_list<std::pair<QWidget*, Control*>> fields) {
   const int row = NextRow();
   int column = 0;
-  for (Field* const control : {&left, &right}) {
-    auto* const widget = new Widget;
-    Bind(widget, *control);
+  for (const auto& [widget, control] : fields) {
     grid_->addWidget(NewLabelFor(widget, *control), row, column++);
     grid_->addWidget(widget, row, column++);
   }
@@ -85,17 +102,6 @@ void OptsPage::AddWithLabels(Field& left, Field& right) {
 
 void OptsPage::Add(QLayout* row) {
   grid_->addLayout(row, NextRow(), 0, 1, kColumns);
-}
-
-void OptsPage::KeepNarrow(QComboBox* box) {
-  box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-  box->setMinimumContentsLength(kLettersOfList);
-}
-
-void OptsPage::AddRow(QWidget* label, QLayout* row) {
-  const int place = NextRow();
-  grid_->addWidget(label, place, 0);
-  grid_->addLayout(row, place, 1, 1, kColumns - 1);
 }
 
 int OptsPage::NextRow() const {

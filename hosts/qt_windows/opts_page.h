@@ -2,6 +2,8 @@
 #pragma once
 
 #include <QWidget>
+#include <initializer_list>
+#include <utility>
 
 class QComboBox;
 class QGridLayout;
@@ -11,6 +13,7 @@ class QVBoxLayout;
 namespace quillbox {
 
 class CheckBox;
+class Control;
 class ListField;
 class TextField;
 
@@ -33,16 +36,12 @@ class OptsPage : public QWidget {
   // Over the whole width.
   void Add(QLayout* row);
 
-  // A label of the first column with what belongs to it.
-  void AddRow(QWidget* label, QLayout* row);
-
-  // For a list whose entries are the person's: the longest of them doesn't widen the page.
-  static void KeepNarrow(QComboBox* box);
+  // A list as wide as the other lists of its heading, with at most two widgets behind it.
+  void Add(QWidget* label, QComboBox* box, std::initializer_list<QWidget*> behind);
 
  private:
   int NextRow() const;
-  template <class Widget, class Field>
-  void AddWithLabels(Field& left, Field& right);
+  void AddWithLabels(std::initializer_list<std::pair<QWidget*, Control*>> fields);
 
   QVBoxLayout* groups_;
   QGridLayout* grid_ = nullptr;  // of the last heading

@@ -7,6 +7,8 @@
 
 namespace quillbox {
 
+class ChoicePanel;
+
 // Choices above, a page below. Places and sizes are those of reports/window_layout.h, scaled to the
 // screen. It deletes itself when it is closed.
 class ReportsForm : public QWidget {
@@ -21,13 +23,14 @@ class ReportsForm : public QWidget {
   void Present();
 
  protected:
+  bool event(QEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
 
  private:
-  void AddChoice(ListField& field, int index);
+  void KeepRoom();
 
   QWidget* page_;
-  QWidget* panel_;
+  ChoicePanel* panel_;
 };
 
 }  // namespace quillbox

@@ -5,6 +5,7 @@
 
 #include "platform/address_opener.h"
 #include "qt_base/unicode_text.h"
+#include "qt_windows/choice_panel.h"
 #include "qt_windows/close_watcher.h"
 #include "qt_windows/form_binding.h"
 #include "reports/reports_win.h"
@@ -12,11 +13,17 @@
 namespace quillbox {
 namespace {
 
+constexpr int kMargin = 8;  // as a page's
+
 QLabel* NewLine() {
   auto* const line = new QLabel("Reports open in your web browser.");
   line->setAlignment(Qt::AlignTop | Qt::AlignLeft);
   line->setWordWrap(true);
   line->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+  line->setMargin(kMargin);
+  line->setFont(ReportsFont());
+  line->setPalette(PaperPalette());
+  line->setAutoFillBackground(true);
   return line;
 }
 

@@ -69,6 +69,11 @@ TEST_F(AboutFormTest, IsThereOnceUntilItIsClosed) {
   } kCases[] = {{"OK", [&] { Find<QPushButton>("OK")->click(); }},
                 {"Return", [&] { QTest::keyClick(window_, Qt::Key_Return); }},
                 {"Escape", [&] { QTest::keyClick(window_, Qt::Key_Escape); }},
+                {"Ctrl+W",
+                 [&] {
+                   ASSERT_TRUE(QTest::qWaitForWindowActive(window_)) << "for shortcuts";
+                   QTest::keyClick(window_, Qt::Key_W, Qt::ControlModifier);
+                 }},
                 {"end of the program", [&] { forms_.UnloadAll(); }}};
   for (const Case& c : kCases) {
     const QPointer<QWidget> first = window_;

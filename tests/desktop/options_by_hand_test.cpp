@@ -73,7 +73,7 @@ printf 0 > "${files#*|}")");
 TEST_F(OptionsByHandTest, FromTheGreetingToTheFigures) {
   Mouse("mousemove --window " + WindowOf("Quillbox Options") + " 130 35 click 1");
   ASSERT_TRUE(IsStored("LastOption=AdSense")) << Settings();  // the second tab
-  Keys("alt+a");
+  Keys("space");                                              // it leads to "Add"
   ASSERT_TRUE(WindowComes("Add AdSense Account"));
   Type("Garden pages\tgarden@example.test\trose mary");
   Keys("Return");
@@ -81,7 +81,11 @@ TEST_F(OptionsByHandTest, FromTheGreetingToTheFigures) {
   EXPECT_EQ(Settings().find("Accounts="), std::string::npos) << "before OK";
   Keys("ctrl+Tab");
   ASSERT_TRUE(IsStored("LastOption=AutoUpdate"));
+  // Ticks the box, and opens and closes the list.
+  Mouse("key alt+e sleep 0.5 key Tab alt+Down sleep 0.5 key Escape");
+  EXPECT_TRUE(GetsKeys("Quillbox Options"));
   Keys("Return");  // OK
+  EXPECT_TRUE(IsStored("Enable=True")) << Settings();
   EXPECT_TRUE(IsStored("Accounts=Garden pages"));
 
   OpenMenu();

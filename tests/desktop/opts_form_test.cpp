@@ -4,9 +4,9 @@
 
 #include <gmock/gmock.h>
 
+#include <QAbstractItemView>
 #include <QCheckBox>
 #include <QComboBox>
-#include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPointer>
@@ -42,23 +42,6 @@ std::multiset<QChar> Mnemonics(const QWidget* page) {
   return letters;
 }
 
-bool IsWhole(const QWidget& widget) {
-  const auto* const label = qobject_cast<const QLabel*>(&widget);
-  if (label != nullptr && label->wordWrap()) {
-    return label->height() >= label->heightForWidth(label->width());
-  }
-  // A group is as large as what is in it wants; only its title is its own.
-  const bool isGroup = qobject_cast<const QGroupBox*>(&widget) != nullptr;
-  const QSize wanted = isGroup ? widget.minimumSizeHint() : widget.sizeHint();
-  return widget.width() >= wanted.width() && widget.height() >= wanted.height();
-}
-
-bool ShowsCaption(const QWidget* widget) {
-  return std::ranges::any_of(
-      std::array{"QLabel", "QAbstractButton", "QComboBox", "QGroupBox", "QTabBar"},
-      [&](const char* kind) { return widget->inherits(kind); });
-}
-
 // Two accounts; the settings are those of a first start.
 class OptsFormTest : public ContextOnState {
  protected:
@@ -69,10 +52,7 @@ class OptsFormTest : public ContextOnState {
     BuildTraySubmenus(program_);
     Open();
   }
-  ~OptsFormTest() override {
-    forms_.UnloadAll();
-    QApplication::setFont(font_);
-  }
+  ~OptsFormTest() override { forms_.UnloadAll(); }
 
   void Store(const AccountList& accounts) {
     SettingBatch settings;
@@ -96,25 +76,6 @@ class OptsFormTest : public ContextOnState {
     return window_->findChild<Widget*>(QString::fromStdString(name));
   }
 
-  // Tells what is cut off on the pages.
-  std::vector<std::string> CutOff() {
-    std::vector<std::string> found;
-    auto* const tabs = window_->findChild<QTabWidget*>();
-    for (int page = 0; page < tabs->count(); ++page) {
-      tabs->setCurrentIndex(page);
-      QApplication::processEvents();
-      for (const auto* widget : window_->findChildren<QWidget*>()) {
-        if (!widget->isVisible() || !ShowsCaption(widget)) continue;
-        const bool inside = widget->parentWidget()->rect().contains(widget->geometry());
-        if (IsWhole(*widget) && inside) continue;
-        found.push_back(tabs->tabText(page).toStdString() + ": " +
-                        widget->objectName().toStdString() + widget->metaObject()->className());
-      }
-    }
-    return found;
-  }
-
-  const QFont font_ = QApplication::font();
   QtForms forms_;
   AutoUpdate autoUpdate_{program_};
   OpenDialog dialog_{host_.Chooser, '/'};
@@ -165,22 +126,57 @@ TEST_F(OptsFormTest, MnemonicsAreUniqueWithinAPage) {
   EXPECT_EQ(found, 14U);
 }
 
-// Run at 150 and 200 per cent, too.
-TEST_F(OptsFormTest, NothingIsCutOff) {
-  for (const double size : {1.0, 1.5, 2.0}) {
-    QFont font = font_;
-    font.setPointSizeF(font.pointSizeF() * size);
-    QApplication::setFont(font);
-    Open();
-    EXPECT_THAT(CutOff(), ElementsAre()) << size;
-  }
-}
-
 TEST_F(OptsFormTest, LongNamesDontWidenIt) {
   const QSize usual = window_->size();
   Store({{std::string(500, 'w')}, {"ann"}, {"x"}});
   Open();
   EXPECT_EQ(window_->size(), usual);
+  const auto* const names = Find<QComboBox>("Combo3");
+  EXPECT_EQ(names->itemText(0), QString(30, 'w') + QChar(0x2026) + QString(29, 'w'));
+  EXPECT_EQ(names->itemData(0, Qt::ToolTipRole), QString(500, 'w'));
+  EXPECT_EQ(names->toolTip(), QString(500, 'w'));
+  EXPECT_EQ(model_->AdSenseFrame.Combo3.Text(), std::string(500, 'w'));
+}
+
+TEST_F(OptsFormTest, KeysInAnOpenListAreTheLists) {
+  ASSERT_TRUE(QTest::qWaitForWindowActive(window_)) << "for shortcuts";
+  Find<QTabWidget>("Tabs")->setCurrentIndex(3);
+  auto* const list = Find<QComboBox>("Combo5");
+  Find<QPushButton>("Command4")->click();
+  for (const auto& keys : {QKeySequence(Qt::CTRL | Qt::Key_Tab), QKeySequence(Qt::Key_Escape)}) {
+    list->showPopup();
+    QTest::keySequence(list->view(), keys);
+    EXPECT_TRUE(model_->Loaded());
+    EXPECT_EQ(Find<QTabWidget>("Tabs")->currentIndex(), 3);
+  }
+  EXPECT_FALSE(list->view()->isVisible());
+  QTest::keyClick(list, Qt::Key_Escape);
+  EXPECT_FALSE(model_->Loaded());
+}
+
+TEST_F(OptsFormTest, WithoutAnAccountTheirPageLeadsToAdd) {
+  auto* tabs = Find<QTabWidget>("Tabs");
+  tabs->setCurrentIndex(1);
+  EXPECT_NE(window_->focusWidget(), Find<QPushButton>("Command5"));
+  Store({});
+  Open();  // on the page that was shown last
+  EXPECT_EQ(window_->focusWidget(), Find<QPushButton>("Command5"));
+  tabs = Find<QTabWidget>("Tabs");
+  tabs->setCurrentIndex(0);
+  tabs->setCurrentIndex(1);
+  EXPECT_EQ(window_->focusWidget(), Find<QPushButton>("Command5"));
+}
+
+TEST_F(OptsFormTest, ListsOfAPageBeginAndEndAtTheSameLines) {
+  const auto ends = [&](const char* name) {
+    const auto* const list = Find<QComboBox>(name);
+    return std::pair(list->geometry().left(), list->geometry().right());
+  };
+  Find<QTabWidget>("Tabs")->setCurrentIndex(5);
+  EXPECT_EQ(ends("Combo10"), ends("Combo11"));
+  Find<QTabWidget>("Tabs")->setCurrentIndex(3);
+  EXPECT_EQ(ends("Combo5"), ends("Combo1"));
+  EXPECT_EQ(ends("Combo5"), ends("Combo2"));
 }
 
 TEST_F(OptsFormTest, WhatThePersonDoesReachesTheModel) {
