@@ -14,12 +14,13 @@ namespace quillbox {
 namespace {
 
 // No name is looked up and no address asked: whatever would go out goes to a proxy that isn't
-// there.
+// there. By itself the engine gives screen readers an empty page.
 constexpr char kEngineFlags[] =
     " --host-resolver-rules=\"MAP * ~NOTFOUND\" --proxy-server=http://127.0.0.1:9"
     " --proxy-bypass-list=<-loopback> --dns-prefetch-disable --no-pings"
     " --force-webrtc-ip-handling-policy=disable_non_proxied_udp"
     " --disable-background-networking --disable-component-update --disable-domain-reliability"
+    " --force-renderer-accessibility"
     " --disable-features=WebUSB,WebBluetooth,NetworkPrediction,DnsOverHttps";
 
 constexpr char kScheme[] = "quillbox-report";

@@ -20,6 +20,10 @@ class CagedPage : public QWebEnginePage {
   // come in some seconds gives way to an empty one.
   void SetBody(const QString& html);
 
+  // Calls `take` with the figures of the report that is shown: a line for each day, with tabs
+  // between its cells. What is no graph gives an empty text, and a page that is never done no call.
+  void AskFigures(std::function<void(const QString&)> take);
+
  protected:
   bool acceptNavigationRequest(const QUrl& url, NavigationType type, bool isMainFrame) override;
   QWebEnginePage* createWindow(WebWindowType) override { return nullptr; }

@@ -1,6 +1,8 @@
 #include "view_window.h"
 
 #include <QApplication>
+#include <QClipboard>
+#include <QMenu>
 #include <QUrl>
 
 #include "qt_base/unicode_text.h"
@@ -14,7 +16,8 @@ constexpr char kBlank[] = "about:blank";
 QWebEngineView* NewPageView(CagedPage& page) {
   auto* const view = new QWebEngineView;
   view->setPage(&page);
-  view->setContextMenuPolicy(Qt::NoContextMenu);
+  view->setContextMenuPolicy(Qt::CustomContextMenu);
+  view->setAccessibleName("Report");
   view->setAcceptDrops(false);
   return view;
 }
@@ -26,7 +29,13 @@ ViewWindow::ViewWindow()
       link_([this](const QJsonObject& message) { Take(message); }, [] { QApplication::quit(); }) {
   Restrict(profile_, files_, interceptor_);
   page_.Navigate(QUrl(kBlank), {});
-  form_ = new ReportsForm(fields_, NewPageView(page_));
+  QWebEngineView* const view = NewPageView(page_);
+  form_ = new ReportsForm(fields_, view);
+  form_->setContextMenuPolicy(Qt::CustomContextMenu);
+  for (QWidget* const place : {static_cast<QWidget*>(view), static_cast<QWidget*>(form_)}) {
+    QObject::connect(place, &QWidget::customContextMenuRequested, place,
+                     [this, place](const QPoint& at) { ShowMenu(place->mapToGlobal(at)); });
+  }
   TellProgram();
   form_->Present();
   ProgramLink::Send({{"did", "ready"}});
@@ -48,7 +57,10 @@ void ViewWindow::Take(const QJsonObject& message) {
   if (what == "field") TakeField(message, fields_);
   if (what == "busy" && form_) form_->ShowBusy(message["to"].toBool());
   if (what == "navigate") Navigate(message);
-  if (what == "body") page_.SetBody(message["html"].toString());
+  if (what == "body") {
+    reportShown_ = false;
+    page_.SetBody(message["html"].toString());
+  }
   if (what == "ping") ProgramLink::Send({{"did", "pong"}});
   if (what == "close" && form_) form_->close();
 }
@@ -56,10 +68,23 @@ void ViewWindow::Take(const QJsonObject& message) {
 void ViewWindow::Navigate(const QJsonObject& message) {
   const int page = message["page"].toInt();
   const QString address = message["address"].toString();
+  reportShown_ = address != kBlank;
   files_.SetPage(address);
   page_.Navigate(address == kBlank ? QUrl(kBlank) : PageAddress(), [page] {
     ProgramLink::Send({{"did", "loaded"}, {"page", page}});
   });
+}
+
+void ViewWindow::ShowMenu(const QPoint& place) {
+  auto* const menu = new QMenu(form_);
+  menu->setAttribute(Qt::WA_DeleteOnClose);
+  QAction* const copy = menu->addAction("Copy figures", form_, [this] {
+    page_.AskFigures([](const QString& figures) {
+      if (!figures.isEmpty()) QGuiApplication::clipboard()->setText(figures);
+    });
+  });
+  copy->setEnabled(reportShown_);
+  menu->popup(place);
 }
 
 }  // namespace quillbox

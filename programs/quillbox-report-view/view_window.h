@@ -21,6 +21,7 @@ class ViewWindow {
   void TellProgram();
   void Take(const QJsonObject& message);
   void Navigate(const QJsonObject& message);
+  void ShowMenu(const QPoint& place);
 
   ReportsFields fields_;
   FilesOfPage files_;
@@ -29,6 +30,7 @@ class ViewWindow {
   CagedPage page_;
   ProgramLink link_;
   QPointer<ReportsForm> form_;
+  bool reportShown_ = false;
 };
 
 }  // namespace quillbox

@@ -69,7 +69,6 @@ bool ViewOnDesktop::Shows(const std::string& html, int longest) {
   return Until([this] { return window_.ReadyState() == kPageLoaded; }, longest);
 }
 
-// Left of the middle: nothing of a message stands there.
 std::string ViewOnDesktop::ColourOfPage() {
   const QString colour = desktop_.Output(
       "sh", {"-c", "import -window root -crop 1x1+400+440 -depth 8 rgb:- | od -An -tx1"});

@@ -34,7 +34,7 @@ class ViewOnDesktop : public ContextOnState {
   bool Shows(const std::string& html, int longest = 40000);
   std::string PageFile() const { return pageFolder_.filePath("Report.html").toStdString(); }
 
-  // The colour in the middle of the page, "#80d080".
+  // The colour left of the middle of the page, where nothing of a message stands: "#80d080".
   std::string ColourOfPage();
 
   const QTemporaryDir pageFolder_;

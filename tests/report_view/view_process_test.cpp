@@ -3,10 +3,12 @@
 
 #include <QApplication>
 #include <QLabel>
+#include <QThread>
 #include <csignal>
 #include <fstream>
 
 #include "report_view/view_on_desktop.h"
+#include "reports/report_page.h"
 
 namespace quillbox {
 namespace {
@@ -43,6 +45,42 @@ TEST_F(ViewProcess, TellsWhatThePersonChose) {
   ASSERT_TRUE(Opens());
   Press("Down");  // the first list has the focus
   EXPECT_TRUE(Until([this] { return form_.Fields().Combo1.Text() == "two"; }));
+}
+
+TEST_F(ViewProcess, KeysInAnOpenListAreTheLists) {
+  for (const QString key : {"Escape", "ctrl+w"}) {
+    ASSERT_TRUE(Opens());
+    Press("alt+Down");
+    QThread::msleep(300);
+    desktop_.Output("xdotool", {"key", "Escape"});
+    QThread::msleep(300);
+    EXPECT_TRUE(WindowIsShown() && form_.Loaded()) << key.toStdString();
+    desktop_.Output("xdotool", {"key", key});
+    EXPECT_TRUE(Until([this] { return !form_.Loaded(); })) << key.toStdString();
+  }
+}
+
+TEST_F(ViewProcess, CopiesTheFiguresOfItsReport) {
+  ASSERT_TRUE(Opens());
+  const auto copy = [this] {
+    desktop_.Output("xdotool", {"mousemove", "400", "440", "click", "3"});
+    QThread::msleep(300);
+    desktop_.Output("xdotool", {"key", "Down"});
+    desktop_.Output("xdotool", {"key", "Return"});
+  };
+  const auto clipboard = [this] {
+    return desktop_.Output("xclip", {"-o", "-selection", "clipboard"}).toStdString();
+  };
+  const ReportData data{"Monday<BR>1/1/07,Tuesday<BR>1/2/07", "1.10;0.40:2.00;0.05", "Red^=b"};
+  ASSERT_TRUE(Shows(BuildReportPage(data, "Ad Channel Performance - Earnings", ".", ",")));
+  copy();
+  const std::string figures =
+      "Day\tRed\t'=b\nMonday 1/1/07\t$1.10\t$0.40\nTuesday 1/2/07\t$2.00\t$0.05\n";
+  EXPECT_TRUE(Until([&] { return clipboard() == figures; }, 5000)) << clipboard();
+  ASSERT_TRUE(Shows(kGreen));
+  copy();
+  QThread::msleep(500);
+  EXPECT_EQ(clipboard(), figures) << "a page without figures";
 }
 
 TEST_F(ViewProcess, HasOneWindowHoweverOftenItIsLoaded) {
