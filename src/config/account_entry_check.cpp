@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <numeric>
 #include <string_view>
 
 #include "config/profile_file.h"
@@ -59,50 +60,37 @@ bool CanBeKeyOfFile(const std::string& name) {
          ThroughFile(keys.Impressions(), "x") == "x";
 }
 
-bool ComesBack(const AccountList& list, SettingsMode mode) {
-  StoredAccountList stored = ToStoredForm(list);
-  if (mode == SettingsMode::kFile) {
-    stored = {ThroughFile(kAccounts, stored.Accounts), ThroughFile(kUsernames, stored.Usernames),
-              ThroughFile(kPasswords, stored.Passwords)};
-  }
-  const AccountList loaded = FromStoredForm(stored);
-  return loaded.Accounts == list.Accounts && loaded.Usernames == list.Usernames &&
-         loaded.Passwords == list.Passwords;
+std::string StoredFieldOf(const std::string& text, AccountField field) {
+  return field == AccountField::kPassword ? ScrambleText(text) : text;
 }
 
-// Of one field of one account, in a list that doesn't come back.
-std::optional<EntryProblem> ProblemOf(const AccountList& list, AccountField field,
-                                      std::size_t account) {
-  const std::string& text = ListOf(list, field)[account];
-  const bool isPassword = field == AccountField::kPassword;
-  const std::string stored = isPassword ? ScrambleText(text) : text;
-  if (stored.empty() && !text.empty()) return EntryProblem::kPasswordRange;
+// A password is cut in both its forms: as it is stored, and in clear when it has been loaded.
+bool EndsInBar(const std::string& text, AccountField field) {
+  return text.ends_with('|') || StoredFieldOf(text, field).ends_with('|');
+}
 
-  const auto either = [&](auto test) { return test(text) || test(stored); };
-  if (either([](const std::string& s) { return s.find(kListSeparator) != std::string::npos; })) {
-    return EntryProblem::kThreeBars;
-  }
-  const bool isLast = account + 1 == list.Accounts.size();
-  if (!isLast && either([](const std::string& s) { return s.ends_with('|'); })) {
-    return EntryProblem::kMustStandLast;
-  }
+bool HoldsSeparator(std::string_view text) {
+  return text.find(kListSeparator) != std::string_view::npos;
+}
+
+// Of a field, wherever in the lists its account comes to stand.
+std::optional<EntryProblem> ProblemOf(const std::string& text, AccountField field) {
+  const std::string stored = StoredFieldOf(text, field);
+  if (stored.empty() && !text.empty()) return EntryProblem::kPasswordRange;
+  if (HoldsSeparator(text) || HoldsSeparator(stored)) return EntryProblem::kThreeBars;
+  if (EndsInBar(text, field)) return EntryProblem::kBarAtEnd;
   return std::nullopt;
 }
 
-// Why the list doesn't come back.
-EntryFinding Cause(const AccountList& list, std::size_t entered) {
-  for (std::size_t account = 0; account < list.Accounts.size(); ++account) {
-    for (const AccountField field : kFields) {
-      if (const auto problem = ProblemOf(list, field, account)) return {*problem, field, account};
-    }
-  }
+// The first list that a line of a settings file can't hold.
+std::optional<AccountField> TooLongForFile(const AccountList& list) {
   const StoredAccountList stored = ToStoredForm(list);
   const std::array lengths = {stored.Accounts.size(), stored.Usernames.size(),
                               stored.Passwords.size()};
   for (std::size_t i = 0; i < kFields.size(); ++i) {
-    if (lengths[i] > kLongestProfileValue) return {EntryProblem::kTooLong, kFields[i], entered};
+    if (lengths[i] > kLongestProfileValue) return kFields[i];
   }
-  return {EntryProblem::kNotKept, AccountField::kName, entered};
+  return std::nullopt;
 }
 
 }  // namespace
@@ -111,18 +99,40 @@ std::optional<EntryFinding> FindEntryProblem(const AccountList& list, std::size_
                                              SettingsMode mode) {
   for (const AccountField field : kFields) {
     if (HoldsControlCharacter(ListOf(list, field)[entered])) {
-      return EntryFinding{EntryProblem::kCharacter, field, entered};
+      return EntryFinding{EntryProblem::kCharacter, field};
     }
   }
-  const auto ofName = [entered](EntryProblem problem) {
-    return EntryFinding{problem, AccountField::kName, entered};
-  };
-  if (KeyTaken(list, entered)) return ofName(EntryProblem::kKeyTaken);
-  if (mode == SettingsMode::kFile && !CanBeKeyOfFile(list.Accounts[entered])) {
-    return ofName(EntryProblem::kNoKey);
+  const bool inFile = mode == SettingsMode::kFile;
+  if (KeyTaken(list, entered)) return EntryFinding{EntryProblem::kKeyTaken, AccountField::kName};
+  if (inFile && !CanBeKeyOfFile(list.Accounts[entered])) {
+    return EntryFinding{EntryProblem::kNoKey, AccountField::kName};
   }
-  if (ComesBack(list, mode)) return std::nullopt;
-  return Cause(list, entered);
+  for (const AccountField field : kFields) {
+    if (const auto problem = ProblemOf(ListOf(list, field)[entered], field)) {
+      return EntryFinding{*problem, field};
+    }
+  }
+  const auto tooLong = inFile ? TooLongForFile(list) : std::nullopt;
+  if (tooLong) return EntryFinding{EntryProblem::kTooLong, *tooLong};
+  return std::nullopt;
+}
+
+AccountList InStorableOrder(const AccountList& list) {
+  const auto mustStandLast = [&list](std::size_t i) {
+    return EndsInBar(list.Accounts[i], AccountField::kName) ||
+           EndsInBar(list.UsernameAt(i), AccountField::kUsername) ||
+           EndsInBar(list.PasswordAt(i), AccountField::kPassword);
+  };
+  std::vector<std::size_t> order(list.Accounts.size());
+  std::iota(order.begin(), order.end(), std::size_t{0});
+  std::stable_partition(order.begin(), order.end(), [&](auto i) { return !mustStandLast(i); });
+  AccountList ordered;
+  for (const std::size_t i : order) {
+    ordered.Accounts.push_back(list.Accounts[i]);
+    ordered.Usernames.push_back(list.UsernameAt(i));
+    ordered.Passwords.push_back(list.PasswordAt(i));
+  }
+  return ordered;
 }
 
 }  // namespace quillbox

@@ -18,21 +18,25 @@ enum class EntryProblem {
   kNoKey,          // no key of a settings file can be named so
   kPasswordRange,  // ScrambleText can't carry it
   kThreeBars,      // the field, or a password's stored form, holds the lists' separator
-  kMustStandLast,  // the same ends in a bar, and another account stands behind
-  kTooLong,        // the joined list, for a settings file
-  kNotKept         // it wouldn't come back, for any other reason
+  kBarAtEnd,       // the same ends in a bar, which would go to an account behind it
+  kTooLong         // the joined list, for a settings file
 };
 
 struct EntryFinding {
   EntryProblem Problem;
   AccountField Field;
-  std::size_t Account;  // index; not always the entered one
 };
 
-// The first thing that speaks against storing `list`, in which the account `entered` is new or has
+// The first thing that speaks against storing the account `entered`, which is new in `list` or has
 // been edited. The three lists must have the same length. What passes comes back from the store as
-// it is, together with the statistics that are stored under the account's name.
+// it is, together with the statistics that are stored under the account's name, whichever others
+// stand before and behind it. What is wrong with those is not looked for: nobody would be let in
+// any more because of one.
 std::optional<EntryFinding> FindEntryProblem(const AccountList& list, std::size_t entered,
                                              SettingsMode mode);
+
+// The same accounts as they can be stored: one that can't have another behind it, as a store that
+// was edited by hand may hold it, comes behind all others.
+AccountList InStorableOrder(const AccountList& list);
 
 }  // namespace quillbox

@@ -91,7 +91,7 @@ std::optional<std::string> Account::Refusal(const AccountList& list) const {
   const SettingsMode mode =
       program_.State.SettingsProfile.empty() ? SettingsMode::kPerUser : SettingsMode::kFile;
   const auto finding = FindEntryProblem(list, Index(), mode);
-  if (finding) return EntryMessage(*finding, list);
+  if (finding) return EntryMessage(*finding, Text1.Text());
   return std::nullopt;
 }
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "config/account_entry_check.h"
 #include "config/account_list.h"
 #include "config/setting_keys.h"
 #include "evaluation/tray_stats.h"
@@ -58,6 +59,8 @@ void AdSenseFrame::LoadAdSenseFrame() {
 }
 
 void AdSenseFrame::Apply() {
+  AccountList& accounts = program_.State;
+  accounts = InStorableOrder(accounts);
   SettingBatch batch;
   batch.Write(kPrimaryAccount, Combo3.Text());
   SaveAccountList(batch, program_.State);

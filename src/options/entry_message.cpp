@@ -26,9 +26,10 @@ std::string IncompleteMessage(const TextField& field) {
   return "You must complete the " + Quoted(label.substr(0, label.size() - 1)) + " field!";
 }
 
-std::string EntryMessage(const EntryFinding& finding, const AccountList& list) {
+std::string EntryMessage(const EntryFinding& finding, std::string_view account) {
   const std::string field = NameOf(finding.Field);
-  const std::string account = Quoted(list.Accounts[finding.Account]);
+  const std::string refused =
+      "The " + field + " of the account " + Quoted(account) + " can't be stored: ";
   switch (finding.Problem) {
     case EntryProblem::kCharacter:
       return "The " + field + " field holds a character that can't be stored!";
@@ -38,20 +39,16 @@ std::string EntryMessage(const EntryFinding& finding, const AccountList& list) {
       return "The " + field +
              " field can't hold \"=\", begin with \"[\" or \";\", or begin or end with a blank!";
     case EntryProblem::kPasswordRange:
-      return "The " + field + " of the account " + account +
-             " can't be stored: it is too long, or an accented letter stands too far back in it!";
+      return refused + "it is too long, or an accented letter stands too far back in it!";
     case EntryProblem::kThreeBars:
-      return "The " + field + " of the account " + account +
-             " can't be stored: it would hold three bars in a row!";
-    case EntryProblem::kMustStandLast:
-      return "The account " + account + " must stand last in the list: its " + field +
-             " would be stored with a bar at its end!";
+      return refused + "it would hold three bars in a row!";
+    case EntryProblem::kBarAtEnd:
+      return refused +
+             "it would get a bar at its end. Please change its last character or its length!";
     case EntryProblem::kTooLong:
-      return "The " + field + " fields of all accounts together are too long to be stored!";
-    case EntryProblem::kNotKept:
       break;
   }
-  return "The account " + account + " can't be stored!";
+  return "The " + field + " fields of all accounts together are too long to be stored!";
 }
 
 }  // namespace quillbox

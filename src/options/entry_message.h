@@ -14,7 +14,7 @@ inline constexpr std::string_view kNameExistsMessage = "The entered account name
 // The field is empty.
 std::string IncompleteMessage(const TextField& field);
 
-// `finding` is about `list`. Passwords don't show in the text.
-std::string EntryMessage(const EntryFinding& finding, const AccountList& list);
+// `account`: the name that was entered.
+std::string EntryMessage(const EntryFinding& finding, std::string_view account);
 
 }  // namespace quillbox

@@ -141,7 +141,10 @@ TEST_F(AccountTest, RefusalsLeaveTheFormOpenAndChangeNothing) {
       {true, {"two", "m", "p"}, kExists},
       {false, {"a\x1A", "m", "p"}, "\"Account Name\" field holds a character that can't be stored"},
       {false, {"a|||b", "m", "p"}, "\"Account Name\" of the account \"a|||b\" can't be stored"},
-      {true, {"one", "m", "sunlight"}, "The account \"one\" must stand last in the list: its"},
+      {true,
+       {"one", "m", "basement"},
+       "\"Password\" of the account \"one\" can't be stored: it would"},
+      {false, {"a", "m", "basement"}, "Please change its last character or its length!"},
       {false,
        {"a", "m", std::string(200, 'p')},
        "\"Password\" of the account \"a\" can't be stored"},
@@ -163,13 +166,18 @@ TEST_F(AccountTest, RefusalsLeaveTheFormOpenAndChangeNothing) {
   }
   EXPECT_THAT(state_.Accounts, ElementsAre("one", "two Impressions"));
   EXPECT_FALSE(page_.AdSenseChanged || mark_.OptionsChanged);
+}
 
-  Enter(page_.Command5, "last", "m", "sunlight");
-  EXPECT_EQ(Form(), nullptr) << "it is the last one";
+TEST_F(AccountTest, NoAccountKeepsOthersOut) {
+  Open({"by hand|"});
   Add("behind");
-  EXPECT_THAT(host_.Boxes.Shown().back().Text,
-              HasSubstr("The account \"last\" must stand last in the list"));
-  EXPECT_THAT(state_.Accounts, ElementsAre("one", "two Impressions", "last"));
+  EXPECT_EQ(Form(), nullptr);
+  EXPECT_THAT(state_.Accounts, ElementsAre("by hand|", "behind"));
+  page_.Apply();
+  const AccountList stored = LoadAccountList(store_);
+  EXPECT_THAT(stored.Accounts, ElementsAre("behind", "by hand|"));
+  EXPECT_THAT(stored.Usernames, ElementsAre("m", "mail0"));
+  EXPECT_EQ(state_.Accounts, stored.Accounts);
 }
 
 TEST_F(AccountTest, WhatOnlyASettingsFileCannotCarryIsRefusedInFileModeAlone) {
