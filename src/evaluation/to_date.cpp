@@ -38,18 +38,22 @@ std::string_view TakeWhile(std::string_view& in, bool (*belongs)(char)) {
   return taken;
 }
 
-// Short names may carry a point, which the text's separators swallow.
-bool IsNamed(std::string_view word, std::string_view name) {
-  if (name.ends_with('.')) name.remove_suffix(1);
-  return EqualIgnoringCase(word, name);
+// A short name may carry a point, and be written without it.
+bool TakeName(std::string_view& in, std::string_view word, std::string_view name) {
+  const bool pointed = name.ends_with('.');
+  if (pointed) name.remove_suffix(1);
+  if (!EqualIgnoringCase(word, name)) return false;
+  if (pointed && in.starts_with('.')) in.remove_prefix(1);
+  return true;
 }
 
-int MonthNamed(std::string_view word, const RegionalSettings& region) {
+int TakeMonth(std::string_view& in, const RegionalSettings& region) {
+  const std::string_view word = TakeWhile(in, IsLetter);
   if (word.empty()) throw ConversionFailed{};
   static const RegionalSettings kEnglish;
   for (const RegionalSettings* names : {&region, &kEnglish}) {
     for (std::size_t i = 0; i < names->Months.size(); ++i) {
-      if (IsNamed(word, names->Months[i]) || IsNamed(word, names->MonthsShort[i])) {
+      if (TakeName(in, word, names->Months[i]) || TakeName(in, word, names->MonthsShort[i])) {
         return static_cast<int>(i) + 1;
       }
     }
@@ -60,21 +64,20 @@ int MonthNamed(std::string_view word, const RegionalSettings& region) {
 DatePart TakePart(std::string_view& in, const RegionalSettings& region) {
   const std::string_view digits = TakeWhile(in, IsDigit);
   if (digits.size() > 4) throw ConversionFailed{};
-  if (digits.empty()) return {MonthNamed(TakeWhile(in, IsLetter), region), 0};
+  if (digits.empty()) return {TakeMonth(in, region), 0};
   int number = 0;
   for (const char digit : digits) number = number * 10 + (digit - '0');
   return {number, digits.size()};
 }
 
-// Takes one mark with blanks round it, or blanks alone. True when the mark is a comma.
+// Takes one mark with blanks round it, blanks alone, or nothing, as between a month's name and a
+// number. True when the mark is a comma.
 bool TakeSeparator(std::string_view& in) {
-  const std::size_t before = in.size();
   TakeWhile(in, IsBlank);
   const bool mark = !in.empty() && std::string_view("/-.,").find(in.front()) != in.npos;
   const bool comma = mark && in.front() == ',';
   if (mark) in.remove_prefix(1);
   TakeWhile(in, IsBlank);
-  if (in.size() == before) throw ConversionFailed{};
   return comma;
 }
 

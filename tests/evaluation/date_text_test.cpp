@@ -48,10 +48,47 @@ TEST(ToDate, TriesTheRegionsOrderFirst) {
       {"de-DE", "2007-03-04", {"4. M\304RZ 2007", "4 March 2007", "4. M\344r. 07"}},
       {"fr-FR", "2007-02-05", {"5 f\351vr. 2007", "5 f\351vrier 2007", "5 f\351vr."}},
       {"sv-SE", "2007-05-05", {"5 maj 2007"}},
-      {"en-US", {}, {"5 maj 2007", "Jan Feb 2007", "31 Feb 2007", "Jan 2007", "2Jan2007"}}};
+      {"en-US", {}, {"5 maj 2007", "Jan Feb 2007", "31 Feb 2007", "Jan 2007"}}};
   for (const Case& c : kCases) {
     for (const std::string& text : c.texts) {
       EXPECT_EQ(IsoDate(text, Region(c.region)), c.date) << c.region << ": " << text;
+    }
+  }
+}
+
+// In "@" stands a month's name.
+TEST(ToDate, NeedsNothingBetweenAMonthsNameAndANumber) {
+  static const RegionalSettings kEnglish;
+  const char* const kDates[] = {"@2, 2007", "@2 2007", "@ 2,2007", "@2,2007",  "@2.07",
+                                "@2-2007",  "2@2007",  "2@ 2007",  "2 @2007",  "2@,2007",
+                                "2@, 2007", "2007@2",  "2007@ 2",  "2007, @2", "2007-@2",
+                                "@2",       "2@",      "02@ 2007", "02@2007",  "@02 2007"};
+  const char* const kNoDates[] = {"@22007", "@2007",   "2007@",     "@@2 2007",  "2@2@",
+                                  "@2x",    "x@2",     "@2007,2",   "@2nd 2007", "2007@2@",
+                                  "@32",    "@0,2007", "2@2007 10", "@x2 2007",  "Tuesday@2, 2007"};
+  const auto filled = [](std::string text, const std::string& month) {
+    for (auto at = text.find('@'); at != text.npos; at = text.find('@', at + month.size())) {
+      text.replace(at, 1, month);
+    }
+    return text;
+  };
+  for (const char* name : {"en-US", "en-GB", "de-DE", "fr-FR", "de-CH", "sv-SE", "pt-BR"}) {
+    const RegionalSettings& region = Region(name);
+    for (std::size_t i = 0; i < 12; ++i) {
+      const auto date = std::chrono::year_month_day(
+          2007y, std::chrono::month(static_cast<unsigned>(i + 1)), std::chrono::day(2));
+      for (const std::string& month :
+           {region.Months[i], region.MonthsShort[i], kEnglish.Months[i], kEnglish.MonthsShort[i]}) {
+        for (const char* form : kDates) {
+          const std::string text = filled(form, month);
+          EXPECT_EQ(OrNone([&] { return ToDate(text, region, kYear); }), date)
+              << name << ": " << text;
+        }
+        for (const char* form : kNoDates) {
+          const std::string text = filled(form, month);
+          EXPECT_EQ(IsoDate(text, region), std::nullopt) << name << ": " << text;
+        }
+      }
     }
   }
 }
