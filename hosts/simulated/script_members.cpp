@@ -1,6 +1,7 @@
 // The members of one step of a script, checked as they are read.
 #include "simulated/script_members.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <nlohmann/json.hpp>
 
@@ -13,7 +14,7 @@ using nlohmann::json;
 using std::chrono::milliseconds;
 
 [[noreturn]] void Refuse(const std::string& name, const std::string& why) {
-  throw ScriptError{"\"" + name + "\" " + why};
+  throw ScriptError{QuotedInError(name) + ' ' + why};
 }
 
 std::string TextOf(const std::string& name, const json& value) {
@@ -52,6 +53,7 @@ std::optional<int> TakeCount(std::string_view& text) {
 }
 
 std::optional<milliseconds> ReadDuration(std::string_view text) {
+  constexpr milliseconds kLongest = std::chrono::days(999'999);
   milliseconds sum{0};
   if (text.empty()) return {};
   while (!text.empty()) {
@@ -59,6 +61,7 @@ std::optional<milliseconds> ReadDuration(std::string_view text) {
     const auto unit = count ? TakeUnit(text) : std::nullopt;
     if (!unit) return {};
     sum += *count * *unit;
+    if (sum > kLongest) return {};
   }
   return sum;
 }
@@ -79,6 +82,12 @@ std::optional<std::chrono::local_seconds> ReadTime(const std::string& text) {
 }
 
 }  // namespace
+
+std::string QuotedInError(std::string utf8) {
+  std::ranges::replace_if(
+      utf8, [](unsigned char c) { return c < 0x20; }, ' ');
+  return '"' + utf8 + '"';
+}
 
 ScriptMembers::ScriptMembers(const json& step) : step_(step) {
   if (!step.is_object()) throw ScriptError{"not a JSON object"};

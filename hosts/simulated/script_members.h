@@ -10,12 +10,17 @@
 #include <utility>
 #include <vector>
 
+#include "text/code_page.h"
+
 namespace quillbox {
 
 // What is wrong with a script; thrown while it is read, never while it runs.
 struct ScriptError {
   std::string What;  // one line, UTF-8
 };
+
+// `utf8` in quotation marks, and in one line whatever it holds.
+std::string QuotedInError(std::string utf8);
 
 // Each function reads the member `name` and throws ScriptError when its value is of the wrong kind;
 // those without a default also when it is missing. Texts come as UTF-8 and are given in the code
@@ -46,7 +51,7 @@ class ScriptMembers {
     for (const auto& [known, value] : values) {
       if (text == known) return value;
     }
-    throw ScriptError{"\"" + std::string(name) + "\" can't be \"" + text + "\""};
+    throw ScriptError{QuotedInError(name) + " can't be " + QuotedInError(ToUtf8(text))};
   }
 
   struct Setting {

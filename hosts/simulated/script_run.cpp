@@ -2,7 +2,6 @@
 #include "simulated/script_run.h"
 
 #include <istream>
-#include <nlohmann/json.hpp>
 #include <ostream>
 #include <vector>
 
@@ -21,7 +20,7 @@ bool IsStep(const std::string& line) {
 
 ScriptStep ReadLine(const std::string& line, int number) {
   try {
-    return ReadScriptStep(nlohmann::json::parse(line, nullptr, false), number);
+    return ReadScriptStep(line, number);
   } catch (const ScriptError& error) {
     throw ScriptError{"line " + std::to_string(number) + ": " + error.What};
   }

@@ -11,6 +11,7 @@
 #include "simulated/script_members.h"
 #include "simulated/script_mouse.h"
 #include "simulated/script_show.h"
+#include "text/code_page.h"
 
 namespace quillbox {
 namespace {
@@ -184,12 +185,13 @@ Reader FindKind(const std::string& name) {
   for (const auto& [known, reader] : kKinds) {
     if (name == known) return reader;
   }
-  throw ScriptError{"unknown step \"" + name + "\""};
+  throw ScriptError{"unknown step " + QuotedInError(ToUtf8(name))};
 }
 
 }  // namespace
 
-ScriptStep ReadScriptStep(const nlohmann::json& step, int line) {
+ScriptStep ReadScriptStep(const std::string& text, int line) {
+  const auto step = nlohmann::json::parse(text, nullptr, false);
   ScriptMembers members(step);
   ScriptStep read;
   read.Line = line;

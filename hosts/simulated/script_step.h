@@ -4,7 +4,6 @@
 #include <chrono>
 #include <cstdint>
 #include <functional>
-#include <nlohmann/json_fwd.hpp>
 #include <optional>
 #include <string>
 
@@ -22,7 +21,7 @@ struct ScriptStep {
   ScriptAction Act;
 };
 
-// Throws ScriptError when `step` isn't one. Line numbers count from 1.
-ScriptStep ReadScriptStep(const nlohmann::json& step, int line);
+// `text`: one line of a script. Throws ScriptError when it isn't a step. Line numbers count from 1.
+ScriptStep ReadScriptStep(const std::string& text, int line);
 
 }  // namespace quillbox
