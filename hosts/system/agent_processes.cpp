@@ -63,9 +63,17 @@ std::vector<std::string> ChangedEnvironment(const Variables& changes) {
   ::_exit(127);
 }
 
+// Also ends what it left running. Only then is it let go of: as long as the system keeps its number
+// for it, no stranger's group can have that number.
 bool HasEnded(pid_t child) {
-  const pid_t answer = ::waitpid(child, nullptr, WNOHANG);
-  return answer == child || (answer < 0 && errno != EINTR);
+  siginfo_t end{};
+  if (::waitid(P_PID, static_cast<id_t>(child), &end, WEXITED | WNOHANG | WNOWAIT) < 0) {
+    return errno != EINTR;
+  }
+  if (end.si_pid != child) return false;
+  ::kill(-child, SIGKILL);
+  ::waitpid(child, nullptr, WNOHANG);
+  return true;
 }
 
 // A killed process can be held up by a slow disk; it isn't waited for without end.

@@ -13,7 +13,7 @@ namespace quillbox {
 // The agent's text reaches it byte for byte; a toolkit's process class would recode it. A child is
 // never detached: it is known until it has ended, can be ended with all that it started, and the
 // system kills it when this process dies, however that happens. Nothing wakes when a child ends;
-// whoever waits for it asks.
+// whoever waits for it asks, and by the answer what it started has been ended too.
 class AgentProcesses : public AgentRunner {
  public:
   // `program`: full path of the fetch program, in the host's bytes.

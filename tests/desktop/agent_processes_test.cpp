@@ -4,6 +4,9 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
+#include <filesystem>
+#include <functional>
+
 #include "desktop/fake_bus_service.h"
 #include "support/child_process.h"
 #include "system/temporary_folder.h"
@@ -58,14 +61,36 @@ TEST_F(AgentProcessesTest, AStartThatFailsDoesNotRun) {
   EXPECT_FALSE(agents_.Running(12345));
 }
 
-TEST_F(AgentProcessesTest, EndsAnAgentWithAllThatItStarted) {
-  const AgentId agent = Start("sleep 600 & echo $! > child; echo $$ > own; wait");
-  ASSERT_TRUE(ComesAbout([&] { return HasWritten("own"); }));
-  EXPECT_TRUE(agents_.Running(agent));
-  agents_.End(agent);
-  EXPECT_FALSE(agents_.Running(agent));
-  ExpectEndOf("child");
-  ExpectEndOf("own");
+TEST_F(AgentProcessesTest, NothingThatAnAgentStartedOutlivesIt) {
+  struct Case {
+    const char* What;
+    bool Waits;  // else it has ended by itself, and left a process behind
+    std::function<void(AgentId)> End;
+  };
+  const Case kCases[] = {
+      {"while it runs", true, [this](AgentId agent) { agents_.End(agent); }},
+      {"all, while it runs", true, [this](AgentId) { agents_.EndAll(); }},
+      {"asked for", false, [this](AgentId agent) { EXPECT_FALSE(agents_.Running(agent)); }},
+      {"ended", false, [this](AgentId agent) { agents_.End(agent); }},
+      {"all", false, [this](AgentId) { agents_.EndAll(); }},
+      {"at the next start", false, [this](AgentId) { Start("exit 0"); }},
+  };
+  for (const Case& c : kCases) {
+    SCOPED_TRACE(c.What);
+    for (const char* const file : {"child", "own"}) std::filesystem::remove(folder_.File(file));
+    const AgentId agent = Start(std::string("sleep 600 & echo $! > child; echo $$ > own; ") +
+                                (c.Waits ? "wait" : "exit 0"));
+    ASSERT_TRUE(ComesAbout([&] { return HasWritten("own"); }));
+    const std::string own = folder_.Content("own"), child = folder_.Content("child");
+    if (!c.Waits) {
+      ASSERT_TRUE(ComesAbout([&] { return !IsAlive(own.substr(0, own.size() - 1)); }));
+    }
+    EXPECT_TRUE(IsAlive(child.substr(0, child.size() - 1)));
+    c.End(agent);
+    EXPECT_FALSE(agents_.Running(agent));
+    ExpectEndOf("child");
+    ExpectEndOf("own");
+  }
 }
 
 TEST_F(AgentProcessesTest, NoAgentOutlivesAProgramThatDied) {
