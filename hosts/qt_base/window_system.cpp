@@ -1,11 +1,31 @@
 #include "qt_base/window_system.h"
 
 #include <QGuiApplication>
+#include <QString>
+#include <cstdio>
+#include <cstdlib>
+#include <utility>
+#include <vector>
 
 namespace quillbox {
 namespace {
 
 constexpr const char* kPlatform = "QT_QPA_PLATFORM";
+
+// Of the one DisplayNeeded there is; a handler of messages gets no context.
+const char* programName = "";
+QtMessageHandler handlerBefore = nullptr;
+std::vector<std::pair<QtMsgType, QString>> heldBack;
+
+// The toolkit gives up by a fatal message, after some others that tell what it tried.
+void TakeMessage(QtMsgType type, const QMessageLogContext&, const QString& text) {
+  if (type != QtFatalMsg) {
+    heldBack.emplace_back(type, text);
+    return;
+  }
+  std::fprintf(stderr, "%s: there is no display that could be opened\n", programName);
+  std::_Exit(1);
+}
 
 }  // namespace
 
@@ -21,6 +41,18 @@ X11Preference::X11Preference()
 
 X11Preference::~X11Preference() {
   if (chosen_) qunsetenv(kPlatform);
+}
+
+DisplayNeeded::DisplayNeeded(const char* program) {
+  programName = program;
+  handlerBefore = qInstallMessageHandler(TakeMessage);
+}
+
+DisplayNeeded::~DisplayNeeded() {
+  qInstallMessageHandler(handlerBefore);
+  for (const auto& [type, text] : std::exchange(heldBack, {})) {
+    handlerBefore(type, QMessageLogContext(), text);
+  }
 }
 
 }  // namespace quillbox

@@ -21,4 +21,16 @@ class X11Preference {
   bool chosen_;
 };
 
+// While it lives, a QApplication that finds no display to open ends the process with one sentence
+// on standard error and the status 1. By itself it would abort. What else is said meanwhile is said
+// at its end.
+class DisplayNeeded {
+ public:
+  // `program`: its name, for the sentence.
+  explicit DisplayNeeded(const char* program);
+  ~DisplayNeeded();
+  DisplayNeeded(const DisplayNeeded&) = delete;
+  DisplayNeeded& operator=(const DisplayNeeded&) = delete;
+};
+
 }  // namespace quillbox

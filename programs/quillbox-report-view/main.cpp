@@ -4,15 +4,19 @@
 #include <QApplication>
 #include <csignal>
 #include <cstdlib>
+#include <optional>
 
 #include "cage.h"
+#include "qt_base/window_system.h"
 #include "view_window.h"
 
 int main(int argc, char* argv[]) {
   umask(077);
   std::signal(SIGPIPE, SIG_IGN);  // a program that ended is seen where it is read
   quillbox::PrepareEngine();
+  auto display = std::make_optional<quillbox::DisplayNeeded>("quillbox-report-view");
   QApplication application(argc, argv);
+  display.reset();
   QApplication::setApplicationName("Quillbox");
   QApplication::setDesktopFileName("quillbox");
   const quillbox::ViewWindow window;

@@ -18,7 +18,9 @@
 int main(int argc, char* argv[]) {
   const mode_t ownFileMask = quillbox::ProtectProcess();
   auto preference = std::make_optional<quillbox::X11Preference>();
+  auto display = std::make_optional<quillbox::DisplayNeeded>("quillbox");
   QApplication application(argc, argv);
+  display.reset();
   preference.reset();
   QApplication::setApplicationName("Quillbox");
   QApplication::setDesktopFileName("quillbox");
