@@ -1,6 +1,7 @@
 // Running a script: read and check all steps, do them, write the trace.
 #include "simulated/script_run.h"
 
+#include <functional>
 #include <istream>
 #include <ostream>
 #include <vector>
@@ -12,6 +13,10 @@
 
 namespace quillbox {
 namespace {
+
+using Action = std::function<void()>;
+
+constexpr const char* kHostStep = "host";
 
 bool IsStep(const std::string& line) {
   const std::size_t first = line.find_first_not_of(" \t\r");
@@ -32,18 +37,20 @@ std::vector<ScriptStep> ReadSteps(std::istream& script) {
   for (int number = 1; std::getline(script, line); ++number) {
     if (!IsStep(line)) continue;
     steps.push_back(ReadLine(line, number));
-    if (steps.back().Do == "host" && steps.size() > 1) {
+    if (steps.back().Do == kHostStep && steps.size() > 1) {
       throw ScriptError{"line " + std::to_string(number) + ": \"host\" must be the first step"};
     }
   }
   return steps;
 }
 
-void RunStep(SimulatedProgram& program, const ScriptStep& step) {
-  const auto act = [&program, &step] {
+// The trace tells all times by the clock that the host step sets: it is written from there on.
+void RunStep(SimulatedProgram& program, const ScriptStep& step, const Action& clockIsSet) {
+  const auto act = [&program, &step, clockIsSet] {
     const std::string line = std::to_string(step.Line);
     program.Host.Effects.Add("step", line + " " + step.Do, {{"line", line}, {"do", step.Do}});
     step.Act(program);
+    if (step.Do == kHostStep) clockIsSet();
   };
   if (step.In) {
     program.Host.After(*step.In, act);
@@ -63,8 +70,15 @@ int RunScript(std::istream& script, std::ostream& trace, std::string& error) {
     return kScriptRefused;
   }
   SimulatedProgram program(steps.empty() ? 0 : steps.front().Seed);
-  for (const ScriptStep& step : steps) RunStep(program, step);
-  WriteScriptTrace(trace, program.Host);
+  const Action writeTrace = [&] {
+    program.Host.Effects.HandTo(
+        [&](const TraceEntry& entry) { WriteTraceEntry(trace, entry, program.Host.Time); });
+  };
+  if (steps.empty() || steps.front().Do != kHostStep) writeTrace();
+  for (const ScriptStep& step : steps) RunStep(program, step, writeTrace);
+  writeTrace();  // a host step that was to come later never came
+  trace.flush();
+  program.Host.Effects.HandTo([](const TraceEntry&) {});  // what goes with the program is no event
   return kScriptDone;
 }
 

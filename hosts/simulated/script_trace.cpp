@@ -36,11 +36,8 @@ nlohmann::ordered_json LineOf(const TraceEntry& entry, const SimulatedTime& time
 
 }  // namespace
 
-void WriteScriptTrace(std::ostream& out, const SimulatedHost& host) {
-  for (const TraceEntry& entry : host.Effects.Entries()) {
-    out << LineOf(entry, host.Time).dump() << '\n';
-  }
-  out.flush();
+void WriteTraceEntry(std::ostream& out, const TraceEntry& entry, const SimulatedTime& time) {
+  out << LineOf(entry, time).dump() << '\n';
 }
 
 }  // namespace quillbox

@@ -30,8 +30,8 @@ SimulatedAgents::SimulatedAgents(SimulatedTime& time, SimulatedFiles& files, Sim
     : time_(time), files_(files), trace_(trace), random_(seed) {}
 
 AgentId SimulatedAgents::Start(const AgentStart& start) {
-  starts_.push_back(start);
-  const auto agent = static_cast<AgentId>(starts_.size());
+  trace_.Keep(starts_, start);
+  const AgentId agent = ++last_;
   const AgentText text = ReadAgentText(start.Text);
   const std::string dataFile = NameOfPath(text.DataPath);
   const AgentBehaviour behaviour = TakeBehaviour(dataFile, text.Username);

@@ -76,6 +76,7 @@ class SimulatedAgents final : public AgentRunner {
   std::mt19937_64 random_;
   std::list<AgentBehaviour> once_, always_;
   std::vector<AgentStart> starts_;
+  AgentId last_ = 0;
   std::map<AgentId, std::vector<SimulatedTime::EventId>> running_;  // and what they have yet to do
 };
 

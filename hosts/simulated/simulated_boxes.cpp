@@ -40,7 +40,7 @@ class Standing {
 }  // namespace
 
 BoxAnswer SimulatedBoxes::Show(const Message& message) {
-  shown_.push_back(message);
+  trace_.Keep(shown_, message);
   trace_.Add("box", message.Text);
   const BoxReply reply = TakeReply(message);
   const Standing standing(open_);

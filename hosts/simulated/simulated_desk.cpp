@@ -39,12 +39,12 @@ void SimulatedTooltip::Close() {
 void SimulatedOpener::Open(const std::string& target) {
   if (target.find("Passwd=") != std::string::npos)
     throw std::logic_error("a password for all to see");
-  opened_.push_back(target);
+  trace_.Keep(opened_, target);
   trace_.Add("open", target);
 }
 
 void SimulatedOpener::OpenPrivately(const std::string& address) {
-  opened_.push_back(address);
+  trace_.Keep(opened_, address);
   trace_.Add("open", address.substr(0, address.find('?')) + "?...");
 }
 

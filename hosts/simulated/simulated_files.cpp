@@ -6,6 +6,9 @@
 namespace quillbox {
 namespace {
 
+// A system flushes by itself at last.
+constexpr std::size_t kMostUnflushed = 256;
+
 template <typename Names>
 void Apply(Names& names, const Names& change) {
   for (const auto& [name, body] : change) {
@@ -69,6 +72,9 @@ bool SimulatedFiles::BeginStep() {
 void SimulatedFiles::ChangeNames(const Names& change) {
   Apply(names_, change);
   unflushed_.push_back(change);
+  if (unflushed_.size() <= kMostUnflushed) return;
+  Apply(namesOnDisk_, unflushed_.front());
+  unflushed_.pop_front();
 }
 
 void SimulatedFiles::PowerBack() {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <deque>
 #include <initializer_list>
 #include <map>
 #include <memory>
@@ -47,8 +48,8 @@ class SimulatedFiles : public Files {
   bool HasPower() const { return power_; }
 
   // The power is back. What was flushed is as it was. Of changes of names since the folder's last
-  // flush the first few have happened, in their order; content that was not flushed is there
-  // wholly, cut, or gone.
+  // flush the first few have happened, in their order, of many all but the last 256; content that
+  // was not flushed is there wholly, cut, or gone.
   void PowerBack();
 
   // Steps since the beginning.
@@ -81,7 +82,7 @@ class SimulatedFiles : public Files {
 
   Names names_;
   Names namesOnDisk_;
-  std::vector<Names> unflushed_;  // changes of names; each happens wholly or not at all
+  std::deque<Names> unflushed_;  // changes of names; each happens wholly or not at all
   std::set<std::string> unreadable_;
   DiskState disk_ = DiskState::kWorks;
   bool power_ = true;

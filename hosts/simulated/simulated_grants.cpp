@@ -26,8 +26,8 @@ SimulatedGrants::Reply SimulatedGrants::TakeReply() {
 std::unique_ptr<GrantAsking> SimulatedGrants::Ask(const GrantQuestion& question,
                                                   std::function<void(const GrantAnswer&)> done) {
   trace_.Add("grant", "asked for");
-  asked_.push_back(question);
-  const std::size_t number = asked_.size();
+  trace_.Keep(asked_, question);
+  const std::size_t number = ++last_;
   const Reply reply = TakeReply();
   running_[number] = time_.After(reply.After, [this, number, answer = reply.Answer, done] {
     running_.erase(number);
@@ -48,7 +48,7 @@ void SimulatedGrants::GiveUp(std::size_t asking) {
 void SimulatedGrants::Forget(const std::string& name,
                              const std::vector<std::pair<std::string, std::string>>& environment) {
   trace_.Add("grant", "forget " + name);
-  forgotten_.push_back({name, environment});
+  trace_.Keep(forgotten_, {name, environment});
 }
 
 void SimulatedGrants::EndAll() {

@@ -59,6 +59,7 @@ class SimulatedGrants final : public GrantAsker {
   SimulatedTrace& trace_;
   std::deque<Reply> replies_;
   std::vector<GrantQuestion> asked_;
+  std::size_t last_ = 0;
   std::vector<Forgetting> forgotten_;
   std::map<std::size_t, SimulatedTime::EventId> running_;  // each with its answer
 };

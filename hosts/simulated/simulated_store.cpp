@@ -55,7 +55,12 @@ std::string SimulatedStore::Read(std::string_view section, std::string_view key)
 }
 
 bool SimulatedStore::Apply(std::span<const SettingChange> changes) {
-  batches_.emplace_back(changes.begin(), changes.end());
+  std::vector<SettingChange> batch(changes.begin(), changes.end());
+  if (trace_ != nullptr) {
+    trace_->Keep(batches_, batch);
+  } else {
+    batches_.push_back(std::move(batch));
+  }
   for (const SettingChange& change : changes) {
     Tell(change);
     if (keeps_ != StoreKeeps::kNothing) Change(entries_, change);

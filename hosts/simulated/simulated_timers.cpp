@@ -84,6 +84,7 @@ void SimulatedTimers::StopAll() {
 std::unique_ptr<Timer> SimulatedTimers::NewTimer(milliseconds interval,
                                                  std::function<void()> onTick) {
   auto ticking = std::make_shared<Ticking>(time_, interval, std::move(onTick));
+  std::erase_if(timers_, [](const auto& timer) { return timer.expired(); });
   timers_.push_back(ticking);
   return std::make_unique<OwnedTimer>(std::move(ticking));
 }

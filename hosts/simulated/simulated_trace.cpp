@@ -2,6 +2,7 @@
 #include "simulated/simulated_trace.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace quillbox {
 
@@ -11,7 +12,14 @@ std::string TraceLine(const TraceEntry& entry) {
 
 void SimulatedTrace::Add(std::string what, std::string text,
                          std::vector<std::pair<std::string, std::string>> parts) {
-  entries_.push_back({time_.Now(), std::move(what), std::move(text), std::move(parts)});
+  TraceEntry entry{time_.Now(), std::move(what), std::move(text), std::move(parts)};
+  if (taker_) return taker_(entry);
+  entries_.push_back(std::move(entry));
+}
+
+void SimulatedTrace::HandTo(Taker taker) {
+  taker_ = std::move(taker);
+  for (const TraceEntry& entry : std::exchange(entries_, {})) taker_(entry);
 }
 
 std::vector<std::string> SimulatedTrace::Lines() const {
