@@ -32,7 +32,8 @@ class CagedPage : public QWebEnginePage {
   }
   // Boxes of the page would hold up its window.
   void javaScriptAlert(const QUrl&, const QString&) override {}
-  bool javaScriptConfirm(const QUrl&, const QString&) override { return false; }
+  // A page that is to be left may ask whether it should, and the engine asks this.
+  bool javaScriptConfirm(const QUrl&, const QString&) override { return loading_; }
   bool javaScriptPrompt(const QUrl&, const QString&, const QString&, QString*) override {
     return false;
   }

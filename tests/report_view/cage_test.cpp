@@ -102,6 +102,28 @@ TEST_F(Cage, ThePageCantLeave) {
   }
 }
 
+// The engine lets a page ask only when it has been clicked.
+TEST_F(Cage, ThePageCantKeepItsPlace) {
+  constexpr const char* kGuards[] = {
+      "onbeforeunload = function () { return 'stay'; }",
+      "addEventListener('beforeunload', function (e) { e.preventDefault(); e.returnValue = 'x'; })",
+      "onbeforeunload = function () { confirm(1); alert(2); return 'stay'; }",
+      "onbeforeunload = function () { location.href = 'FILE'; return 'stay'; }",
+  };
+  ASSERT_TRUE(Opens());
+  for (const char* const guard : kGuards) {
+    ASSERT_TRUE(Shows("<body bgcolor='#80d080' onclick=\"document.body.bgColor = '#123456'\">" +
+                      std::string("<script>") + Armed(guard) + "</script>"))
+        << guard;
+    ASSERT_TRUE(Until([this] { return ColourOfPage() == "#80d080"; })) << guard;
+    ClickPage();
+    ASSERT_TRUE(Until([this] { return ColourOfPage() == "#123456"; })) << guard;
+    EXPECT_TRUE(Shows("<body bgcolor='#654321'>", 10000)) << guard;
+    EXPECT_TRUE(Until([this] { return ColourOfPage() == "#654321"; }, 10000)) << guard;
+    EXPECT_EQ(files_.TakeCount(), 0) << guard;
+  }
+}
+
 TEST_F(Cage, NoScriptAndNoElementOfThePageGetsOut) {
   ASSERT_TRUE(Opens());
   std::string page = "<body bgcolor='#80d080'>";

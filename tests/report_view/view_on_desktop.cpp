@@ -9,6 +9,20 @@
 #include <fstream>
 
 namespace quillbox {
+namespace {
+
+std::vector<int> Processes(const QStringList& wanted) {
+  QProcess pgrep;
+  pgrep.start("pgrep", wanted);
+  pgrep.waitForFinished();
+  std::vector<int> found;
+  for (const QByteArray& line : pgrep.readAllStandardOutput().split('\n')) {
+    if (!line.isEmpty()) found.push_back(line.toInt());
+  }
+  return found;
+}
+
+}  // namespace
 
 ViewOnDesktop::ViewOnDesktop() : ContextOnState(forms_, window_) {
   qputenv("DISPLAY", desktop_.Display().toUtf8());
@@ -52,15 +66,16 @@ void ViewOnDesktop::Press(const QString& key) {
   desktop_.Output("xdotool", {"key", key});
 }
 
+void ViewOnDesktop::ClickPage() {
+  desktop_.Output("xdotool", {"mousemove", "400", "440", "click", "1"});
+}
+
 std::vector<int> ViewOnDesktop::Views() {
-  QProcess pgrep;
-  pgrep.start("pgrep", {"-P", QString::number(::getpid()), "quillbox-report"});
-  pgrep.waitForFinished();
-  std::vector<int> views;
-  for (const QByteArray& line : pgrep.readAllStandardOutput().split('\n')) {
-    if (!line.isEmpty()) views.push_back(line.toInt());
-  }
-  return views;
+  return Processes({"-P", QString::number(::getpid()), "quillbox-report"});
+}
+
+bool ViewOnDesktop::EngineRuns() {
+  return !Processes({"-g", "0", "QtWebEngine"}).empty();
 }
 
 bool ViewOnDesktop::Shows(const std::string& html, int longest) {

@@ -27,8 +27,12 @@ class ViewOnDesktop : public ContextOnState {
   bool WindowIsShown();
   void Press(const QString& key);  // in the window
 
+  void ClickPage();
+
   // The processes of the window that still run.
   static std::vector<int> Views();
+  // Whether any of the engine's own does, which those start.
+  static bool EngineRuns();
 
   // Writes a page with this body beside the script files, and shows it. Whether it was loaded.
   bool Shows(const std::string& html, int longest = 40000);

@@ -117,9 +117,11 @@ TEST_F(ViewProcess, WhateverEndsItTheFormIsUnloadedAndCanBeLoadedAgain) {
   };
   for (const Case& c : kCases) {
     ASSERT_TRUE(Opens()) << c.Name;
+    EXPECT_TRUE(Until([] { return EngineRuns(); })) << c.Name;
     c.End();
     EXPECT_TRUE(Until([this] { return !form_.Loaded(); })) << c.Name;
     EXPECT_TRUE(Until([] { return Views().empty(); })) << c.Name;
+    EXPECT_TRUE(Until([] { return !EngineRuns(); })) << c.Name;
   }
   EXPECT_TRUE(Opens());
 }
