@@ -34,7 +34,7 @@ void QuillboxOnDesktop::SetUp() {
 
 void QuillboxOnDesktop::Store(const SettingBatch& settings) {
   SystemFiles files;
-  SettingsFile(files).Apply(settings.Changes());
+  ASSERT_TRUE(quillbox::SettingsFile(files).Apply(settings.Changes()));
 }
 
 fs::path QuillboxOnDesktop::SettingsFile() {
