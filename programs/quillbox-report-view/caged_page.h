@@ -4,6 +4,7 @@
 #include <QWebEnginePage>
 #include <QWebEngineProfile>
 #include <functional>
+#include <memory>
 
 namespace quillbox {
 
@@ -44,11 +45,14 @@ class CagedPage : public QWebEnginePage {
   void Loaded();
   void PutBody();
   void GiveUpPage();
+  void GiveWayToEmptyPage();
 
   bool navigating_ = false;  // the program asked for it, the page did not
   bool loading_ = false;
   std::function<void()> loaded_;
-  QString body_;  // still to be put into the document
+  QString body_;                                           // still to be put into the document
+  int tries_ = 0;                                          // to put it there
+  std::shared_ptr<int> alive_ = std::make_shared<int>(0);  // the engine's callbacks may outlive us
 };
 
 }  // namespace quillbox

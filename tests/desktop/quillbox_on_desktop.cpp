@@ -28,6 +28,8 @@ void QuillboxOnDesktop::SetUp() {
             .Write(kTraySingleAction, kActionVisit)
             .Write(kTrayAction, kActionOpenAccount));
   WriteScript("xdg-open", "printf '%s\\n' \"$1\" >> " + Path("opened"));
+  // An account's address is handed to the fetch program, by its input.
+  WriteScript("dl", "[ \"$1\" != open ] || cat >> " + Path("opened"));
   static const QByteArray path = qgetenv("PATH");
   qputenv("PATH", QByteArray::fromStdString(folder_.Path()) + ":" + path);
 }

@@ -34,9 +34,9 @@ TEST_F(ViewProcess, ShowsPagesAndMessagesOnThem) {
   EXPECT_TRUE(Until([this] { return ColourOfPage() == "#654321"; })) << "soon after navigating";
 }
 
-TEST_F(ViewProcess, ShowsAMessageOnAPageThatIsNeverDone) {
+TEST_F(ViewProcess, ShowsAMessageOnAPageThatTookItsBodyAway) {
   ASSERT_TRUE(Opens());
-  EXPECT_FALSE(Shows("<img src=x onerror='document.open()'>", 2000));
+  Shows("<img src=x onerror='document.open()'>", 2000);  // some engines never take it for done
   window_.SetBody("<div style='position:fixed;inset:0;background:#123456'></div>");
   EXPECT_TRUE(Until([this] { return ColourOfPage() == "#123456"; })) << ColourOfPage();
 }
