@@ -82,8 +82,8 @@ void CagedPage::GiveWayToEmptyPage() {
 }
 
 // Until it stands there. A page may have lost its body, also after it was loaded; then it gives way
-// once, and while it does its end can be told before the empty page is there. In a world of its own:
-// the page's scripts may have changed what they can reach.
+// once, and while it does its end can be told before the empty page is there. In a world of its
+// own: the page's scripts may have changed what they can reach.
 void CagedPage::PutBody() {
   if (body_.isEmpty() || ++tries_ > kMostTries) return;
   const std::weak_ptr<int> alive = alive_;
