@@ -13,6 +13,11 @@ constexpr std::size_t kOne = 1;
 constexpr std::size_t kMany = 10'000;
 constexpr int kSkew = 400 * 86'400;
 
+// Thrown by what reads an option's value; the option's name is added to it.
+struct BadValue {
+  std::string Wanted;
+};
+
 using Setter = std::function<void(ServiceOptions&, const std::string&)>;
 
 template <typename Number>
@@ -21,25 +26,34 @@ Number ParseNumber(const std::string& text, Number least, Number most) {
   const char* const end = text.data() + text.size();
   const auto [stop, error] = std::from_chars(text.data(), end, number);
   if (error != std::errc() || stop != end || number < least || number > most) {
-    throw BadCommandLine("\"" + text + "\" is not a fitting number");
+    throw BadValue{"a fitting number"};
   }
   return number;
 }
 
+template <typename Choice>
+Choice OneOf(const std::string& text, const std::map<std::string, Choice>& choices) {
+  const auto choice = choices.find(text);
+  if (choice != choices.end()) return choice->second;
+  std::string wanted = "one of";
+  for (const auto& [name, value] : choices) wanted += " " + name;
+  throw BadValue{wanted};
+}
+
 void AddAccount(ServiceOptions& options, const std::string& text) {
   const std::size_t colon = text.find(':');
-  if (colon == std::string::npos) throw BadCommandLine("--account needs EMAIL:PASSWORD");
+  if (colon == std::string::npos) throw BadValue{"EMAIL:PASSWORD"};
   options.Accounts[text.substr(0, colon)] = text.substr(colon + 1);
 }
 
 void AddFault(ServiceOptions& options, const std::string& text) {
   const auto rule = ParseFaultRule(text);
-  if (!rule) throw BadCommandLine("\"" + text + "\" is not a failure that --fail knows");
+  if (!rule) throw BadValue{"a failure that it knows"};
   options.Faults.push_back(*rule);
 }
 
 void SetVersionText(ServiceOptions& options, const std::string& text) {
-  if (text.empty()) throw BadCommandLine("--version-text needs a text");
+  if (text.empty()) throw BadValue{"a text"};
   options.VersionText = text;
 }
 
@@ -55,28 +69,29 @@ void SetClient(ServiceOptions& options, const std::string& text) {
 }
 
 void SetConsent(ServiceOptions& options, const std::string& text) {
-  const std::map<std::string, Consent> kinds = {
-      {"page", Consent::kPage}, {"auto", Consent::kAuto}, {"deny", Consent::kDeny}};
-  const auto kind = kinds.find(text);
-  if (kind == kinds.end()) throw BadCommandLine("--consent needs page, auto or deny");
-  options.Api.Asks = kind->second;
+  options.Api.Asks = OneOf<Consent>(
+      text, {{"page", Consent::kPage}, {"auto", Consent::kAuto}, {"deny", Consent::kDeny}});
 }
 
 void SetRefresh(ServiceOptions& options, const std::string& text) {
-  if (text != "keep" && text != "rotate") throw BadCommandLine("--refresh needs keep or rotate");
-  options.Api.Refreshes = text == "rotate" ? OnRefresh::kNewGrant : OnRefresh::kKeepGrant;
+  options.Api.Refreshes = OneOf<OnRefresh>(text, {{"keep", OnRefresh::kKeepGrant},
+                                                  {"rotate", OnRefresh::kNewGrant},
+                                                  {"rotate-once", OnRefresh::kNewGrantOnce}});
+}
+
+void SetRevoke(ServiceOptions& options, const std::string& text) {
+  options.Api.Revokes =
+      OneOf<OnRevoke>(text, {{"grant", OnRevoke::kGrant}, {"person", OnRevoke::kPerson}});
 }
 
 void AddGrant(ServiceOptions& options, const std::string& text) {
   const std::size_t colon = text.find(':');
-  if (colon == std::string::npos) throw BadCommandLine("--grant needs EMAIL:TOKEN");
+  if (colon == std::string::npos) throw BadValue{"EMAIL:TOKEN"};
   options.Api.Grants[text.substr(colon + 1)] = text.substr(0, colon);
 }
 
 void SetListen(ServiceOptions& options, const std::string& text) {
-  if (text != "127.0.0.1" && text != "::1") {
-    throw BadCommandLine("--listen needs 127.0.0.1 or ::1");
-  }
+  if (text != "127.0.0.1" && text != "::1") throw BadValue{"127.0.0.1 or ::1"};
   options.Listen = text;
 }
 
@@ -105,6 +120,11 @@ const std::map<std::string, Setter>& Setters() {
       {"--row-limit",
        [](auto& o, auto& text) { o.Api.RowLimit = ParseNumber(text, kOne, kMostRows); }},
       {"--refresh", SetRefresh},
+      {"--revoke", SetRevoke},
+      {"--history",
+       [](auto& o, auto& text) {
+         o.Api.History = std::chrono::days(ParseNumber(text, 1, kMostDays));
+       }},
       {"--currency", [](auto& o, auto& text) { o.Api.Currency = text; }},
       {"--warning", [](auto& o, auto& text) { o.Api.Warnings.push_back(text); }},
       {"--clock-skew",
@@ -122,7 +142,12 @@ ServiceOptions ParseServiceOptions(std::span<const char* const> arguments) {
     const auto setter = Setters().find(name);
     if (setter == Setters().end()) throw BadCommandLine("unknown option \"" + name + "\"");
     if (i + 1 == arguments.size()) throw BadCommandLine(name + " needs a value");
-    setter->second(options, arguments[i + 1]);
+    const std::string value = arguments[i + 1];
+    try {
+      setter->second(options, value);
+    } catch (const BadValue& bad) {
+      throw BadCommandLine(name + " needs " + bad.Wanted + ", not \"" + value + "\"");
+    }
   }
   return options;
 }

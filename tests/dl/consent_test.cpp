@@ -44,5 +44,14 @@ TEST(BrowserPages, ShowNamesOfAccountsAsTheyAre) {
   }
 }
 
+TEST(BrowserPages, LoadNothingAndFitAPhone) {
+  for (const std::string& page : {SentencePage("A sentence."), ChoicePage("s", {})}) {
+    EXPECT_THAT(page, testing::HasSubstr("width=device-width"));
+    for (const char* const outside : {"http", "src=", "url(", "@import", "<script", "<link"}) {
+      EXPECT_THAT(page, testing::Not(testing::HasSubstr(outside)));
+    }
+  }
+}
+
 }  // namespace
 }  // namespace quillbox
