@@ -1,6 +1,7 @@
 // Balloons through the desktop's notification service.
 #pragma once
 
+#include <QIcon>
 #include <QMap>
 #include <QObject>
 #include <QString>
@@ -14,6 +15,7 @@ struct Balloon {
   QString Title;
   QString Text;
   int TimeoutMs = 0;
+  QIcon Picture = {};
 };
 
 // Never waits. A balloon with the text of an earlier one replaces it on the screen; different texts

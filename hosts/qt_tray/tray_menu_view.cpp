@@ -31,10 +31,6 @@ void AddSubmenu(QMenu& menu, const MenuItem& item, const OnChosen& onChosen) {
 }  // namespace
 
 void FillMenu(QMenu& menu, const Menu& items, const OnChosen& onChosen) {
-  for (QMenu* const submenu : menu.findChildren<QMenu*>(Qt::FindDirectChildrenOnly)) {
-    submenu->deleteLater();
-  }
-  menu.clear();
   for (const MenuItem& item : items) {
     if (item.Submenu) {
       AddSubmenu(menu, item, onChosen);

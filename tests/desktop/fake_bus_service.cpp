@@ -32,6 +32,13 @@ void FakeBusService::Signal(const QString& signal) {
   connection_.send(QDBusMessage::createSignal(path_, name_, signal));
 }
 
+void FakeBusService::AnswerAtLast() {
+  mood_ = Mood::kAnswers;
+  for (const QDBusMessage& call : std::exchange(unanswered_, {})) {
+    connection_.send(call.createReply(answer_(call)));
+  }
+}
+
 std::vector<QDBusMessage> FakeBusService::Calls(const QString& method) const {
   std::vector<QDBusMessage> found;
   for (const QDBusMessage& call : calls_) {
@@ -43,7 +50,10 @@ std::vector<QDBusMessage> FakeBusService::Calls(const QString& method) const {
 bool FakeBusService::handleMessage(const QDBusMessage& message, const QDBusConnection& connection) {
   if (message.member() == "Introspect") return false;
   calls_.push_back(message);
-  return connection.send(message.createReply(answer_(message)));
+  if (mood_ == Mood::kSilent) unanswered_.push_back(message);
+  if (mood_ == Mood::kAnswers) connection.send(message.createReply(answer_(message)));
+  if (mood_ == Mood::kRefuses) connection.send(message.createErrorReply(QDBusError::Failed, "no"));
+  return true;
 }
 
 bool ComesAbout(const std::function<bool()>& wished) {
