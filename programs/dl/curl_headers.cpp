@@ -3,8 +3,6 @@
 #include <optional>
 #include <string>
 
-#include "text/letter_case.h"
-
 namespace quillbox {
 namespace {
 
@@ -36,17 +34,15 @@ ContentCoding CodingOfBody(const CurlLibrary& curl, CURL* handle) {
 bool EndIsKnown(const CurlLibrary& curl, CURL* handle) {
   long version = 0;
   long status = 0;
-  const char* scheme = nullptr;
   curl.easy_getinfo(handle, CURLINFO_HTTP_VERSION, &version);
   curl.easy_getinfo(handle, CURLINFO_RESPONSE_CODE, &status);
-  curl.easy_getinfo(handle, CURLINFO_SCHEME, &scheme);
-  if (version >= CURL_HTTP_VERSION_2_0 || status == 204 || status == 304) return true;
+  if (status < 200 || status == 204 || status > 299) return true;  // without a body that counts
+  if (version >= CURL_HTTP_VERSION_2_0) return true;
   const auto transfer = Values(curl, handle, "Transfer-Encoding");
   const auto lengths = Values(curl, handle, "Content-Length");
   if (!transfer || !lengths) return false;
   if (!transfer->empty()) return true;
-  if (!lengths->empty()) return IsOneLength(*lengths);
-  return scheme != nullptr && EqualIgnoringCase(scheme, "https");
+  return IsOneLength(*lengths);
 }
 
 }  // namespace quillbox

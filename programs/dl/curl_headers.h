@@ -12,9 +12,9 @@ namespace quillbox {
 ContentCoding CodingOfBody(const CurlLibrary& curl, CURL* handle);
 
 // Whether a body that has arrived without an error in the exchange of `handle` is known to be the
-// whole one: the answer said how long it is, or it came in chunks or frames, or its end was told by
-// the secure connection. libcurl takes a body whose length it can't read, and one of plain HTTP
-// that ends with the connection, for a whole one wherever the connection breaks. Throws
+// whole one: the answer said how long it is, or it came in chunks or frames. Any body does whose
+// status isn't one of success. libcurl takes a body whose length it can't read, and one that ends
+// with the connection, for a whole one wherever the connection breaks, a secure one too. Throws
 // std::bad_alloc.
 bool EndIsKnown(const CurlLibrary& curl, CURL* handle);
 
