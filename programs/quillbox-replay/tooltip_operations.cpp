@@ -12,20 +12,31 @@
 namespace quillbox {
 namespace {
 
-double NumberMember(const Request& request, std::string_view name) {
-  return NumberOf(request.Member(name, JsonValue::Type::kNumber), request.PathOf(name));
+// Beyond this no length means anything, and sums would leave the range of their types.
+constexpr double kLongest = 1e9;
+
+double LengthOf(const JsonValue& value, const std::string& what) {
+  const double length = NumberOf(value, what);
+  if (std::fabs(length) > kLongest) {
+    throw RequestError("member \"" + what + "\" can't hold lengths beyond 1000000000");
+  }
+  return length;
+}
+
+double LengthMember(const Request& request, std::string_view name) {
+  return LengthOf(request.Member(name, JsonValue::Type::kNumber), request.PathOf(name));
 }
 
 // A stand-in for a font: every character is as wide as every other.
 TooltipMeasure MeasureOf(const Request& request) {
   const Request measure = request.Object("measure");
-  const double height = NumberMember(measure, "height");
+  const double height = LengthMember(measure, "height");
   const auto fixed = [height](double width) {
     return [width, height](std::string_view text) {
       return TextSize{width * static_cast<double>(text.size()), height};
     };
   };
-  return {fixed(NumberMember(measure, "description")), fixed(NumberMember(measure, "value"))};
+  return {fixed(LengthMember(measure, "description")), fixed(LengthMember(measure, "value"))};
 }
 
 void NumberOut(JsonWriter& answer, std::string_view name, double number) {
@@ -68,7 +79,7 @@ std::array<double, Count> Numbers(const Request& request, std::string_view name)
     if (items[i].Kind != JsonValue::Type::kNumber) {
       throw RequestError("member \"" + request.PathOf(name) + "\" must hold numbers");
     }
-    numbers[i] = NumberOf(items[i], request.PathOf(name));
+    numbers[i] = LengthOf(items[i], request.PathOf(name));
   }
   return numbers;
 }

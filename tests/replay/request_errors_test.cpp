@@ -75,6 +75,10 @@ TEST(Requests, FaultsAreToldWithTheId) {
        R"(\"accounts\" must be a list of texts)"},
       {Evaluate(now + R"("accounts":[],)" + sounds + R"("files":{"content":null,"search":null})"),
        R"(\"files.referral\" is missing)"},
+      {R"("op":"tooltipLayout","text":"","measure":{"description":1,"value":1,"height":1e300})",
+       R"(\"measure.height\" can't hold lengths beyond)"},
+      {R"("op":"tooltipPlacement","taskbar":[0,0,1,1],"screen":[-2e9,1],"window":[1,1])",
+       R"(\"screen\" can't hold lengths beyond)"},
   };
   for (const Case& c : kCases) {
     const std::string answer = Answer(R"({"id":7,)" + c.Request + "}");
