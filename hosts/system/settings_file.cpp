@@ -71,8 +71,7 @@ SettingsText* SettingsFile::Load() {
   struct stat found {};
   if (::lstat(path_.c_str(), &found) != 0) {
     if (errno != ENOENT && errno != ENOTDIR) return nullptr;
-    mark_.reset();
-    settings_ = SettingsText();
+    Take("");
     return &settings_;
   }
   // The mark is taken before the reading: a file that is replaced in between is read once more.
@@ -81,13 +80,20 @@ SettingsText* SettingsFile::Load() {
                   found.st_ctim.tv_nsec};
   if (mark == mark_) return &settings_;
 
-  mark_.reset();
   if (static_cast<std::uint64_t>(found.st_size) > kLargest) return nullptr;
-  const std::optional<std::string> text = files_.Read(path_);
+  std::optional<std::string> text = files_.Read(path_);
   if (!text || text->size() > kLargest) return nullptr;
-  settings_ = SettingsText(*text);
+  Take(std::move(*text));
   if (IsPast(found.st_ctim)) mark_ = mark;
   return &settings_;
+}
+
+// Parsing a large text takes far longer than comparing it.
+void SettingsFile::Take(std::string text) {
+  mark_.reset();
+  if (text == text_) return;
+  settings_ = SettingsText(text);
+  text_ = std::move(text);
 }
 
 std::string SettingsFile::Read(std::string_view section, std::string_view key) {
@@ -114,8 +120,11 @@ bool SettingsFile::Save(std::span<const SettingChange> changes) {
   for (const SettingChange& change : changes) isChanged = settings->Apply(change) || isChanged;
   if (!isChanged) return true;  // the disk has it already, and a save takes milliseconds
   mark_.reset();
-  const std::string text = settings->Text();
-  return text.size() <= kLargest && WriteAtomically(files_, path_, text);
+  text_.reset();
+  std::string text = settings->Text();
+  if (text.size() > kLargest || !WriteAtomically(files_, path_, text)) return false;
+  text_ = std::move(text);
+  return true;
 }
 
 }  // namespace quillbox

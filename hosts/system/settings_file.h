@@ -23,8 +23,8 @@ namespace quillbox {
 // then.
 class SettingsFile : public PerUserStore {
  public:
-  // In bytes. A thousand accounts need less than a tenth.
-  static constexpr std::uint64_t kLargest = 4U << 20U;
+  // In bytes. A thousand accounts need less than a quarter.
+  static constexpr std::uint64_t kLargest = 2U << 20U;
 
   // Below the folder ConfigFolder(); `files` must outlive the store. Another process that saves is
   // waited for; one that has not come to an end within `patience` lets this save fail, and so at
@@ -39,14 +39,16 @@ class SettingsFile : public PerUserStore {
   using Mark = std::tuple<std::uint64_t, std::uint64_t, std::int64_t, std::int64_t, std::int64_t>;
 
   SettingsText* Load();
+  void Take(std::string text);
   bool Save(std::span<const SettingChange> changes);
 
   Files& files_;
   const std::string folder_, path_;  // empty when the person has no folder for configuration
   const std::chrono::milliseconds patience_;
   bool gaveUpWaiting_ = false;
-  SettingsText settings_;
-  std::optional<Mark> mark_;  // of the file that settings_ is; nothing when they may differ
+  std::optional<std::string> text_;  // what a file held; nothing when settings_ is something else
+  SettingsText settings_;            // as text_ says
+  std::optional<Mark> mark_;  // of the file that holds text_; nothing when it may have changed
 };
 
 }  // namespace quillbox

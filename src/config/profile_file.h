@@ -15,7 +15,7 @@ inline constexpr std::size_t kLongestProfileValue = 749;
 
 // The largest file that is read or written, in bytes; a larger one counts as one that can't be
 // read.
-inline constexpr std::size_t kLargestProfile = 4U << 20U;
+inline constexpr std::size_t kLargestProfile = 2U << 20U;
 
 // The value of `key` in `section` of a file's whole text (code page); empty when there is none.
 // Sections and keys match without regard to case, and the first of two equal ones wins. Blanks
