@@ -20,9 +20,11 @@
 namespace quillbox {
 namespace {
 
+// Literals alone: nothing may be made before the argument is out of sight.
+constexpr const char* kTakeItAway =
+    "take it away there, where your account lists the programs that may read its reports.";
 constexpr const char* kTimeIsUp =
-    "No answer came in time, so that the grant's access may still stand at the service: take it "
-    "away there, where your account lists the programs that may read its reports.";
+    "No answer came in time, so that the grant's access may still stand at the service: ";
 
 struct Outcome {
   ResultCode Code;
@@ -50,10 +52,7 @@ Outcome TakeAway(const Grant& grant) {
 std::string WordsOnFailure(const Outcome& atService) {
   const std::string stands =
       atService.Code == ResultCode::kNoAnswer ? "may still stand" : "still stands";
-  return " its access " + stands +
-         " at the service: take it away there, where your account lists the programs that may "
-         "read its reports.\n" +
-         atService.Words;
+  return " its access " + stands + " at the service: " + kTakeItAway + "\n" + atService.Words;
 }
 
 Outcome WholeOutcome(bool fileIsGone, const Outcome& atService, const std::string& folder) {
@@ -95,7 +94,7 @@ Outcome RevokeNamed(const std::string& name) {
 
 int Revoke() {
   const std::string name = ReadSecret("Name of the grant: ");
-  WatchCommand(kTimeIsUp, STDOUT_FILENO, TheLimits().Total);
+  WatchCommand(std::string(kTimeIsUp) + kTakeItAway, STDOUT_FILENO, TheLimits().Total);
   const Outcome outcome = RevokeNamed(name);
   EndWatch();
   std::puts(outcome.Words.c_str());

@@ -28,7 +28,7 @@ class RawConnection {
     SSL_set_fd(secure_.get(), socket_);
     SSL_accept(secure_.get());
   }
-  // A secure one says that it ends: else the end would be an error by itself.
+  // A secure one says that it ends.
   ~RawConnection() {
     if (secure_) SSL_shutdown(secure_.get());
     ::shutdown(socket_, SHUT_RDWR);
