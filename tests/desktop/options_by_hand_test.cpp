@@ -31,30 +31,6 @@ printf 0 > "${files#*|}")");
     ASSERT_TRUE(WindowComes("Quillbox Options"));
   }
 
-  QString WindowOf(const QString& title) {
-    return desktop_.Output("xdotool", {"search", "--onlyvisible", "--name", "^" + title + "$"})
-        .section('\n', -2, -2);
-  }
-  bool WindowComes(const QString& title) {
-    return ComesAbout([&] {
-             desktop_.NudgeWindowManager();
-             return !WindowOf(title).isEmpty();
-           }) &&
-           GetsKeys(title);
-  }
-  // A window above the Options.
-  bool WindowGoes(const QString& title) {
-    return ComesAbout([&] { return WindowOf(title).isEmpty(); }) && GetsKeys("Quillbox Options");
-  }
-  bool GetsKeys(const QString& title) {
-    return ComesAbout([&] {
-      return desktop_.Output("xdotool", {"getactivewindow", "getwindowname"}).trimmed() == title;
-    });
-  }
-
-  void Keys(const QString& keys) { Mouse("key " + keys); }
-  void Type(const QString& text) { desktop_.Output("xdotool", {"type", text}); }
-
   QPoint MiddleOf(const QString& title) {
     const QStringList figures =
         desktop_
@@ -63,10 +39,6 @@ printf 0 > "${files#*|}")");
             .split('\n');
     const auto figure = [&](int index) { return figures.value(index).toInt(); };
     return {figure(0) + figure(2) / 2, figure(1) + figure(3) / 2};
-  }
-
-  bool IsStored(const std::string& text) {
-    return ComesAbout([&] { return Settings().find(text) != std::string::npos; });
   }
 };
 

@@ -47,6 +47,10 @@ std::string QuillboxOnDesktop::Settings() {
   return SystemFiles().Read(SettingsFile()).value_or("");
 }
 
+bool QuillboxOnDesktop::IsStored(const std::string& text) {
+  return ComesAbout([&] { return Settings().find(text) != std::string::npos; });
+}
+
 void QuillboxOnDesktop::DockIcon() {
   desktop_.StartTray();
   quillbox_ = StartQuillbox();
@@ -61,6 +65,28 @@ bool QuillboxOnDesktop::IconComes() {
 }
 bool QuillboxOnDesktop::IconGoes() {
   return ComesAbout([&] { return DockedIcons(desktop_).empty(); });
+}
+
+QString QuillboxOnDesktop::WindowOf(const QString& title) {
+  return desktop_.Output("xdotool", {"search", "--onlyvisible", "--name", "^" + title + "$"})
+      .section('\n', -2, -2);
+}
+
+bool QuillboxOnDesktop::WindowComes(const QString& title) {
+  return ComesAbout([&] {
+           desktop_.NudgeWindowManager();
+           return !WindowOf(title).isEmpty();
+         }) &&
+         GetsKeys(title);
+}
+bool QuillboxOnDesktop::WindowGoes(const QString& title) {
+  return ComesAbout([&] { return WindowOf(title).isEmpty(); }) && GetsKeys("Quillbox Options");
+}
+
+bool QuillboxOnDesktop::GetsKeys(const QString& title) {
+  return ComesAbout([&] {
+    return desktop_.Output("xdotool", {"getactivewindow", "getwindowname"}).trimmed() == title;
+  });
 }
 
 // A tray moves an icon that it has just taken in, and Qt puts it in once more when the tray is new.

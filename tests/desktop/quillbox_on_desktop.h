@@ -23,6 +23,7 @@ class QuillboxOnDesktop : public testing::Test {
   void Store(const SettingBatch& settings);
   static std::filesystem::path SettingsFile();
   static std::string Settings();
+  static bool IsStored(const std::string& text);
   // Whether the program has begun its run: it counts the second one.
   static bool HasBegun() { return Settings().find("Runs=2") != std::string::npos; }
 
@@ -39,8 +40,17 @@ class QuillboxOnDesktop : public testing::Test {
   bool IconComes();
   bool IconGoes();
 
-  // What the mouse does, in the words of xdotool.
+  // Windows of any program, by their whole title. One comes when it is shown and gets the keys; one
+  // above the Options goes when they get the keys again.
+  QString WindowOf(const QString& title);
+  bool WindowComes(const QString& title);
+  bool WindowGoes(const QString& title);
+  bool GetsKeys(const QString& title);
+
+  // What mouse and keyboard do, in the words of xdotool.
   void Mouse(const QString& words) { desktop_.Output("xdotool", words.split(' ')); }
+  void Keys(const QString& keys) { Mouse("key " + keys); }
+  void Type(const QString& text) { desktop_.Output("xdotool", {"type", text}); }
   void PointAtIcon();
   void PointElsewhere() { Mouse("mousemove 400 200"); }
   bool TooltipIsShown();
