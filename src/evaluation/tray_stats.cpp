@@ -52,6 +52,7 @@ void RebuildAccountMenus(const ProgramContext& program) {
   ClearOpenAccountMenu(program);
   BuildAccountStatsMenus(program);
   FillOpenAccountMenu(program);
+  TrayMenuChanged(program);
 }
 
 }  // namespace quillbox

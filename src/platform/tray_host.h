@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include "platform/menu.h"
 #include "platform/tray_icon_record.h"
 
 namespace quillbox {
@@ -20,6 +21,10 @@ class TrayHost {
   // The text that the icon stands for has changed (code page, lines end in CR LF). A host whose
   // tray has no place for our own window shows it as its own tip.
   virtual void TooltipChanged(const std::string& text) = 0;
+
+  // The menu at the icon has become this one. A host that shows it only on request asks for it then
+  // (HostEvents::TrayMenu).
+  virtual void MenuChanged(const Menu&) {}
 
   // Whether the file holds a picture that this host can show as an icon.
   virtual bool CanShowPicture(const std::string& path) = 0;

@@ -148,7 +148,7 @@ void AskForAccounts(const ProgramContext& program) {
 void RefreshAllAccounts(const ProgramContext& program) {
   AppState& state = program.State;
   if (state.RefreshRunning) return;
-  TrayMenuItem(state, "RefreshNow").Enabled = false;
+  EnableRefreshNow(program, false);
   if (state.Accounts.empty()) {
     AskForAccounts(program);
   } else {
@@ -159,7 +159,7 @@ void RefreshAllAccounts(const ProgramContext& program) {
     PlayDownloaded(program);
     state.RefreshRunning = false;
   }
-  TrayMenuItem(state, "RefreshNow").Enabled = true;
+  EnableRefreshNow(program, true);
 }
 
 }  // namespace quillbox

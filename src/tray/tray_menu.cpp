@@ -5,6 +5,8 @@
 #include <string>
 #include <utility>
 
+#include "platform/tray_host.h"
+
 namespace quillbox {
 namespace {
 
@@ -69,6 +71,7 @@ void BuildTraySubmenus(const ProgramContext& program) {
   menu.insert(menu.begin() + 4, Submenu("AccountsMenu", "Accounts", {}));
   menu.insert(menu.begin() + 3, Submenu("OpenAccountMenu", "Open AdSense Account", {}));
   program.State.TrayMenu = std::move(menu);
+  TrayMenuChanged(program);
 }
 
 MenuItem& TrayMenuItem(AppState& state, std::string_view name) {
@@ -81,6 +84,15 @@ Menu& AccountsMenu(AppState& state) {
 }
 Menu& OpenAccountMenu(AppState& state) {
   return TrayMenuItem(state, "OpenAccountMenu").Items;
+}
+
+void EnableRefreshNow(const ProgramContext& program, bool enabled) {
+  TrayMenuItem(program.State, "RefreshNow").Enabled = enabled;
+  TrayMenuChanged(program);
+}
+
+void TrayMenuChanged(const ProgramContext& program) {
+  program.Host.Tray.MenuChanged(program.State.TrayMenu);
 }
 
 void ClearAccountsMenu(const ProgramContext& program) {

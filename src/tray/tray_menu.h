@@ -20,6 +20,12 @@ Menu& OpenAccountMenu(AppState& state);
 // The item of that designed name. It must exist.
 MenuItem& TrayMenuItem(AppState& state, std::string_view name);
 
+// Refresh Now can be chosen, or is greyed.
+void EnableRefreshNow(const ProgramContext& program, bool enabled);
+
+// Tells the host of the menu as it is now.
+void TrayMenuChanged(const ProgramContext& program);
+
 // Each removes at most 201 items.
 void ClearAccountsMenu(const ProgramContext& program);
 void ClearOpenAccountMenu(const ProgramContext& program);
