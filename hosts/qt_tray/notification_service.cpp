@@ -1,21 +1,59 @@
 #include "qt_tray/notification_service.h"
 
+#include <QDBusArgument>
 #include <QDBusConnection>
 #include <QDBusMessage>
+#include <QDBusMetaType>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
+#include <QImage>
+#include <QPixmap>
 #include <QStringList>
 #include <QVariantMap>
 
 namespace quillbox {
+
+// The service's form of a picture, (iiibiiay): rows from the top, pixels in bytes of red, green,
+// blue, alpha.
+struct BalloonPicture {
+  QImage Image;
+};
+
+QDBusArgument& operator<<(QDBusArgument& out, const BalloonPicture& picture) {
+  const QImage& image = picture.Image;
+  constexpr int kBits = 8, kChannels = 4;
+  out.beginStructure();
+  out << image.width() << image.height() << static_cast<int>(image.bytesPerLine()) << true << kBits
+      << kChannels
+      << QByteArray(reinterpret_cast<const char*>(image.constBits()), image.sizeInBytes());
+  out.endStructure();
+  return out;
+}
+
+// The bus library wants both directions; this one is never gone.
+const QDBusArgument& operator>>(const QDBusArgument& in, BalloonPicture&) {
+  return in;
+}
+
 namespace {
 
+constexpr int kPictureSide = 64;
 constexpr int kLongestWaitMs = 3000;
 constexpr int kMostNumbers = 50;
 
 QDBusMessage Call(const char* method) {
   const QString name = "org.freedesktop.Notifications";
   return QDBusMessage::createMethodCall(name, "/org/freedesktop/Notifications", name, method);
+}
+
+// The picture itself goes along: a name means nothing to the service where the program isn't
+// installed.
+QVariantMap Hints(const Balloon& balloon) {
+  const QImage image = balloon.Picture.pixmap(QSize(kPictureSide, kPictureSide), 1).toImage();
+  if (image.isNull()) return {};
+  qDBusRegisterMetaType<BalloonPicture>();
+  return {{"image-data",
+           QVariant::fromValue(BalloonPicture{image.convertToFormat(QImage::Format_RGBA8888)})}};
 }
 
 }  // namespace
@@ -37,26 +75,26 @@ void NotificationService::Ask(const QDBusMessage& question,
                    });
 }
 
-void NotificationService::Show(const Balloon& balloon,
-                               const std::function<void(const Balloon&)>& onRefused) {
+void NotificationService::Show(const Balloon& balloon, const Refused& onRefused) {
   if (!QDBusConnection::sessionBus().isConnected()) return onRefused(balloon);
   Ask(Call("GetCapabilities"), [this, balloon, onRefused](const QDBusMessage& answer) {
     if (answer.type() != QDBusMessage::ReplyMessage) return onRefused(balloon);
-    Send(balloon, answer);
+    Send(balloon, answer, onRefused);
   });
 }
 
-void NotificationService::Send(const Balloon& balloon, const QDBusMessage& capabilities) {
+void NotificationService::Send(const Balloon& balloon, const QDBusMessage& capabilities,
+                               const Refused& onRefused) {
   if (capabilities.service() != server_ || numbers_.size() >= kMostNumbers) numbers_.clear();
   server_ = capabilities.service();
   const bool markup = capabilities.arguments().value(0).toStringList().contains("body-markup");
   QDBusMessage notify = Call("Notify");
   notify << QString("Quillbox") << numbers_.value(balloon.Text, 0U) << QString("quillbox")
-         << balloon.Title << BodyFor(balloon.Text, markup) << QStringList() << QVariantMap()
+         << balloon.Title << BodyFor(balloon.Text, markup) << QStringList() << Hints(balloon)
          << balloon.TimeoutMs;
-  Ask(notify, [this, text = balloon.Text](const QDBusMessage& answer) {
-    if (answer.type() != QDBusMessage::ReplyMessage || answer.service() != server_) return;
-    numbers_[text] = answer.arguments().value(0).toUInt();
+  Ask(notify, [this, balloon, onRefused](const QDBusMessage& answer) {
+    if (answer.type() != QDBusMessage::ReplyMessage) return onRefused(balloon);
+    if (answer.service() == server_) numbers_[balloon.Text] = answer.arguments().value(0).toUInt();
   });
 }
 

@@ -1,6 +1,7 @@
 // Balloons through the desktop's notification service.
 #pragma once
 
+#include <QIcon>
 #include <QMap>
 #include <QObject>
 #include <QString>
@@ -14,18 +15,21 @@ struct Balloon {
   QString Title;
   QString Text;
   int TimeoutMs = 0;
+  QIcon Picture = {};
 };
 
 // Never waits. A balloon with the text of an earlier one replaces it on the screen; different texts
 // never replace each other.
 class NotificationService {
  public:
-  // `onRefused` gets what no service would show.
-  void Show(const Balloon& balloon, const std::function<void(const Balloon&)>& onRefused);
+  using Refused = std::function<void(const Balloon&)>;
+
+  // `onRefused` gets what no service would show, or has not said in time that it does.
+  void Show(const Balloon& balloon, const Refused& onRefused);
 
  private:
   void Ask(const QDBusMessage& question, std::function<void(const QDBusMessage&)> onAnswer);
-  void Send(const Balloon& balloon, const QDBusMessage& capabilities);
+  void Send(const Balloon& balloon, const QDBusMessage& capabilities, const Refused& onRefused);
 
   QObject pending_;              // parent of the questions that wait for their answers
   QString server_;               // on the bus; the numbers below are its own

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <QDBusArgument>
+#include <QPixmap>
+
 #include "desktop/fake_bus_service.h"
 
 namespace quillbox {
@@ -53,6 +56,25 @@ TEST_F(NotificationServiceTest, ARepeatReplacesItselfAndMarkupIsReadByNoService)
     EXPECT_EQ(shown.at(4).toString(), c.shown) << c.text;
     EXPECT_EQ(shown.at(7).toInt(), 30000) << c.text;
   }
+}
+
+TEST_F(NotificationServiceTest, GetsThePictureItself) {
+  server_.Appear();
+  QPixmap picture(64, 64);
+  picture.fill(Qt::red);
+  service_.Show({"Quillbox", "one", 30000, QIcon(picture)}, [](const Balloon&) {});
+  ASSERT_TRUE(ComesAbout([&] { return server_.Calls("Notify").size() == 1; }));
+  const QVariantMap hints = qdbus_cast<QVariantMap>(server_.Calls("Notify")[0].arguments().at(6));
+  const auto data = hints["image-data"].value<QDBusArgument>();
+  ASSERT_EQ(data.currentSignature(), "(iiibiiay)");
+  int width = 0, height = 0, line = 0, bits = 0, channels = 0;
+  bool alpha = false;
+  QByteArray pixels;
+  data.beginStructure();
+  data >> width >> height >> line >> alpha >> bits >> channels >> pixels;
+  EXPECT_EQ(width, 64);
+  EXPECT_EQ(line * height, pixels.size());
+  EXPECT_EQ(pixels.left(4), QByteArray("\xFF\0\0\xFF", 4));
 }
 
 TEST_F(NotificationServiceTest, GivesTheBalloonBackWhenThereIsNoService) {
