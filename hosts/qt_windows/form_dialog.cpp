@@ -9,7 +9,6 @@
 #include <utility>
 
 #include "forms/button.h"
-#include "qt_base/icon_picture.h"
 #include "qt_base/unicode_text.h"
 #include "qt_windows/form_binding.h"
 
@@ -58,7 +57,6 @@ QDialog* NewFormDialog(const char* name, const std::string& caption, QWidget* pa
   form->setObjectName(name);
   form->setAttribute(Qt::WA_DeleteOnClose);
   form->setWindowTitle(ToUnicode(caption));
-  form->setWindowIcon(OwnPicture());
   return form;
 }
 

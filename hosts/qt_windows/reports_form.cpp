@@ -6,7 +6,6 @@
 #include <QScreen>
 #include <algorithm>
 
-#include "qt_base/icon_picture.h"
 #include "qt_windows/choice_panel.h"
 #include "qt_windows/form_dialog.h"
 #include "reports/window_layout.h"
@@ -18,7 +17,6 @@ ReportsForm::ReportsForm(ReportsFields& fields, QWidget* page)
   setObjectName("ReportsWin");
   setAttribute(Qt::WA_DeleteOnClose);
   setWindowTitle(kReportsCaption);
-  setWindowIcon(OwnPicture());
   page_->setParent(this);
   page_->setObjectName("IE");
   CloseByKeys(this);

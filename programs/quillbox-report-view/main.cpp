@@ -7,6 +7,7 @@
 #include <optional>
 
 #include "cage.h"
+#include "qt_base/icon_picture.h"
 #include "qt_base/window_system.h"
 #include "view_window.h"
 
@@ -19,6 +20,7 @@ int main(int argc, char* argv[]) {
   display.reset();
   QApplication::setApplicationName("Quillbox");
   QApplication::setDesktopFileName("quillbox");
+  QApplication::setWindowIcon(quillbox::OwnPicture());
   const quillbox::ViewWindow window;
   const int result = QApplication::exec();
   // The engine would wait here for a page whose script never ends; nothing of it is worth keeping.

@@ -11,6 +11,7 @@
 #include "desktop/region.h"
 #include "desktop/working_files.h"
 #include "platform/single_instance.h"
+#include "qt_base/icon_picture.h"
 #include "qt_base/window_system.h"
 #include "shell/program.h"
 #include "system/process_protection.h"
@@ -24,6 +25,7 @@ int main(int argc, char* argv[]) {
   preference.reset();
   QApplication::setApplicationName("Quillbox");
   QApplication::setDesktopFileName("quillbox");
+  QApplication::setWindowIcon(quillbox::OwnPicture());
   // The program's face is its icon: closing a window ends nothing, and a signing out asks nothing.
   QApplication::setQuitOnLastWindowClosed(false);
   QObject::connect(&application, &QGuiApplication::saveStateRequest, [](QSessionManager& session) {

@@ -27,8 +27,14 @@ printf 0 > "${files#*|}")");
     desktop_.StartTray();
     quillbox_ = StartQuillbox();
     ASSERT_TRUE(WindowComes("Quillbox"));
+    EXPECT_TRUE(HasIcon("Quillbox"));
     Keys("Return");
     ASSERT_TRUE(WindowComes("Quillbox Options"));
+    EXPECT_TRUE(HasIcon("Quillbox Options"));
+  }
+
+  bool HasIcon(const QString& title) {
+    return desktop_.Output("xprop", {"-id", WindowOf(title), "_NET_WM_ICON"}).contains("Icon (");
   }
 
   QPoint MiddleOf(const QString& title) {
