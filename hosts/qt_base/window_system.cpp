@@ -33,6 +33,11 @@ bool OnX11() {
   return QGuiApplication::platformName() == "xcb";
 }
 
+bool OnX11Desktop() {
+  return OnX11() && qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") &&
+         qgetenv("XDG_SESSION_TYPE") != "wayland";
+}
+
 X11Preference::X11Preference()
     : chosen_(qEnvironmentVariableIsEmpty(kPlatform) && !qEnvironmentVariableIsEmpty("DISPLAY") &&
               !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY")) {

@@ -7,6 +7,10 @@ namespace quillbox {
 // mouse and the keyboard without having another window. Elsewhere none of it can be relied on.
 bool OnX11();
 
+// False also for a program that speaks X11 on a Wayland desktop: the pointer's place is not told
+// there while it is over the windows of others, a panel's among them.
+bool OnX11Desktop();
+
 // While it lives, a QApplication that is made speaks X11 where the desktop offers it beside
 // Wayland, which most do, and Wayland otherwise. Has no effect when the person chose with
 // QT_QPA_PLATFORM, and none on the programs that are started after its end.

@@ -1,14 +1,22 @@
 #include "qt_tray/qt_tray_host.h"
 
+#include <utility>
+
 #include "qt_base/icon_picture.h"
 #include "qt_base/unicode_text.h"
-#include "qt_tray/tray_menu_view.h"
 
 namespace quillbox {
 
-QtTrayHost::QtTrayHost() : presence_([this] { TrayChanged(); }) {
-  QObject::connect(&menu_, &QMenu::aboutToShow, [this] { FillTrayMenu(); });
-}
+QtTrayHost::QtTrayHost()
+    : presence_([this] { TrayChanged(); }),
+      menu_([this](const MenuItem& item) {
+        if (events_ != nullptr) events_->MenuItemChosen(item);
+      }),
+      item_({[this](TrayMouse code) { Report(code); },
+             [this] {
+               if (presence_.Current().Type != Tray::Kind::kStatusNotifier)
+                 presence_.Watcher().AskForHost();
+             }}) {}
 
 bool QtTrayHost::Apply(TrayOperation operation, const TrayIconRecord& record) {
   switch (operation) {
@@ -22,34 +30,29 @@ bool QtTrayHost::Apply(TrayOperation operation, const TrayIconRecord& record) {
   return false;
 }
 
+// The item is offered before a host is known: there may be one that nobody tells of.
 bool QtTrayHost::Add(const TrayIconRecord& record) {
   wanted_ = true;
-  if (!presence_.Present()) {
-    notice_.Begin();
+  ShowPicture(record.hIcon);
+  presence_.Watcher().Offer(item_.Appear());
+  const Tray tray = presence_.Current();
+  if (!tray.IsThere()) {
+    presence_.Watcher().AskForHost();
+    if (tray.Type == Tray::Kind::kNone) notice_.Begin();
     return false;
   }
   notice_.Cancel();
-  if (!icon_) icon_ = std::make_unique<QSystemTrayIcon>();
-  ShowPicture(record.hIcon);
-  icon_->show();
-  if (!mouse_) FurnishIcon();
+  if (tray.Type == Tray::Kind::kX11 && !dock_) {
+    dock_ = std::make_unique<X11Dock>(tray.Window, [this](TrayMouse code) { Report(code); });
+    dock_->SetPicture(picture_);
+  }
+  shown_ = true;
   ShowBalloon(record);
   return true;
 }
 
-// Only the icon that is shown tells which kind of tray Qt has chosen. A desktop that draws it asks
-// for tip and menu when this program handles events again.
-void QtTrayHost::FurnishIcon() {
-  mouse_ = std::make_unique<TrayIconMouse>(*icon_, [this](TrayMouse code) { Report(code); });
-  presence_.QtChose(mouse_->InDock());
-  ShowTip();
-  if (mouse_->InDock()) return;
-  FillTrayMenu();  // some hosts look at it before they say that they show it
-  icon_->setContextMenu(&menu_);
-}
-
 bool QtTrayHost::Modify(const TrayIconRecord& record) {
-  if (!icon_) return false;
+  if (!shown_) return false;
   if ((record.uFlags & kNifIcon) != 0) ShowPicture(record.hIcon);
   ShowBalloon(record);
   return true;
@@ -58,38 +61,36 @@ bool QtTrayHost::Modify(const TrayIconRecord& record) {
 bool QtTrayHost::Delete() {
   wanted_ = false;
   notice_.Cancel();
-  shownPicture_.reset();
-  const bool had = icon_ != nullptr;
-  mouse_.reset();
-  icon_.reset();
-  return had;
+  presence_.Watcher().Withdraw();
+  item_.Vanish();
+  dock_.reset();
+  balloon_.reset();
+  return std::exchange(shown_, false);
 }
 
-// The old tray took the icon with it, and an icon object doesn't survive its tray on every desktop.
+// The old tray took the icon with it.
 void QtTrayHost::TrayChanged() {
-  mouse_.reset();
-  icon_.reset();
-  shownPicture_.reset();
+  shown_ = false;
+  dock_.reset();
+  balloon_.reset();
   if (!wanted_) return;
-  if (presence_.Present() && events_ != nullptr) events_->TaskbarCreated();
+  const Tray& tray = presence_.Current();
+  if (tray.IsThere() && events_ != nullptr) events_->TaskbarCreated();
+  if (tray.Type == Tray::Kind::kNone) notice_.Begin();
 }
 
 void QtTrayHost::ShowPicture(const std::string& path) {
   if (shownPicture_ == path) return;
-  QIcon picture;
-  if (!path.empty()) picture = PictureFromFile(path);
-  icon_->setIcon(picture.isNull() ? OwnPicture() : picture);
+  picture_ = path.empty() ? QIcon() : PictureFromFile(path);
+  if (picture_.isNull()) picture_ = OwnPicture();
   shownPicture_ = path;
-}
-
-void QtTrayHost::TooltipChanged(const std::string& text) {
-  tip_ = text;
-  if (mouse_) ShowTip();
+  item_.SetPicture(picture_);
+  if (dock_) dock_->SetPicture(picture_);
 }
 
 // In a dock the program's own window takes its place.
-void QtTrayHost::ShowTip() {
-  if (!mouse_->InDock()) icon_->setToolTip(ToUnicodeLines(tip_));
+void QtTrayHost::TooltipChanged(const std::string& text) {
+  item_.SetTip(ToUnicodeLines(text));
 }
 
 // A move is only noted. What a click leads to may pump events, and in those the tray can go and
@@ -104,22 +105,15 @@ void QtTrayHost::Report(TrayMouse code) {
 void QtTrayHost::ShowBalloon(const TrayIconRecord& record) {
   if ((record.uFlags & kNifInfo) == 0 || record.szInfo.Text().empty()) return;
   const Balloon balloon{ToUnicode(record.szInfoTitle.Text()), ToUnicodeLines(record.szInfo.Text()),
-                        static_cast<int>(record.uTimeout)};
+                        static_cast<int>(record.uTimeout), picture_};
   notifications_.Show(balloon, [this](const Balloon& refused) {
-    if (!icon_) return;
-    icon_->showMessage(refused.Title, refused.Text, QSystemTrayIcon::NoIcon, refused.TimeoutMs);
+    if (!dock_) return;
+    balloon_ = std::make_unique<BalloonWindow>(refused, dock_->Place());
   });
 }
 
 bool QtTrayHost::CanShowPicture(const std::string& path) {
   return !PictureFromFile(path).isNull();
-}
-
-void QtTrayHost::FillTrayMenu() {
-  if (events_ == nullptr) return;
-  FillMenu(menu_, events_->TrayMenu(), [this](const MenuItem& item) {
-    if (events_ != nullptr) events_->MenuItemChosen(item);
-  });
 }
 
 }  // namespace quillbox

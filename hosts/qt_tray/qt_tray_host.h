@@ -1,21 +1,25 @@
 // The icon in the tray: its picture, tip, menu and balloons.
 #pragma once
 
-#include <QMenu>
-#include <QSystemTrayIcon>
+#include <QObject>
 #include <memory>
 #include <optional>
 #include <string>
 
 #include "platform/host_events.h"
 #include "platform/tray_host.h"
+#include "qt_tray/balloon_window.h"
+#include "qt_tray/dbus_menu.h"
 #include "qt_tray/no_tray_notice.h"
 #include "qt_tray/notification_service.h"
-#include "qt_tray/tray_icon_mouse.h"
+#include "qt_tray/status_notifier_item.h"
 #include "qt_tray/tray_presence.h"
+#include "qt_tray/x11_dock.h"
 
 namespace quillbox {
 
+// Speaks the protocols of both kinds of tray itself: the toolkit's own class waits for an answer of
+// the StatusNotifier service, which may be silent, and decides once a process which kind there is.
 class QtTrayHost : public TrayHost {
  public:
   QtTrayHost();
@@ -25,11 +29,12 @@ class QtTrayHost : public TrayHost {
 
   bool Apply(TrayOperation operation, const TrayIconRecord& record) override;
   void TooltipChanged(const std::string& text) override;
+  void MenuChanged(const Menu& menu) override { menu_.Show(menu); }
   bool CanShowPicture(const std::string& path) override;
 
-  // As TrayIconMouse::LastPlace.
+  // As X11Dock::LastPlace.
   std::optional<QPoint> LastPlaceOverIcon(QPoint cursor) const {
-    return mouse_ ? mouse_->LastPlace(cursor) : std::nullopt;
+    return dock_ ? dock_->LastPlace(cursor) : std::nullopt;
   }
 
  private:
@@ -37,24 +42,23 @@ class QtTrayHost : public TrayHost {
   bool Add(const TrayIconRecord& record);
   bool Modify(const TrayIconRecord& record);
   bool Delete();
-  void FurnishIcon();
-  void Report(TrayMouse code);
   void ShowPicture(const std::string& path);
-  void ShowTip();
   void ShowBalloon(const TrayIconRecord& record);
-  void FillTrayMenu();
+  void Report(TrayMouse code);
 
   HostEvents* events_ = nullptr;
+  QObject clicks_;  // receives those that wait for their turn
   TrayPresence presence_;
   NoTrayNotice notice_;
   NotificationService notifications_;
-  QObject clicks_;  // receives those that wait for their turn
-  QMenu menu_;      // a copy of it is the tray's to show, where the tray does that
-  std::unique_ptr<QSystemTrayIcon> icon_;
-  std::unique_ptr<TrayIconMouse> mouse_;     // lives as long as the icon
-  std::optional<std::string> shownPicture_;  // hIcon of the picture in the tray
-  std::string tip_;
-  bool wanted_ = false;  // the program has added its icon and not removed it
+  DBusMenu menu_;
+  StatusNotifierItem item_;        // for hosts that draw the icon
+  std::unique_ptr<X11Dock> dock_;  // the icon in an X11 tray
+  std::unique_ptr<BalloonWindow> balloon_;
+  QIcon picture_;
+  std::optional<std::string> shownPicture_;  // hIcon of the picture
+  bool wanted_ = false;                      // the program has added its icon and not removed it
+  bool shown_ = false;                       // it is in the current tray
 };
 
 }  // namespace quillbox

@@ -13,10 +13,16 @@ QString CaptionOf(const MenuItem& item) {
   return ToUnicode(Elided(item.Caption)).replace("&", "&&");
 }
 
+// The whole of a caption that is shown without its middle.
+QString TipOf(const MenuItem& item) {
+  return Elided(item.Caption) == item.Caption ? QString() : ToUnicode(item.Caption);
+}
+
 void AddItem(QMenu& menu, const MenuItem& item, const OnChosen& onChosen) {
   QAction* const action = menu.addAction(CaptionOf(item));
   if (item.Default) menu.setDefaultAction(action);
   action->setEnabled(item.Enabled);
+  action->setToolTip(TipOf(item));
   action->setObjectName(ToUnicode(item.Name));
   QObject::connect(action, &QAction::triggered, [item, onChosen] { onChosen(item); });
 }
@@ -26,16 +32,13 @@ void AddSubmenu(QMenu& menu, const MenuItem& item, const OnChosen& onChosen) {
   submenu->setObjectName(ToUnicode(item.Name));
   submenu->setEnabled(item.Enabled);
   FillMenu(*submenu, item.Items, onChosen);
-  menu.addMenu(submenu);
+  menu.addMenu(submenu)->setToolTip(TipOf(item));
 }
 
 }  // namespace
 
 void FillMenu(QMenu& menu, const Menu& items, const OnChosen& onChosen) {
-  for (QMenu* const submenu : menu.findChildren<QMenu*>(Qt::FindDirectChildrenOnly)) {
-    submenu->deleteLater();
-  }
-  menu.clear();
+  menu.setToolTipsVisible(true);
   for (const MenuItem& item : items) {
     if (item.Submenu) {
       AddSubmenu(menu, item, onChosen);

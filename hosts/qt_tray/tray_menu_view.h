@@ -1,4 +1,4 @@
-// The tray menu on the screen.
+// The tray menu as a popup.
 #pragma once
 
 #include <QMenu>
@@ -8,8 +8,8 @@
 
 namespace quillbox {
 
-// Fills the menu with these items in place of what it holds. `onChosen` gets a copy of the item
-// that the person chooses. An item's designed name is its action's object name.
+// Appends these items. `onChosen` gets a copy of the item that the person chooses. An item's
+// designed name is its action's object name.
 void FillMenu(QMenu& menu, const Menu& items, const std::function<void(const MenuItem&)>& onChosen);
 
 }  // namespace quillbox

@@ -1,35 +1,51 @@
-// Whether there is a tray that our icon can stand in.
+// Which tray our icon is to stand in.
 #pragma once
 
+#include <QTimer>
+#include <cstdint>
 #include <functional>
-#include <optional>
 
-#include "qt_tray/status_notifier_tray.h"
+#include "qt_tray/status_notifier_watcher.h"
 #include "qt_tray/x11_tray.h"
 
 namespace quillbox {
 
-// Qt asks once a process which kind of tray there is, at the first use of its tray icon class, and
-// stays with the answer. So nothing may use that class before Present is true, and from then on
-// only a tray of Qt's kind counts. A panel can be both kinds, the one a moment before the other:
-// which of them Qt found must be seen from what it made.
+struct Tray {
+  // kUndecided: the StatusNotifier service has still to say whether there is a host.
+  enum class Kind { kNone, kUndecided, kX11, kStatusNotifier };
+
+  bool IsThere() const { return Type == Kind::kX11 || Type == Kind::kStatusNotifier; }
+  bool operator==(const Tray&) const = default;
+
+  Kind Type = Kind::kNone;
+  std::uint32_t Window = 0;  // of an X11 tray
+  int Announcements = 0;     // as X11Tray has them
+  QString Service = {};      // the StatusNotifier service's owner
+};
+
+// A StatusNotifier host comes before an X11 tray, whichever was first: many panels are both, and
+// the icon is to be the same thing at each start. A service that has not answered holds up the X11
+// tray for a moment only, and takes no icon away from it; its host gets the icon when it does
+// answer.
 class TrayPresence {
  public:
-  // `onChange` runs from the event loop when a tray has come, gone, or been replaced by another.
-  explicit TrayPresence(const std::function<void()>& onChange);
+  // `onChange` runs from the event loop when Current has become another tray, or none.
+  explicit TrayPresence(std::function<void()> onChange);
 
-  bool Present() const;
-
-  // What Qt has chosen: an X11 dock, which holds a window of ours, or a desktop that draws the
-  // icon.
-  void QtChose(bool dock) { chosen_ = dock ? Kind::kX11 : Kind::kStatusNotifier; }
+  const Tray& Current() const { return current_; }
+  StatusNotifierWatcher& Watcher() { return watcher_; }
 
  private:
-  enum class Kind { kStatusNotifier, kX11 };
+  Tray Find() const;
+  void BePatient();
+  void Look();
 
-  StatusNotifierTray statusNotifier_;
+  std::function<void()> onChange_;
+  StatusNotifierWatcher watcher_;
   X11Tray x11_;
-  std::optional<Kind> chosen_;
+  QTimer patience_;  // with a service that has not answered
+  QString asked_;    // the owner for which it ran
+  Tray current_;
 };
 
 }  // namespace quillbox

@@ -8,16 +8,28 @@ namespace quillbox {
 
 FakeBusService::FakeBusService(const QString& busAddress, const QString& name, const QString& path,
                                Answer answer, QString description)
-    : name_(name),
+    : address_(busAddress),
+      name_(name),
       path_(path),
       description_(std::move(description)),
       answer_(std::move(answer)),
-      connection_(QDBusConnection::connectToBus(busAddress, name)) {
-  connection_.registerVirtualObject(path, this, QDBusConnection::SubPath);
-}
+      connection_(Connect()) {}
 
 FakeBusService::~FakeBusService() {
   QDBusConnection::disconnectFromBus(name_);
+}
+
+QDBusConnection FakeBusService::Connect() {
+  QDBusConnection connection = QDBusConnection::connectToBus(address_, name_);
+  connection.registerVirtualObject(path_, this, QDBusConnection::SubPath);
+  return connection;
+}
+
+// Whoever waits for an answer is told that there will be none.
+void FakeBusService::Die() {
+  connection_ = QDBusConnection("none");  // the last one that holds it closes it
+  QDBusConnection::disconnectFromBus(name_);
+  connection_ = Connect();
 }
 
 void FakeBusService::Appear() {
@@ -32,6 +44,13 @@ void FakeBusService::Signal(const QString& signal) {
   connection_.send(QDBusMessage::createSignal(path_, name_, signal));
 }
 
+void FakeBusService::AnswerAtLast() {
+  mood_ = Mood::kAnswers;
+  for (const QDBusMessage& call : std::exchange(unanswered_, {})) {
+    connection_.send(call.createReply(answer_(call)));
+  }
+}
+
 std::vector<QDBusMessage> FakeBusService::Calls(const QString& method) const {
   std::vector<QDBusMessage> found;
   for (const QDBusMessage& call : calls_) {
@@ -43,7 +62,22 @@ std::vector<QDBusMessage> FakeBusService::Calls(const QString& method) const {
 bool FakeBusService::handleMessage(const QDBusMessage& message, const QDBusConnection& connection) {
   if (message.member() == "Introspect") return false;
   calls_.push_back(message);
-  return connection.send(message.createReply(answer_(message)));
+  switch (mood_) {
+    case Mood::kAnswers:
+      connection.send(message.createReply(answer_(message)));
+      break;
+    case Mood::kRefuses:
+      connection.send(message.createErrorReply(QDBusError::Failed, "no"));
+      break;
+    case Mood::kSilent:
+      unanswered_.push_back(message);
+      break;
+    case Mood::kDies:
+      QMetaObject::invokeMethod(
+          this, [this] { Die(); }, Qt::QueuedConnection);
+      break;
+  }
+  return true;
 }
 
 bool ComesAbout(const std::function<bool()>& wished) {

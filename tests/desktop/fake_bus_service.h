@@ -27,6 +27,12 @@ class FakeBusService : public QDBusVirtualObject {
   // Calls so far of this method.
   std::vector<QDBusMessage> Calls(const QString& method) const;
 
+  // What becomes of calls from now on.
+  enum class Mood { kAnswers, kRefuses, kSilent, kDies };
+  void Be(Mood mood) { mood_ = mood; }
+  // Answers the calls that it was silent at.
+  void AnswerAtLast();
+
   // Tells those who listen.
   void Signal(const QString& signal);
 
@@ -34,10 +40,14 @@ class FakeBusService : public QDBusVirtualObject {
   bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override;
 
  private:
-  const QString name_, path_, description_;
+  QDBusConnection Connect();
+  void Die();
+
+  const QString address_, name_, path_, description_;
   const Answer answer_;
   QDBusConnection connection_;
-  std::vector<QDBusMessage> calls_;
+  Mood mood_ = Mood::kAnswers;
+  std::vector<QDBusMessage> calls_, unanswered_;
 };
 
 // Handles events until it is so, long enough for any machine.

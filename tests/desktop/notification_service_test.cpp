@@ -13,7 +13,10 @@ namespace {
 class NotificationServiceTest : public testing::Test {
  protected:
   QVariantList Answer(const QDBusMessage& call) {
-    if (call.member() == "GetCapabilities") return {capabilities_};
+    if (call.member() == "GetCapabilities") {
+      server_.Be(then_);
+      return {capabilities_};
+    }
     return {++lastNumber_};
   }
 
@@ -28,6 +31,7 @@ class NotificationServiceTest : public testing::Test {
 
   QStringList capabilities_ = {"body"};
   uint lastNumber_ = 40;
+  FakeBusService::Mood then_ = FakeBusService::Mood::kAnswers;  // when the balloon comes
   FakeBusService server_{QString::fromUtf8(qgetenv("DBUS_SESSION_BUS_ADDRESS")),
                          "org.freedesktop.Notifications", "/org/freedesktop/Notifications",
                          [this](const QDBusMessage& call) { return Answer(call); }};
@@ -77,11 +81,25 @@ TEST_F(NotificationServiceTest, GetsThePictureItself) {
   EXPECT_EQ(pixels.left(4), QByteArray("\xFF\0\0\xFF", 4));
 }
 
-TEST_F(NotificationServiceTest, GivesTheBalloonBackWhenThereIsNoService) {
-  QString refused;
-  service_.Show({"Quillbox", "one", 30000},
-                [&](const Balloon& balloon) { refused = balloon.Text; });
-  EXPECT_TRUE(ComesAbout([&] { return refused == "one"; }));
+TEST_F(NotificationServiceTest, GivesBackABalloonThatNoServiceShows) {
+  using Mood = FakeBusService::Mood;
+  static const struct Case {
+    const char* text;
+    bool there;
+    Mood then;
+  } kCases[] = {{"none", false, Mood::kAnswers},
+                {"refuses", true, Mood::kRefuses},
+                {"silent", true, Mood::kSilent},
+                {"dies", true, Mood::kDies}};
+  for (const Case& c : kCases) {
+    if (c.there) server_.Appear();
+    server_.Be(Mood::kAnswers);
+    then_ = c.then;
+    QString refused;
+    service_.Show({"Quillbox", c.text, 30000},
+                  [&](const Balloon& balloon) { refused = balloon.Text; });
+    EXPECT_TRUE(ComesAbout([&] { return refused == c.text; })) << c.text;
+  }
 }
 
 }  // namespace

@@ -89,20 +89,16 @@ bool QuillboxOnDesktop::GetsKeys(const QString& title) {
   });
 }
 
-// A tray moves an icon that it has just taken in, and Qt puts it in once more when the tray is new.
+// A tray moves an icon that it has just taken in.
 void QuillboxOnDesktop::PointAtIcon() {
   std::vector<QPoint> before, now;
   ASSERT_TRUE(ComesAbout([&] {
+    desktop_.NudgeWindowManager();  // the tray grows with the icon
     before = std::exchange(now, DockedIcons(desktop_));
     QThread::msleep(100);
     return now.size() == 1 && now == before;
   }));
   Mouse(QString("mousemove %1 %2").arg(now[0].x()).arg(now[0].y()));
-}
-
-bool QuillboxOnDesktop::TooltipIsShown() {
-  return !desktop_.Output("xdotool", {"search", "--onlyvisible", "--name", "^TooltipWin$"})
-              .isEmpty();
 }
 
 bool QuillboxOnDesktop::TooltipComes() {

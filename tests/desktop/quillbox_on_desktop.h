@@ -53,7 +53,7 @@ class QuillboxOnDesktop : public testing::Test {
   void Type(const QString& text) { desktop_.Output("xdotool", {"type", text}); }
   void PointAtIcon();
   void PointElsewhere() { Mouse("mousemove 400 200"); }
-  bool TooltipIsShown();
+  bool TooltipIsShown() { return !WindowOf("TooltipWin").isEmpty(); }
   bool TooltipComes();
   bool TooltipGoes();
   void ExpectHoverWorks();

@@ -1,4 +1,5 @@
-// The real program at StatusNotifier hosts: one that the test plays, and the panel of Xfce.
+// The real program at StatusNotifier hosts: one that the test plays, and the panels of Xfce and
+// LXQt.
 #include <gmock/gmock.h>
 
 #include <QDBusVariant>
@@ -9,46 +10,51 @@
 #include "desktop/fake_bus_service.h"
 #include "desktop/quillbox_on_desktop.h"
 #include "desktop/rounds.h"
+#include "system/instance_gate.h"
+#include "system/runtime_folder.h"
 
 namespace quillbox {
 namespace {
 
 using testing::MatchesRegex;
 
+using Mood = FakeBusService::Mood;
+
 // The service at which icons of this kind are registered.
 class PlayedWatcher : public FakeBusService {
  public:
   explicit PlayedWatcher(const QString& busAddress)
-      : FakeBusService(
-            busAddress, "org.kde.StatusNotifierWatcher", "/StatusNotifierWatcher",
-            [this](const QDBusMessage& call) {
-              if (call.member() != "Get") return QVariantList();
-              const bool answer = HasHost && NoesBefore <= 0;
-              if (HasHost && NoesBefore > 0) --NoesBefore;
-              return QVariantList{QVariant::fromValue(QDBusVariant(answer))};
-            },
-            "<interface name='org.kde.StatusNotifierWatcher'>"
-            "<property name='IsStatusNotifierHostRegistered' type='b' access='read'/>"
-            "<method name='RegisterStatusNotifierItem'><arg type='s' direction='in'/></method>"
-            "</interface>") {}
+      : FakeBusService(busAddress, "org.kde.StatusNotifierWatcher", "/StatusNotifierWatcher",
+                       [this](const QDBusMessage& call) {
+                         if (call.member() != "Get") return QVariantList();
+                         return QVariantList{QVariant::fromValue(QDBusVariant(HasHost))};
+                       }) {}
 
-  bool HasHost = false;  // that shows the icons
-  int NoesBefore = 0;    // so often it says that it has none, before it says that it has
+  QVariant HasHost = false;  // that shows the icons
 };
 
 // A host that can only activate.
 class PlayedHostTest : public QuillboxOnDesktop {
  protected:
-  // The icons that were offered so far.
+  // The icons that were offered so far, and the times at which a host was asked for.
   std::vector<QDBusMessage> Icons() const { return watcher_.Calls("RegisterStatusNotifierItem"); }
   void AwaitIcon(std::size_t number) {
     ASSERT_TRUE(ComesAbout([&] { return Icons().size() == number; }));
+  }
+  void AwaitQuestionAfter(std::size_t asked) {
+    ASSERT_TRUE(ComesAbout([&] { return watcher_.Calls("Get").size() > asked; }));
   }
   void Register() {
     watcher_.HasHost = true;
     watcher_.Appear();
     quillbox_ = StartQuillbox();
     AwaitIcon(1);
+  }
+  bool IsDocked() { return DockedIcons(desktop_).size() == 1; }
+
+  // The limit is below that of any question to a silent service.
+  static bool ASecondStartIsHeard() {
+    return InstanceGate(RuntimeFolder(InstanceGate::kLongestFolder)).Knock(std::chrono::seconds(2));
   }
 
   // Of the icon that was offered last.
@@ -62,6 +68,10 @@ class PlayedHostTest : public QuillboxOnDesktop {
   }
 
   PlayedWatcher watcher_{desktop_.BusAddress()};
+  QVariant notificationsAnswer_;
+  FakeBusService notifications_{
+      desktop_.BusAddress(), "org.freedesktop.Notifications", "/org/freedesktop/Notifications",
+      [this](const QDBusMessage&) { return QVariantList{notificationsAnswer_}; }};
 };
 
 TEST_F(PlayedHostTest, GetsIconTipAndMenuHoweverLateItComes) {
@@ -70,14 +80,10 @@ TEST_F(PlayedHostTest, GetsIconTipAndMenuHoweverLateItComes) {
   for (int round = 0; round < Rounds(); ++round) {
     SCOPED_TRACE(round);
     const std::size_t before = Icons().size();
-    const std::size_t asked = watcher_.Calls("Get").size();
     watcher_.HasHost = false;
     watcher_.Appear();
-    ASSERT_TRUE(ComesAbout([&] { return watcher_.Calls("Get").size() > asked; }));
-    EXPECT_EQ(Icons().size(), before) << "there is no host yet";
+    AwaitIcon(before + 1);
     watcher_.HasHost = true;
-    watcher_.Signal("StatusNotifierHostRegistered");
-    ASSERT_TRUE(ComesAbout([&] { return Icons().size() > before; }));
     EXPECT_TRUE(Ask({"/StatusNotifierItem", "org.freedesktop.DBus.Properties.Get",
                      "string:org.kde.StatusNotifierItem", "string:ToolTip"})
                     .contains("\"Quillbox\""));
@@ -87,6 +93,89 @@ TEST_F(PlayedHostTest, GetsIconTipAndMenuHoweverLateItComes) {
     watcher_.Vanish();
   }
   EXPECT_EQ(quillbox_->state(), QProcess::Running);
+}
+
+// Whatever the tray's service and that of notifications do, the program goes on, and shows its icon
+// in the tray that is left and its balloon in a window of its own.
+TEST_F(PlayedHostTest, NoServiceOfTheBusHoldsTheProgramUp) {
+  static const struct Case {
+    const char* name;
+    Mood mood;
+    QVariant answer;
+    bool ownBalloon;
+  } kCases[] = {
+      {"no", Mood::kAnswers, false, false},    {"junk", Mood::kAnswers, "true", false},
+      {"more junk", Mood::kAnswers, 1, false}, {"error", Mood::kRefuses, true, true},
+      {"silence", Mood::kSilent, true, true},  {"death", Mood::kDies, true, true},
+  };
+  WriteScript("dl", "printf 1 > \"${1##*|}\"");  // no connection, which a balloon tells
+  Store(SettingBatch().Write(kRefreshTooltip, kTrue).Write(kDataToDownload, kDownloadContent));
+  desktop_.StartTray();
+  for (const Case& c : kCases) {
+    SCOPED_TRACE(c.name);
+    watcher_.HasHost = notificationsAnswer_ = c.answer;
+    for (FakeBusService* const service :
+         {static_cast<FakeBusService*>(&watcher_), &notifications_}) {
+      service->Be(c.mood);
+      service->Appear();
+    }
+    const std::size_t asked = watcher_.Calls("Get").size();
+    const std::size_t notified = notifications_.Calls("GetCapabilities").size();
+    quillbox_ = StartQuillbox();
+    AwaitQuestionAfter(asked);
+    EXPECT_TRUE(ASecondStartIsHeard());
+    EXPECT_TRUE(IconComes());
+    EXPECT_TRUE(
+        ComesAbout([&] { return notifications_.Calls("GetCapabilities").size() > notified; }));
+    EXPECT_TRUE(ASecondStartIsHeard());
+    if (c.ownBalloon) {
+      EXPECT_TRUE(ComesAbout([&] { return !WindowOf("Balloon").isEmpty(); }));
+    }
+    watcher_.Vanish();
+    watcher_.Appear();
+    EXPECT_TRUE(ASecondStartIsHeard());
+    EXPECT_TRUE(IconComes());
+    watcher_.Vanish();
+    quillbox_.reset();
+  }
+}
+
+TEST_F(PlayedHostTest, GetsTheIconFromTheDockWhenItAnswersAtLast) {
+  desktop_.StartTray();
+  watcher_.Be(Mood::kSilent);
+  Register();
+  ASSERT_TRUE(IconComes());
+  watcher_.AnswerAtLast();
+  EXPECT_TRUE(IconGoes());
+  watcher_.Vanish();
+  EXPECT_TRUE(IconComes());
+  for (int restart = 0; restart < 100; ++restart) {
+    watcher_.Appear();
+    watcher_.Vanish();
+  }
+  watcher_.Be(Mood::kSilent);
+  watcher_.Appear();
+  EXPECT_TRUE(ASecondStartIsHeard());
+  watcher_.AnswerAtLast();
+  EXPECT_TRUE(IconGoes());
+  EXPECT_EQ(quillbox_->state(), QProcess::Running);
+}
+
+// It says that it has none, and doesn't tell when one comes.
+TEST_F(PlayedHostTest, IsAskedForAgainAtASecondStartAndWhenSomebodyReadsTheIcon) {
+  watcher_.Appear();
+  quillbox_ = StartQuillbox();
+  AwaitIcon(1);
+  AwaitQuestionAfter(0);
+  const std::size_t asked = watcher_.Calls("Get").size();
+  EXPECT_TRUE(ASecondStartIsHeard());
+  AwaitQuestionAfter(asked);
+  desktop_.StartTray();
+  ASSERT_TRUE(IconComes());
+  watcher_.HasHost = true;
+  Ask({"/StatusNotifierItem", "org.freedesktop.DBus.Properties.GetAll",
+       "string:org.kde.StatusNotifierItem"});
+  EXPECT_TRUE(IconGoes());
 }
 
 TEST_F(PlayedHostTest, ItsActivationsAreClicksAndItGetsOurMenu) {
@@ -105,17 +194,24 @@ TEST_F(PlayedHostTest, ItsActivationsAreClicksAndItGetsOurMenu) {
   EXPECT_EQ(quillbox_->exitCode(), 0);
 }
 
-// The dock is there first, and the host comes while the program looks.
-TEST_F(PlayedHostTest, APanelOfBothKindsIsTakenForTheKindThatQtFound) {
-  desktop_.StartTray();
-  watcher_.NoesBefore = 1;
-  Register();
-  watcher_.Signal("StatusNotifierHostRegistered");
-  AwaitIcon(2);
-  Call("SecondaryActivate");
-  EXPECT_TRUE(TooltipComes());
-  Call("ContextMenu");
-  EXPECT_TRUE(MenuComes());
+TEST_F(PlayedHostTest, MiddleButtonOpensTheWindowWhereThePointersPlaceIsKnown) {
+  for (const char* const session : {"wayland", "x11"}) {
+    qputenv("XDG_SESSION_TYPE", session);
+    const std::size_t before = Icons().size();
+    watcher_.HasHost = true;
+    watcher_.Appear();
+    quillbox_ = StartQuillbox();
+    AwaitIcon(before + 1);
+    Call("SecondaryActivate");
+    if (session == std::string("x11")) {
+      EXPECT_TRUE(TooltipComes());
+    } else {
+      Settle();
+      EXPECT_FALSE(TooltipIsShown());
+    }
+    quillbox_.reset();
+  }
+  qunsetenv("XDG_SESSION_TYPE");
 }
 
 // A panel as small as what it holds, which is one icon.
@@ -202,20 +298,76 @@ TEST_F(XfcePanelTest, IconComesBackEachTimeAndItsButtonsWork) {
   EXPECT_EQ(quillbox_->state(), QProcess::Running);
 }
 
-// The panel is a dock too, at its start nothing else, and which of the two Qt finds is settled once
-// for each process: the icon must be in one of them, and the window open from there.
+// The panel is a dock too, and at its start nothing else: the icon is the same thing each time.
 TEST_F(XfcePanelTest, ProgramAndPanelFindEachOtherHoweverCloselyTheyStart) {
   for (int round = 0; round < Rounds(); ++round) {
     quillbox_ = StartQuillbox();
     QThread::msleep(static_cast<unsigned long>(round % 10 * 30));
     StartPanel();
-    const auto isShown = [&] { return IconIsRegistered() || DockedIcons(desktop_).size() == 1; };
-    ASSERT_TRUE(Within(isShown)) << round;
+    ASSERT_TRUE(Within([&] { return IconIsRegistered() && DockedIcons(desktop_).empty(); }))
+        << round;
     Mouse("mousemove 400 585");
     ASSERT_TRUE(MiddleButtonOpensTheWindow()) << round;
     ASSERT_NO_FATAL_FAILURE(KillPanel()) << round;
     quillbox_.reset();
   }
+}
+
+constexpr char kLxqtPanelSettings[] =
+    "[General]\npanels=panel1\n\n[panel1]\nplugins=statusnotifier\nposition=Bottom\n"
+    "panelSize=32\nwidth=100\nwidth-percent=true\n\n[statusnotifier]\ntype=statusnotifier\n";
+
+// It shows the program's menu itself, and closes it when it hears that its layout has changed.
+class LxqtPanelTest : public QuillboxOnDesktop {
+ protected:
+  void SetUp() override {
+    QuillboxOnDesktop::SetUp();
+    const auto folder = SettingsFile().parent_path().parent_path() / "lxqt";
+    std::filesystem::create_directories(folder);
+    std::ofstream(folder / "panel.conf") << kLxqtPanelSettings;
+    panel_ = desktop_.Start("lxqt-panel");
+    quillbox_ = StartQuillbox();
+  }
+
+  qsizetype Windows() {
+    return desktop_.Output("xdotool", {"search", "--onlyvisible", "--class", "^lxqt-panel$"})
+        .count('\n');
+  }
+
+  // The panel draws the icon when it has the time for it, and a press then may be in vain.
+  bool MenuOpens() {
+    Mouse("mousemove 20 585");
+    for (int tries = 0; tries < 20; ++tries) {
+      const qsizetype before = Windows();
+      Mouse("click 3");
+      Settle();
+      if (before > 0 && Windows() > before) return true;
+    }
+    return false;
+  }
+
+  OwnedProcess panel_;
+};
+
+TEST_F(LxqtPanelTest, TheMenuOpensStaysAndEachKindOfItemWorks) {
+  static const struct Case {
+    const char* keys;
+    const char* opened;
+  } kCases[] = {
+      {"key Up Up Up Return", kVisit},                    // at the end, above Support and Exit
+      {"key Down Down Down Right Return", kOpenAccount},  // in a submenu
+  };
+  for (const Case& c : kCases) {
+    ASSERT_TRUE(MenuOpens()) << c.keys;
+    const qsizetype windows = Windows();
+    Settle();
+    EXPECT_EQ(Windows(), windows) << "it has closed";
+    EXPECT_THAT(OpenedBy([&] { Mouse(c.keys); }), MatchesRegex(c.opened)) << c.keys;
+  }
+  ASSERT_TRUE(MenuOpens());
+  Mouse("key Up Return");
+  ASSERT_TRUE(quillbox_->waitForFinished());
+  EXPECT_EQ(quillbox_->exitCode(), 0);
 }
 
 }  // namespace

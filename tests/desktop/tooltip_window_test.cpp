@@ -2,12 +2,13 @@
 #include <gtest/gtest.h>
 
 #include <QImage>
-#include <QSystemTrayIcon>
 
 #include "desktop/fake_bus_service.h"
 #include "desktop/private_desktop.h"
 #include "desktop/shown_window.h"
 #include "qt_tray/qt_tooltip_window.h"
+#include "qt_tray/x11_dock.h"
+#include "qt_tray/x11_tray.h"
 #include "system/system_files.h"
 #include "system/temporary_folder.h"
 #include "tooltip/tooltip_picture.h"
@@ -161,11 +162,11 @@ TEST_F(TooltipWindowTest, StandsBesideThePanelOnEachEdge) {
 }
 
 TEST_F(TooltipWindowTest, FindsAPanelThatDoesNotSayWhatItIsByTheIconInIt) {
+  const X11Tray tray([] {});
+  ASSERT_TRUE(ComesAbout([&] { return tray.Owner() == 0; })) << "an earlier one";
   Desktop().StartTray();
-  QPixmap picture(22, 22);
-  picture.fill(Qt::darkGreen);
-  QSystemTrayIcon icon(picture);
-  icon.show();
+  ASSERT_TRUE(ComesAbout([&] { return tray.Owner() != 0; }));
+  const X11Dock icon(tray.Owner(), [](TrayMouse) {});
   PointAt({400, 585});
   ShowBeside({0, 574, 800, 26});
 }

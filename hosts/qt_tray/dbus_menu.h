@@ -1,0 +1,70 @@
+// The tray menu as an object on the bus, for hosts that show it themselves.
+#pragma once
+
+#include <QDBusMessage>
+#include <QDBusVirtualObject>
+#include <QVariant>
+#include <functional>
+#include <optional>
+#include <vector>
+
+#include "platform/menu.h"
+
+namespace quillbox {
+
+// Speaks com.canonical.dbusmenu. Hosts are told of a change when it is made, and of nothing else:
+// some close an open menu whenever they hear that its layout is another one. A menu with items of
+// the same kinds keeps its layout, whatever their captions are.
+class DBusMenu : public QDBusVirtualObject {
+ public:
+  static constexpr char kPath[] = "/MenuBar";
+
+  // `onChosen` gets a copy of the item that the person chooses, from the event loop; it may handle
+  // events as long as it likes.
+  explicit DBusMenu(std::function<void(const MenuItem&)> onChosen);
+
+  void Show(const Menu& menu);
+
+  QString introspect(const QString& path) const override;
+  bool handleMessage(const QDBusMessage& call, const QDBusConnection& bus) override;
+
+ private:
+  // An item as hosts know it. A number never comes to stand for an item of another kind.
+  struct Node {
+    int Id = 0;
+    MenuItem Item;  // without its Items
+    std::vector<Node> Children;
+  };
+  struct Changes {
+    std::vector<int> Items;
+    std::vector<int> Layouts;  // of these items
+  };
+
+  Node NewNode(const MenuItem& item);
+  void Change(Node& node, const Menu& wanted, Changes& changes);
+  std::vector<const Node*> Nodes() const;
+  const Node* Find(int id) const;
+  void Happened(int id, const QString& event);
+  QVariant Layout(const Node& node, int depth, const QStringList& names) const;
+  QVariant PropertiesOfAll(const std::vector<int>& ids, const QStringList& names) const;
+
+  // The methods that hosts call, with what they give.
+  using Values = std::optional<QVariantList>;
+  Values Answer(const QDBusMessage& call);
+  Values GetLayout(const QVariantList& given);
+  Values GetGroupProperties(const QVariantList& given);
+  Values GetProperty(const QVariantList& given);
+  Values Event(const QVariantList& given);
+  Values EventGroup(const QVariantList& given);
+  Values AboutToShow(const QVariantList& given);
+  Values AboutToShowGroup(const QVariantList& given);
+  Values Get(const QVariantList& given);
+  Values GetAll(const QVariantList& given);
+
+  std::function<void(const MenuItem&)> onChosen_;
+  Node root_;
+  int lastId_ = 0;
+  uint revision_ = 1;
+};
+
+}  // namespace quillbox

@@ -1,0 +1,50 @@
+// The icon as an object on the bus, for hosts that draw it themselves.
+#pragma once
+
+#include <QDBusMessage>
+#include <QDBusVirtualObject>
+#include <QIcon>
+#include <QString>
+#include <functional>
+
+#include "platform/host_events.h"
+#include "qt_tray/activations.h"
+
+namespace quillbox {
+
+// A StatusNotifier host reports no movement, and of the left button only that the icon was
+// activated; a click with the middle button stands for the cursor that comes over the icon.
+class StatusNotifierItem : public QDBusVirtualObject {
+ public:
+  struct Reports {
+    std::function<void(TrayMouse)> Mouse;
+    std::function<void()> Read;  // somebody looks at the icon: a host, most likely
+  };
+
+  explicit StatusNotifierItem(Reports reports);
+  ~StatusNotifierItem() override { Vanish(); }
+
+  // The name under which it is on the bus while it is shown. Empty without a bus.
+  QString Appear();
+  void Vanish();
+
+  void SetPicture(const QIcon& picture);
+  // Plain text, lines end in LF.
+  void SetTip(const QString& tip);
+
+  QString introspect(const QString& path) const override;
+  bool handleMessage(const QDBusMessage& call, const QDBusConnection& bus) override;
+
+ private:
+  QVariantMap Properties() const;
+  QDBusMessage AnswerToProperties(const QDBusMessage& call);
+  void Clicked(const QString& method);
+  void Signal(const char* name) const;
+
+  const Reports reports_;
+  Activations activations_;
+  QIcon picture_;
+  QString tip_, name_;
+};
+
+}  // namespace quillbox
