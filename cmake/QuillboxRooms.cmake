@@ -39,6 +39,13 @@ macro(quillbox_room name)
   quillbox_library(${name} "${PROJECT_SOURCE_DIR}/src" ${ARGN})
 endmacro()
 
+# quillbox_program_version(<target>): its main.cpp knows QUILLBOX_VERSION. Only this one file is compiled
+# anew for a new version.
+function(quillbox_program_version target)
+  set_source_files_properties(main.cpp TARGET_DIRECTORY ${target}
+    PROPERTIES COMPILE_DEFINITIONS "QUILLBOX_VERSION=\"${PROJECT_VERSION}\"")
+endfunction()
+
 # quillbox_test(<name> SOURCES <file>... [LINKS <target>...] [LABELS <label>...])
 # A GoogleTest program; each runs as one ctest test. Its own files are compiled without optimisation,
 # which halves their compile time; what they test is built as ever.

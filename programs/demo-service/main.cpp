@@ -1,10 +1,10 @@
 // The demo service on the command line.
 #include <signal.h>
+#include <CLI/CLI.hpp>
 
 #include <exception>
 #include <fstream>
 #include <iostream>
-#include <span>
 #include <stdexcept>
 #include <string>
 #include <thread>
@@ -48,15 +48,27 @@ void Serve(const ServiceOptions& options) {
   worker.join();
 }
 
+int Run(int argc, char** argv) {
+  CLI::App program("A report service on this machine, for the demo and the tests.", "demo-service");
+  program.set_version_flag("--version", "demo-service " QUILLBOX_VERSION);
+  ServiceOptions options;
+  AddServiceOptions(program, options);
+  try {
+    program.parse(argc, argv);
+  } catch (const CLI::Success& question) {
+    return program.exit(question);
+  }
+  Serve(options);
+  return 0;
+}
+
 }  // namespace
 }  // namespace quillbox
 
 int main(int argc, char** argv) {
   try {
-    const std::span<const char* const> arguments(argv + 1, static_cast<std::size_t>(argc - 1));
-    quillbox::Serve(quillbox::ParseServiceOptions(arguments));
-    return 0;
-  } catch (const quillbox::BadCommandLine& problem) {
+    return quillbox::Run(argc, argv);
+  } catch (const CLI::ParseError& problem) {
     std::cerr << "demo-service: " << problem.what() << "\n";
     return 2;
   } catch (const std::exception& problem) {

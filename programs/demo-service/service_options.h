@@ -5,14 +5,16 @@
 #include <cstddef>
 #include <cstdint>
 #include <map>
-#include <span>
-#include <stdexcept>
 #include <string>
 #include <vector>
 
 #include "api/report_request.h"
 #include "faults/fault_rule.h"
 #include "oauth/grants.h"
+
+namespace CLI {
+class App;
+}
 
 namespace quillbox {
 
@@ -48,13 +50,8 @@ struct ServiceOptions {
   ApiOptions Api;
 };
 
-// What is wrong with the command line, in a sentence for people.
-class BadCommandLine : public std::runtime_error {
- public:
-  using std::runtime_error::runtime_error;
-};
-
-// `arguments` without the program's name. Throws BadCommandLine.
-ServiceOptions ParseServiceOptions(std::span<const char* const> arguments);
+// Adds the service's options to `program`: parsing a command line fills `options`, later ones over
+// earlier ones. A value that an option can't take is a CLI::ValidationError that names the option.
+void AddServiceOptions(CLI::App& program, ServiceOptions& options);
 
 }  // namespace quillbox

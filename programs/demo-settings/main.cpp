@@ -7,12 +7,12 @@
 // the store of whoever runs it: the demo gives it a folder of its own.
 #include <sys/stat.h>
 
+#include <CLI/CLI.hpp>
 #include <QLocale>
 #include <chrono>
 #include <iostream>
-#include <span>
+#include <stdexcept>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "config/account_list.h"
@@ -28,12 +28,12 @@ namespace {
 
 constexpr std::size_t kTextsOfAccount = 3;
 
-AccountList AccountsIn(std::span<char* const> texts) {
+AccountList AccountsIn(const std::vector<std::string>& texts) {
   AccountList list;
-  for (std::size_t i = 0; i + kTextsOfAccount <= texts.size(); i += kTextsOfAccount) {
-    list.Accounts.emplace_back(texts[i]);
-    list.Usernames.emplace_back(texts[i + 1]);
-    list.Passwords.emplace_back(texts[i + 2]);
+  for (std::size_t i = 0; i < texts.size(); i += kTextsOfAccount) {
+    list.Accounts.push_back(texts[i]);
+    list.Usernames.push_back(texts[i + 1]);
+    list.Passwords.push_back(texts[i + 2]);
   }
   return list;
 }
@@ -76,25 +76,47 @@ void ShowStatistics(const SettingsStore& store) {
             << '\n';
 }
 
-int Run(std::span<char* const> arguments) {
-  SystemFiles files;
-  SettingsFile userStore(files);
-  const ApplicationFolder unusedFolder("", "", '/');
-  const std::string perUserMode;
-  SettingsStore store(userStore, files, unusedFolder, perUserMode);
+// The store of whoever runs it.
+class UserSettings {
+ public:
+  SettingsStore& Store() { return store_; }
 
-  const std::string_view command = arguments.empty() ? "" : arguments.front();
-  const auto texts = arguments.empty() ? arguments : arguments.subspan(1);
-  if (command == "write" && !texts.empty() && texts.size() % kTextsOfAccount == 0) {
-    if (!WriteSettings(store, AccountsIn(texts))) {
-      std::cerr << "demo-settings: the settings could not be saved\n";
-      return 1;
+ private:
+  SystemFiles files_;
+  SettingsFile userStore_{files_};
+  const ApplicationFolder unusedFolder_{"", "", '/'};
+  const std::string perUserMode_;
+  SettingsStore store_{userStore_, files_, unusedFolder_, perUserMode_};
+};
+
+void AddWrite(CLI::App& program) {
+  CLI::App* const write = program.add_subcommand(
+      "write",
+      "Store accounts: NAME E-MAIL PASSWORD of each; the first one is the primary account");
+  write->prefix_command();  // a password may begin with a dash
+  write->final_callback([write] {
+    const std::vector<std::string> texts = write->remaining();
+    if (texts.empty() || texts.size() % kTextsOfAccount != 0) {
+      throw CLI::ValidationError("write needs NAME E-MAIL PASSWORD of each account");
     }
-  } else if (command == "show" && texts.empty()) {
-    ShowStatistics(store);
-  } else {
-    std::cerr << "usage: demo-settings write NAME E-MAIL PASSWORD ... | show\n";
-    return 2;
+    if (!WriteSettings(UserSettings().Store(), AccountsIn(texts))) {
+      throw std::runtime_error("the settings could not be saved");
+    }
+  });
+}
+
+int Run(int count, char** arguments) {
+  CLI::App program("Fills the settings store of the demo, and tells what is stored there.",
+                   "demo-settings");
+  program.set_version_flag("--version", "demo-settings " QUILLBOX_VERSION);
+  program.require_subcommand(1);
+  AddWrite(program);
+  program.add_subcommand("show", "Print stored statistics, and the tip made of them")
+      ->final_callback([] { ShowStatistics(UserSettings().Store()); });
+  try {
+    program.parse(count, arguments);
+  } catch (const CLI::Success& question) {
+    return program.exit(question);
   }
   return 0;
 }
@@ -104,6 +126,13 @@ int Run(std::span<char* const> arguments) {
 
 int main(int count, char** arguments) {
   ::umask(S_IRWXG | S_IRWXO);
-  return quillbox::Run(
-      std::span<char* const>(arguments, static_cast<std::size_t>(count)).subspan(1));
+  try {
+    return quillbox::Run(count, arguments);
+  } catch (const CLI::ParseError& mistake) {
+    std::cerr << "demo-settings: " << mistake.what() << "\n";
+    return 2;
+  } catch (const std::exception& failure) {
+    std::cerr << "demo-settings: " << failure.what() << "\n";
+    return 1;
+  }
 }

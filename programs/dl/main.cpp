@@ -1,5 +1,6 @@
 // The fetch program: one run fetches one address and leaves a data file and a log file, or makes,
 // checks, uses or gives back a sign-in.
+#include <cstdio>
 #include <cstdlib>
 #include <new>
 #include <optional>
@@ -30,12 +31,27 @@ std::optional<std::string> ArgumentOf(const std::string& text, const std::string
   return text.substr(command.size() + 1);
 }
 
+constexpr const char* kHelp =
+    "usage: dl authorize [E-MAIL]   make a grant and print its name\n"
+    "       dl check E-MAIL         say whether a sign-in works; reads the password or grant\n"
+    "       dl revoke               give a grant back; reads its name from standard input\n"
+    "       dl open                 open the address on standard input in the browser\n"
+    "       dl ADDRESS|DATA|LOG     fetch the address; write the data file, then the log file\n"
+    "       dl --help, -h           print this text\n"
+    "       dl --version            print the version";
+
+int Say(const char* words) {
+  return std::puts(words) < 0 || std::fflush(stdout) != 0 ? EXIT_FAILURE : EXIT_SUCCESS;
+}
+
 // The commands come first: an e-mail address that holds bars names no files.
 int Obey(const std::string& text, unsigned fileMask) {
   if (const auto email = ArgumentOf(text, "authorize")) return Authorize(*email, fileMask);
   if (const auto email = ArgumentOf(text, "check")) return Check(*email);
   if (text == "revoke") return Revoke();
   if (text == "open") return Open(fileMask);
+  if (text == "--help" || text == "-h") return Say(kHelp);
+  if (text == "--version") return Say("dl " QUILLBOX_VERSION);
   return RunFetch(text);
 }
 

@@ -1,22 +1,47 @@
-// The ways to use the program.
+// The ways to use the program. Each is a command of its own on the command line.
 #pragma once
 
-#include "quillbox-replay/command_line.h"
+#include <CLI/CLI.hpp>
+#include <optional>
+#include <stdexcept>
+#include <string>
+
+#include "platform/regional_settings.h"
 
 namespace quillbox {
 
-// Each gives the program's exit code, or throws UsageError before it has written anything.
+// What ends the program with exit code 2; what() is one line for standard error.
+class UsageError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+// Each adds its command to `program`. Parsing a command line that names it runs it, and gives
+// `exitCode` its value; until then `exitCode` stays empty. It throws UsageError before it has
+// written anything.
 
 // Evaluates saved reports and tells in words what comes of them.
-int EvaluateCommand(Arguments arguments);
+void AddEvaluateCommand(CLI::App& program, std::optional<int>& exitCode);
 
 // Makes the page of a saved report.
-int ReportPageCommand(Arguments arguments);
+void AddReportCommand(CLI::App& program, std::optional<int>& exitCode);
 
 // Runs the whole program on a simulated host as a script tells, and writes what it did.
-int ScriptCommand(Arguments arguments);
+void AddScriptCommand(CLI::App& program, std::optional<int>& exitCode);
 
 // Answers requests from standard input on standard output.
-int BatchCommand(Arguments arguments);
+void AddBatchCommand(CLI::App& program, std::optional<int>& exitCode);
+
+// What the commands share.
+
+// An option that takes one text, given at most once.
+CLI::Option* AddText(CLI::App& command, const std::string& name, std::string& text,
+                     const std::string& meaning);
+
+// The option --region; `name` gets "en-US" when it is left out.
+void AddRegion(CLI::App& command, std::string& name);
+
+// The built-in region. Throws UsageError when there is none of that name.
+RegionalSettings RegionNamed(const std::string& name);
 
 }  // namespace quillbox

@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <iostream>
+#include <memory>
 
 #include "config/account_list.h"
 #include "config/atomic_write.h"
@@ -26,32 +27,32 @@ struct Job {
   bool Save = false;
 };
 
-std::string AccountOf(const Options& options) {
-  std::optional<std::string> account = FromUtf8(options.Needed("--account"));
+// As the command line gives them, in UTF-8.
+struct Words {
+  std::string SettingsFile;
+  std::string Account;
+  std::string Folder = ".";
+  std::string Region;
+  std::optional<std::string> Time;  // left out: now
+  bool Save = false;
+};
+
+std::string AccountOf(const Words& words) {
+  std::optional<std::string> account = FromUtf8(words.Account);
   if (!account) throw UsageError("--account holds a character that windows-1252 lacks");
   return *std::move(account);
 }
 
-std::chrono::local_seconds TimeOf(const Options& options) {
-  const std::optional<std::string> text = options.Value("--at");
-  if (!text) return SystemClock().LocalTime();
-  const auto time = ParseDateAndTime(*text);
+std::chrono::local_seconds TimeOf(const Words& words) {
+  if (!words.Time) return SystemClock().LocalTime();
+  const auto time = ParseDateAndTime(*words.Time);
   if (!time) throw UsageError("--at must be a date and time such as 2007-01-31T09:05:00");
   return *time;
 }
 
-Job JobOf(Arguments arguments) {
-  const Options options(arguments, {"--settings", "--account", "--reports", "--region", "--at"},
-                        {"--save"});
-  Job job;
-  job.SettingsFile = options.Needed("--settings");
-  job.Account = AccountOf(options);
-  job.Folder = options.Value("--reports").value_or(".");
-  job.RegionName = options.Value("--region").value_or("en-US");
-  job.Region = RegionNamed(job.RegionName);
-  job.Now = TimeOf(options);
-  job.Save = options.Has("--save");
-  return job;
+Job JobOf(const Words& words) {
+  return {words.SettingsFile,        AccountOf(words), words.Folder, words.Region,
+          RegionNamed(words.Region), TimeOf(words),    words.Save};
 }
 
 std::string ReadSettings(const std::string& path) {
@@ -132,10 +133,7 @@ std::string Save(const std::string& path, const std::string& text) {
   return "\nSaved in " + path + "\n";
 }
 
-}  // namespace
-
-int EvaluateCommand(Arguments arguments) {
-  const Job job = JobOf(arguments);
+int Run(const Job& job) {
   ProfileStore settings(ReadSettings(job.SettingsFile));
   CheckFolder(job.Folder);
   const EvaluationStory story = Evaluate(job, settings);
@@ -144,6 +142,23 @@ int EvaluateCommand(Arguments arguments) {
                     : "\nNothing is saved; --save writes the settings file.\n";
   std::cout << words;
   return 0;
+}
+
+}  // namespace
+
+void AddEvaluateCommand(CLI::App& program, std::optional<int>& exitCode) {
+  CLI::App* const command =
+      program.add_subcommand("evaluate", "Tell in words what comes of saved reports");
+  const auto words = std::make_shared<Words>();
+  AddText(*command, "--settings", words->SettingsFile, "Settings file of Quillbox")->required();
+  AddText(*command, "--account", words->Account, "Name of the account")->required();
+  AddText(*command, "--reports", words->Folder, "Folder of the reports; the current one");
+  AddRegion(*command, words->Region);
+  command->add_option("--at", words->Time, "Time of the evaluation, 2007-01-31T09:05:00; now")
+      ->multi_option_policy(CLI::MultiOptionPolicy::Throw);
+  command->add_flag("--save", words->Save, "Write the settings file")
+      ->multi_option_policy(CLI::MultiOptionPolicy::Throw);
+  command->final_callback([words, &exitCode] { exitCode = Run(JobOf(*words)); });
 }
 
 }  // namespace quillbox

@@ -3,47 +3,29 @@
 
 #include <algorithm>
 #include <iostream>
-#include <vector>
 
 #include "quillbox-replay/commands.h"
 
 namespace quillbox {
 namespace {
 
-constexpr std::string_view kUsage =
-    "usage: quillbox-replay evaluate --settings FILE.ini --account NAME [--reports FOLDER]\n"
-    "                                [--region NAME] [--at 2007-01-31T09:05:00] [--save]\n"
-    "       quillbox-replay report --title TITLE --reports FILE [--region NAME] --out Report.html\n"
-    "       quillbox-replay script FILE\n"
-    "       quillbox-replay batch\n";
-
-struct Command {
-  std::string_view Name;
-  int (*Run)(Arguments arguments);
-};
-
-constexpr Command kCommands[] = {
-    {"evaluate", EvaluateCommand},
-    {"report", ReportPageCommand},
-    {"script", ScriptCommand},
-    {"batch", BatchCommand},
-};
-
-int Run(Arguments arguments) {
-  if (arguments.empty()) {
-    throw UsageError("say what to do: evaluate, report, script or batch (--help tells more)");
+int Run(int count, char** texts) {
+  CLI::App program("Runs Quillbox's own logic, without a desktop and without a network.",
+                   "quillbox-replay");
+  program.set_version_flag("--version", "quillbox-replay " QUILLBOX_VERSION);
+  program.require_subcommand(0, 1);
+  std::optional<int> exitCode;
+  AddEvaluateCommand(program, exitCode);
+  AddReportCommand(program, exitCode);
+  AddScriptCommand(program, exitCode);
+  AddBatchCommand(program, exitCode);
+  try {
+    program.parse(count, texts);
+  } catch (const CLI::Success& question) {
+    return program.exit(question);
   }
-  if (arguments.front() == "--help") {
-    std::cout << kUsage;
-    return 0;
-  }
-  const auto* const found = std::find_if(
-      std::begin(kCommands), std::end(kCommands),
-      [&arguments](const Command& command) { return command.Name == arguments.front(); });
-  if (found == std::end(kCommands)) {
-    throw UsageError("unknown way to use it: " + std::string(arguments.front()));
-  }
-  return found->Run(arguments.subspan(1));
+  if (exitCode) return *exitCode;
+  throw UsageError("say what to do: evaluate, report, script or batch (--help tells more)");
 }
 
 // One line, whatever the arguments held.
@@ -57,9 +39,8 @@ void TellMistake(std::string what) {
 
 int main(int count, char** texts) {
   umask(S_IRWXG | S_IRWXO);
-  const std::vector<std::string_view> arguments(texts + std::min(count, 1), texts + count);
   try {
-    return quillbox::Run(arguments);
+    return quillbox::Run(count, texts);
   } catch (const std::exception& failure) {
     quillbox::TellMistake(failure.what());
     return 2;

@@ -1,5 +1,6 @@
 // The page of a saved report, for people.
 #include <iostream>
+#include <memory>
 
 #include "config/atomic_write.h"
 #include "evaluation/date_text.h"
@@ -14,10 +15,21 @@
 namespace quillbox {
 namespace {
 
+struct Wish {
+  std::string Title;
+  std::string ReportFile;
+  std::string Region;
+  std::string PageFile;
+};
+
 const ReportTitle& TitleNamed(const std::string& text) {
   const ReportTitle* const title = FindReportTitle(text);
-  if (title == nullptr) throw UsageError("unknown report title " + text);
-  return *title;
+  if (title != nullptr) return *title;
+  std::string titles;
+  for (const ReportTitle& known : ReportTitles()) {
+    titles += (titles.empty() ? "" : "; ") + std::string(known.Text);
+  }
+  throw UsageError("unknown report title " + text + "; the titles are: " + titles);
 }
 
 ReportData DataOf(const std::string& file, const ReportTitle& title,
@@ -30,20 +42,31 @@ ReportData DataOf(const std::string& file, const ReportTitle& title,
   return *std::move(data);
 }
 
-}  // namespace
-
-int ReportPageCommand(Arguments arguments) {
-  const Options options(arguments, {"--title", "--reports", "--region", "--out"}, {});
-  const ReportTitle& title = TitleNamed(options.Needed("--title"));
-  const RegionalSettings region = RegionNamed(options.Value("--region").value_or("en-US"));
-  const std::string out = options.Needed("--out");
-  const ReportData data = DataOf(options.Needed("--reports"), title, region);
+int MakePage(const Wish& wish) {
+  const ReportTitle& title = TitleNamed(wish.Title);
+  const RegionalSettings region = RegionNamed(wish.Region);
+  const ReportData data = DataOf(wish.ReportFile, title, region);
   const std::string page =
       BuildReportPage(data, title.Text, PeriodCharacter(region), CommaCharacter(region));
   SystemFiles files;
-  if (!WriteAtomically(files, out, page)) throw UsageError("can't write the page " + out);
-  std::cout << "Page written to " << out << '\n';
+  if (!WriteAtomically(files, wish.PageFile, page)) {
+    throw UsageError("can't write the page " + wish.PageFile);
+  }
+  std::cout << "Page written to " << wish.PageFile << '\n';
   return 0;
+}
+
+}  // namespace
+
+void AddReportCommand(CLI::App& program, std::optional<int>& exitCode) {
+  CLI::App* const command = program.add_subcommand("report", "Make the page of a saved report");
+  const auto wish = std::make_shared<Wish>();
+  AddText(*command, "--title", wish->Title, "Title of the report, as the Reports window lists it")
+      ->required();
+  AddText(*command, "--reports", wish->ReportFile, "File of the saved report")->required();
+  AddRegion(*command, wish->Region);
+  AddText(*command, "--out", wish->PageFile, "File of the page, Report.html")->required();
+  command->final_callback([wish, &exitCode] { exitCode = MakePage(*wish); });
 }
 
 }  // namespace quillbox

@@ -9,10 +9,25 @@
 #include "cage.h"
 #include "qt_base/icon_picture.h"
 #include "qt_base/window_system.h"
+#include "system/process_start.h"
 #include "view_window.h"
+
+namespace {
+
+constexpr const char* kHelp =
+    "usage: quillbox-report-view\n"
+    "Shows the Reports window of quillbox, which starts it and speaks with it over standard input\n"
+    "and output. It is of no use by itself.\n"
+    "  --help, -h   print this text\n"
+    "  --version    print the version";
+
+}  // namespace
 
 int main(int argc, char* argv[]) {
   umask(077);
+  if (quillbox::AnswersQuestion(argc, argv, {"quillbox-report-view", QUILLBOX_VERSION, kHelp})) {
+    return 0;
+  }
   std::signal(SIGPIPE, SIG_IGN);  // a program that ended is seen where it is read
   quillbox::PrepareEngine();
   auto display = std::make_optional<quillbox::DisplayNeeded>("quillbox-report-view");

@@ -6,6 +6,7 @@
 #include <QCoreApplication>
 #include <QMediaDevices>
 #include <chrono>
+#include <cstdio>
 #include <cstdlib>
 #include <optional>
 #include <string>
@@ -13,6 +14,7 @@
 
 #include "device_sound.h"
 #include "sound/wave.h"
+#include "system/process_start.h"
 #include "system/system_files.h"
 
 namespace {
@@ -20,6 +22,12 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr int kSilent = 1;
+
+constexpr const char* kHelp =
+    "usage: quillbox-sound FILE\n"
+    "Plays a WAV file to its end. The exit status is 0 after the sound, 1 when there was none.\n"
+    "  --help, -h   print this text\n"
+    "  --version    print the version";
 
 // A call into a sound service that hangs never comes back, so this can't wait for the event loop.
 void EndWithin(std::chrono::milliseconds time) {
@@ -48,7 +56,11 @@ int Play(const quillbox::DeviceSound& sound) {
 }  // namespace
 
 int main(int argc, char* argv[]) {
-  if (argc != 2) return 2;
+  if (quillbox::AnswersQuestion(argc, argv, {"quillbox-sound", QUILLBOX_VERSION, kHelp})) return 0;
+  if (argc != 2) {
+    std::fputs("quillbox-sound: say which file to play (--help tells more)\n", stderr);
+    return 2;
+  }
   const std::optional<std::string> content = quillbox::SystemFiles().Read(argv[1]);
   if (!content) return kSilent;
   const std::optional<quillbox::Wave> wave = quillbox::ReadWave(*content);

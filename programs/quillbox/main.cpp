@@ -14,10 +14,22 @@
 #include "qt_base/icon_picture.h"
 #include "qt_base/window_system.h"
 #include "shell/program.h"
-#include "system/process_protection.h"
+#include "system/process_start.h"
+
+namespace {
+
+constexpr const char* kHelp =
+    "usage: quillbox\n"
+    "Watches AdSense accounts from the notification area. When it runs already, another start\n"
+    "wakes it.\n"
+    "  --help, -h   print this text\n"
+    "  --version    print the version";
+
+}  // namespace
 
 int main(int argc, char* argv[]) {
   const mode_t ownFileMask = quillbox::ProtectProcess();
+  if (quillbox::AnswersQuestion(argc, argv, {"quillbox", QUILLBOX_VERSION, kHelp})) return 0;
   auto preference = std::make_optional<quillbox::X11Preference>();
   auto display = std::make_optional<quillbox::DisplayNeeded>("quillbox");
   QApplication application(argc, argv);

@@ -1,0 +1,36 @@
+#include "system/process_start.h"
+
+#include <sys/resource.h>
+#include <sys/stat.h>
+
+#include <iostream>
+#include <string_view>
+
+#ifdef __linux__
+#include <sys/prctl.h>
+#endif
+
+namespace quillbox {
+
+mode_t ProtectProcess() {
+  const mode_t before = ::umask(S_IRWXG | S_IRWXO);
+  const rlimit none{};
+  ::setrlimit(RLIMIT_CORE, &none);
+#ifdef __linux__
+  ::prctl(PR_SET_DUMPABLE, 0);
+#endif
+  return before;
+}
+
+bool AnswersQuestion(int count, const char* const* arguments, const ProgramWords& words) {
+  const std::string_view first = count > 1 ? arguments[1] : "";
+  if (first == "--version") {
+    std::cout << words.Name << ' ' << words.Version << std::endl;
+    return true;
+  }
+  const bool help = first == "--help" || first == "-h";
+  if (help) std::cout << words.Help << std::endl;
+  return help;
+}
+
+}  // namespace quillbox
