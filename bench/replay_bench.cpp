@@ -8,7 +8,7 @@
 #include <string>
 
 #include "quillbox-replay/batch.h"
-#include "quillbox-replay/json_writer.h"
+#include "quillbox-replay/formats/json_writer.h"
 
 namespace quillbox {
 namespace {

@@ -3,13 +3,10 @@
 
 #include "evaluation/evaluate_account_reports.h"
 #include "evaluation/tray_stats.h"
-#include "quillbox-replay/evaluation_host.h"
 #include "quillbox-replay/evaluation_run.h"
-#include "quillbox-replay/memory_files.h"
+#include "quillbox-replay/memory_stores.h"
 #include "quillbox-replay/operations.h"
-#include "quillbox-replay/region_argument.h"
-#include "quillbox-replay/settings_argument.h"
-#include "quillbox-replay/time_argument.h"
+#include "quillbox-replay/request.h"
 #include "tray/tray_menu.h"
 
 namespace quillbox {

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "quillbox-replay/date_argument.h"
+#include "quillbox-replay/formats/iso_time.h"
 #include "text/code_page.h"
 #include "text/text_list.h"
 

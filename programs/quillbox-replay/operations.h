@@ -4,7 +4,7 @@
 #include <span>
 #include <string_view>
 
-#include "quillbox-replay/json_writer.h"
+#include "quillbox-replay/formats/json_writer.h"
 #include "quillbox-replay/request.h"
 
 namespace quillbox {
@@ -20,12 +20,7 @@ struct Operation {
 std::span<const Operation> ConvertOperations();
 std::span<const Operation> SettingsOperations();
 std::span<const Operation> EvaluationOperations();
-std::span<const Operation> RefreshOperations();
-std::span<const Operation> ReportOperations();
+std::span<const Operation> FetchOperations();
 std::span<const Operation> TooltipOperations();
-std::span<const Operation> UpdateOperations();
-
-// Null for an unknown name.
-const Operation* FindOperation(std::string_view name);
 
 }  // namespace quillbox

@@ -6,7 +6,7 @@
 #include "evaluation/date_text.h"
 #include "evaluation/report_cells.h"
 #include "quillbox-replay/commands.h"
-#include "quillbox-replay/time_argument.h"
+#include "quillbox-replay/request.h"
 #include "reports/report_data.h"
 #include "reports/report_page.h"
 #include "system/system_clock.h"

@@ -1,10 +1,15 @@
 #include "quillbox-replay/request.h"
 
+#include <algorithm>
+#include <array>
 #include <charconv>
 
-#include "quillbox-replay/date_argument.h"
+#include "evaluation/regions.h"
+#include "quillbox-replay/formats/iso_time.h"
+#include "system/system_clock.h"
 
 namespace quillbox {
+
 namespace {
 
 std::string_view NameOf(JsonValue::Type kind) {
@@ -96,6 +101,100 @@ double NumberOf(const JsonValue& value, std::string_view what) {
     throw RequestError("member \"" + std::string(what) + "\" is outside the range of numbers");
   }
   return number;
+}
+
+std::chrono::local_seconds TimeOf(const Request& request) {
+  return request.Has("now") ? request.Time("now") : SystemClock().LocalTime();
+}
+
+namespace {
+
+// What GroupedText, CurrencyText and their kin can be asked for.
+constexpr int kMostDecimals = 99;
+
+void ReadText(const Request& region, std::string_view name, std::string& text) {
+  if (region.Has(name)) text = region.Text(name);
+}
+
+template <std::size_t Count>
+void ReadNames(const Request& region, std::string_view name,
+               std::array<std::string, Count>& names) {
+  if (!region.Has(name)) return;
+  std::vector<std::string> texts = region.Texts(name);
+  if (texts.size() != Count) {
+    throw RequestError("member \"" + region.PathOf(name) + "\" must hold " + std::to_string(Count) +
+                       " texts");
+  }
+  std::move(texts.begin(), texts.end(), names.begin());
+}
+
+void ReadCurrencyDecimals(const Request& region, int& decimals) {
+  if (!region.Has("currencyDecimals")) return;
+  decimals = region.WholeNumber("currencyDecimals");
+  if (decimals < 0 || decimals > kMostDecimals) {
+    throw RequestError("member \"region.currencyDecimals\" must be from 0 to 99");
+  }
+}
+
+RegionalSettings DescribedRegion(const Request& region) {
+  RegionalSettings settings;
+  ReadText(region, "decimal", settings.Decimal);
+  ReadText(region, "group", settings.Group);
+  ReadText(region, "currencySymbol", settings.CurrencySymbol);
+  ReadCurrencyDecimals(region, settings.CurrencyDecimals);
+  ReadText(region, "positiveCurrency", settings.PositiveCurrency);
+  ReadText(region, "negativeCurrency", settings.NegativeCurrency);
+  ReadText(region, "shortDate", settings.ShortDate);
+  ReadText(region, "timeSeparator", settings.TimeSeparator);
+  ReadText(region, "am", settings.Am);
+  ReadText(region, "pm", settings.Pm);
+  ReadNames(region, "weekdays", settings.Weekdays);
+  ReadNames(region, "months", settings.Months);
+  ReadNames(region, "monthsShort", settings.MonthsShort);
+  return settings;
+}
+
+}  // namespace
+
+RegionalSettings RegionOf(const Request& request) {
+  const JsonValue& region = request.Member("region");
+  if (region.Kind == JsonValue::Type::kObject) return DescribedRegion(request.Object("region"));
+  if (region.Kind != JsonValue::Type::kString) {
+    throw RequestError("member \"region\" must be a name or an object");
+  }
+  std::optional<RegionalSettings> builtIn = BuiltInRegion(region.Text);
+  if (!builtIn) throw RequestError("unknown region \"" + region.Text + "\"");
+  return *std::move(builtIn);
+}
+
+MemoryStore SettingsOf(const Request& request) {
+  MemoryStore store;
+  if (!request.Has("settings")) return store;  // left out means empty
+  const Request settings = request.Object("settings");
+  for (const JsonMember& section : settings.Members()) {
+    const Request keys = settings.Object(section.Name);
+    for (const JsonMember& key : keys.Members()) {
+      if (key.Value.Kind != JsonValue::Type::kString) {
+        throw RequestError("member \"" + keys.PathOf(key.Name) + "\" must be a text");
+      }
+      store.Write(section.Name, key.Name, key.Value.Text);
+    }
+  }
+  return store;
+}
+
+void WriteSettings(JsonWriter& answer, const MemoryStore& store) {
+  answer.BeginObject();
+  for (const auto& [foldedName, section] : store.Sections()) {
+    answer.Name(section.Name);
+    answer.BeginObject();
+    for (const auto& [foldedKey, setting] : section.Settings) {
+      answer.Name(setting.Key);
+      answer.Text(setting.Value);
+    }
+    answer.EndObject();
+  }
+  answer.EndObject();
 }
 
 }  // namespace quillbox

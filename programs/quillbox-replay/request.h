@@ -8,7 +8,10 @@
 #include <string_view>
 #include <vector>
 
-#include "quillbox-replay/json_value.h"
+#include "platform/regional_settings.h"
+#include "quillbox-replay/formats/json_reader.h"
+#include "quillbox-replay/formats/json_writer.h"
+#include "quillbox-replay/memory_stores.h"
 
 namespace quillbox {
 
@@ -49,5 +52,19 @@ class Request {
 
 // The nearest double of a JSON number; throws RequestError, which names `what`, when it has none.
 double NumberOf(const JsonValue& value, std::string_view what);
+
+// The member "now"; the machine's time when it is left out. Throws RequestError when it is no time.
+std::chrono::local_seconds TimeOf(const Request& request);
+
+// The member "region": the name of a built-in region, or an object whose left-out members are those
+// of en-US. Throws RequestError on anything else.
+RegionalSettings RegionOf(const Request& request);
+
+// The member "settings": an object of sections, each an object of keys and texts. Of two keys that
+// differ in case alone the later text counts. Throws RequestError on anything else.
+MemoryStore SettingsOf(const Request& request);
+
+// The whole store in the same form.
+void WriteSettings(JsonWriter& answer, const MemoryStore& store);
 
 }  // namespace quillbox

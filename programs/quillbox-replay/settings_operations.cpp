@@ -1,15 +1,57 @@
 // Stored accounts and settings files.
+#include <stdlib.h>
+
+#include <filesystem>
+#include <string>
+
 #include "config/account_list.h"
 #include "config/profile_file.h"
-#include "quillbox-replay/evaluation_host.h"
-#include "quillbox-replay/memory_files.h"
+#include "quillbox-replay/evaluation_run.h"
+#include "quillbox-replay/memory_stores.h"
 #include "quillbox-replay/operations.h"
-#include "quillbox-replay/settings_argument.h"
-#include "quillbox-replay/temporary_file.h"
+#include "quillbox-replay/request.h"
 #include "system/system_files.h"
 
 namespace quillbox {
 namespace {
+
+// A settings file that lives as long as this object, in a folder of its own that only its owner can
+// enter, below the system's folder for temporary files.
+class TemporaryFile {
+ public:
+  // Throws RequestError when the file can't be made.
+  explicit TemporaryFile(const std::string& content);
+  ~TemporaryFile();
+  TemporaryFile(const TemporaryFile&) = delete;
+  TemporaryFile& operator=(const TemporaryFile&) = delete;
+
+  std::string Path() const { return folder_ + "/settings.ini"; }
+
+ private:
+  std::string folder_;
+};
+
+void RemoveFolder(const std::string& folder) {
+  std::error_code ignored;
+  std::filesystem::remove_all(folder, ignored);
+}
+
+TemporaryFile::TemporaryFile(const std::string& content) {
+  std::error_code failure;
+  const std::filesystem::path parent = std::filesystem::temp_directory_path(failure);
+  folder_ = (parent / "quillbox-replay-XXXXXX").string();
+  if (failure || mkdtemp(folder_.data()) == nullptr) {
+    throw RequestError("no temporary folder can be made");
+  }
+  if (!SystemFiles().WriteNew(Path(), content)) {
+    RemoveFolder(folder_);
+    throw RequestError("no temporary file can be written");
+  }
+}
+
+TemporaryFile::~TemporaryFile() {
+  RemoveFolder(folder_);
+}
 
 void AccountListOf(const Request& request, JsonWriter& answer) {
   MemoryStore store = SettingsOf(request);

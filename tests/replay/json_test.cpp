@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "quillbox-replay/json_reader.h"
-#include "quillbox-replay/json_writer.h"
+#include "quillbox-replay/formats/json_reader.h"
+#include "quillbox-replay/formats/json_writer.h"
 #include "text/text_list.h"
 
 namespace quillbox {

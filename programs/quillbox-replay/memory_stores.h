@@ -1,15 +1,56 @@
-// Files in memory that are only read.
+// Settings and files in memory: nothing of the machine is touched.
 #pragma once
 
 #include <map>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "platform/files.h"
+#include "platform/per_user_store.h"
 
 namespace quillbox {
 
+// Settings; sections and keys keep the case in which they were written first.
+class MemoryStore final : public PerUserStore {
+ public:
+  struct Setting {
+    std::string Key;
+    std::string Value;
+  };
+  struct Section {
+    std::string Name;
+    std::map<std::string, Setting> Settings;  // by the key in lower case
+  };
+
+  std::string Read(std::string_view section, std::string_view key) override;
+  bool Apply(std::span<const SettingChange> changes) override;
+
+  void Write(std::string_view section, std::string_view key, std::string value);
+
+  // By their names in lower case.
+  const std::map<std::string, Section>& Sections() const { return sections_; }
+
+ private:
+  std::map<std::string, Section> sections_;
+};
+
+// The text of a settings file, read and written as the program does with the file.
+class ProfileStore final : public PerUserStore {
+ public:
+  explicit ProfileStore(std::string text) : text_(std::move(text)) {}
+
+  std::string Read(std::string_view section, std::string_view key) override;
+  bool Apply(std::span<const SettingChange> changes) override;
+
+  const std::string& Text() const { return text_; }
+
+ private:
+  std::string text_;
+};
+
+// Files that are only read.
 class MemoryFiles final : public Files {
  public:
   // `content` must outlive this object.

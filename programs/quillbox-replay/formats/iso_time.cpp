@@ -1,4 +1,4 @@
-#include "quillbox-replay/date_argument.h"
+#include "quillbox-replay/formats/iso_time.h"
 
 #include <algorithm>
 #include <array>

@@ -1,5 +1,6 @@
-#include "quillbox-replay/memory_store.h"
+#include "quillbox-replay/memory_stores.h"
 
+#include "config/profile_file.h"
 #include "text/letter_case.h"
 
 namespace quillbox {
@@ -30,6 +31,18 @@ void MemoryStore::Write(std::string_view section, std::string_view key, std::str
   Setting& setting =
       target.Settings.try_emplace(LowerCase(key), Setting{std::string(key), {}}).first->second;
   setting.Value = std::move(value);
+}
+
+std::string ProfileStore::Read(std::string_view section, std::string_view key) {
+  return ReadProfileValue(text_, section, key).substr(0, kLongestProfileValue);
+}
+
+bool ProfileStore::Apply(std::span<const SettingChange> changes) {
+  for (const SettingChange& change : changes) {
+    text_ = WithProfileValue(std::move(text_), change.Section, change.Key,
+                             change.Value.value_or(std::string()));
+  }
+  return true;
 }
 
 }  // namespace quillbox

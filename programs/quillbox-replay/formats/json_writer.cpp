@@ -1,4 +1,4 @@
-#include "quillbox-replay/json_writer.h"
+#include "quillbox-replay/formats/json_writer.h"
 
 #include <array>
 #include <charconv>
