@@ -1,7 +1,11 @@
 // The program's windows, without a screen.
 #pragma once
 
+#include <string>
+#include <vector>
+
 #include "about/about_win.h"
+#include "forms/control.h"
 #include "options/account.h"
 #include "options/opts.h"
 #include "platform/forms.h"
@@ -46,5 +50,15 @@ class SimulatedForms final : public Forms {
   quillbox::Account* account_ = nullptr;
   quillbox::ReportsWin* reportsWin_ = nullptr;
 };
+
+bool IsLoaded(const SimulatedForms& forms, FormName form);
+
+// In the order in which they stand; those of all pages. None when the form isn't loaded. They live
+// as long as the form.
+std::vector<Control*> ControlsOf(const SimulatedForms& forms, FormName form);
+
+// What the control shows, "True" or "False" for a tick box; empty for a button. Passwords and
+// addresses of accounts are "...".
+std::string ControlValue(const Control& control);
 
 }  // namespace quillbox

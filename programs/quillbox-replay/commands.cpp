@@ -8,7 +8,7 @@
 
 #include "evaluation/regions.h"
 #include "quillbox-replay/batch.h"
-#include "simulated/script_run.h"
+#include "quillbox-replay/script/script_run.h"
 
 namespace quillbox {
 namespace {

@@ -22,7 +22,7 @@
 #include "qt_base/unicode_text.h"
 #include "qt_windows/qt_forms.h"
 #include "simulated/context_on_state.h"
-#include "simulated/script_forms.h"
+#include "simulated/simulated_forms.h"
 #include "tray/tray_menu.h"
 
 namespace quillbox {

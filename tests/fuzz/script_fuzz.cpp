@@ -5,9 +5,9 @@
 #include <sstream>
 
 #include "fuzz/fuzz_input.h"
-#include "simulated/script_members.h"
-#include "simulated/script_run.h"
-#include "simulated/script_step.h"
+#include "quillbox-replay/script/script_members.h"
+#include "quillbox-replay/script/script_run.h"
+#include "quillbox-replay/script/script_step.h"
 
 namespace {
 

@@ -7,7 +7,7 @@
 
 #include "config/setting_keys.h"
 #include "shell/form_on_state.h"
-#include "simulated/script_forms.h"
+#include "simulated/simulated_forms.h"
 #include "text/text_list.h"
 
 namespace quillbox {

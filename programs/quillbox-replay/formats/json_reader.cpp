@@ -77,14 +77,17 @@ class ValueBuilder : public rapidjson::BaseReaderHandler<rapidjson::UTF8<>, Valu
     return true;
   }
   bool String(const char* text, rapidjson::SizeType length, bool) {
-    Add(JsonValue::Type::kString).Text = InCodePage({text, length});
+    std::optional<std::string> converted = InCodePage({text, length});
+    JsonValue& value = Add(JsonValue::Type::kString);
+    value.OutsideCodePage = !converted;
+    value.Text = std::move(converted).value_or("");
     return true;
   }
 
   bool StartObject() { return Open(JsonValue::Type::kObject); }
   bool Key(const char* name, rapidjson::SizeType length, bool) {
     std::vector<JsonMember>& members = open_.back()->Members;
-    members.emplace_back().Name = InCodePage({name, length});
+    members.emplace_back().Name = InCodePage({name, length}).value_or("");
     if (open_.size() == 1) insideId_ = members.back().Name == "id";
     return true;
   }
@@ -127,10 +130,10 @@ class ValueBuilder : public rapidjson::BaseReaderHandler<rapidjson::UTF8<>, Valu
     return true;
   }
 
-  std::string InCodePage(std::string_view utf8) {
+  std::optional<std::string> InCodePage(std::string_view utf8) {
     std::optional<std::string> text = FromUtf8(utf8);
     if (!text) SetFault("a text holds a character that windows-1252 lacks");
-    return std::move(text).value_or("");
+    return text;
   }
 
   void SetFault(std::string_view fault) {

@@ -13,9 +13,10 @@ struct JsonValue {
   enum class Type { kNull, kBoolean, kNumber, kString, kArray, kObject };
 
   Type Kind = Type::kNull;
-  std::string_view Source;  // as it stands in the line, which must outlive the value
-  bool Truth = false;       // of a boolean
-  std::string Text;         // of a string, in the code page
+  std::string_view Source;       // as it stands in the line, which must outlive the value
+  bool Truth = false;            // of a boolean
+  std::string Text;              // of a string, in the code page
+  bool OutsideCodePage = false;  // a string with a character that the code page lacks: no Text
   std::vector<JsonValue> Items;
   std::vector<JsonMember> Members;
 

@@ -1,7 +1,7 @@
 // Scripts of a person who uses the program's forms and its tray icon.
 #include <gmock/gmock.h>
 
-#include "simulated/run_script.h"
+#include "replay/run_script.h"
 #include "text/text_list.h"
 
 namespace quillbox {

@@ -1,9 +1,40 @@
-// Steps of a script that put the state of things into the trace.
-#include "simulated/script_show.h"
+#include "quillbox-replay/script/script_trace.h"
 
+#include <ostream>
 #include <sstream>
+#include <string>
+
+#include "quillbox-replay/formats/iso_time.h"
+#include "quillbox-replay/formats/json_writer.h"
 
 namespace quillbox {
+
+namespace {
+
+std::string TimeText(std::chrono::local_time<std::chrono::milliseconds> time) {
+  const auto second = std::chrono::floor<std::chrono::seconds>(time);
+  const std::string fraction = std::to_string(1000 + (time - second).count());
+  return DateAndTimeArgument(second) + "." + fraction.substr(1);
+}
+
+}  // namespace
+
+void WriteTraceEntry(std::ostream& out, const TraceEntry& entry, const SimulatedTime& time) {
+  std::string line;
+  JsonWriter writer(line);
+  const auto member = [&writer](std::string_view name, std::string_view text) {
+    writer.Name(name);
+    writer.Text(text);
+  };
+  writer.BeginObject();
+  member("at", TimeText(time.LocalTimeAt(entry.At)));
+  member("what", entry.What);
+  for (const auto& [name, value] : entry.Parts) member(name, value);
+  if (entry.Parts.empty() && !entry.Text.empty()) member("text", entry.Text);
+  writer.EndObject();
+  out << line << '\n';
+}
+
 namespace {
 
 void ShowItems(SimulatedTrace& trace, const Menu& menu, const std::string& above) {

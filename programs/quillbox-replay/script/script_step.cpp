@@ -1,16 +1,14 @@
 // The kinds of steps, each read from its members into what it does.
-#include "simulated/script_step.h"
+#include "quillbox-replay/script/script_step.h"
 
-#include <nlohmann/json.hpp>
 #include <utility>
 #include <vector>
 
 #include "evaluation/regions.h"
-#include "simulated/script_fields.h"
-#include "simulated/script_forms.h"
-#include "simulated/script_members.h"
-#include "simulated/script_mouse.h"
-#include "simulated/script_show.h"
+#include "quillbox-replay/script/script_members.h"
+#include "quillbox-replay/script/script_person.h"
+#include "quillbox-replay/script/script_trace.h"
+#include "simulated/simulated_forms.h"
 #include "text/code_page.h"
 
 namespace quillbox {
@@ -188,11 +186,19 @@ Reader FindKind(const std::string& name) {
   throw ScriptError{"unknown step " + QuotedInError(ToUtf8(name))};
 }
 
+// Some editors begin a file with the mark of UTF-8.
+std::string_view WithoutMark(std::string_view text) {
+  constexpr std::string_view kMark = "\xEF\xBB\xBF";
+  if (text.starts_with(kMark)) text.remove_prefix(kMark.size());
+  return text;
+}
+
 }  // namespace
 
 ScriptStep ReadScriptStep(const std::string& text, int line) {
-  const auto step = nlohmann::json::parse(text, nullptr, false);
-  ScriptMembers members(step);
+  const JsonLine json = ReadJsonLine(WithoutMark(text));
+  if (!json.NotJson.empty()) throw ScriptError{"not a JSON object"};
+  ScriptMembers members(json.Value);
   ScriptStep read;
   read.Line = line;
   read.Do = members.Text("do");
@@ -200,6 +206,7 @@ ScriptStep ReadScriptStep(const std::string& text, int line) {
   read.Act = FindKind(read.Do)(members);
   if (read.Do == "host") read.Seed = members.Number("seed", 0);
   members.RefuseOthers();
+  if (!json.Fault.empty()) throw ScriptError{json.Fault};
   return read;
 }
 

@@ -1,7 +1,7 @@
 // Scripts: what they do, what comes out, and what is refused.
 #include <gmock/gmock.h>
 
-#include "simulated/run_script.h"
+#include "replay/run_script.h"
 
 namespace quillbox {
 namespace {
@@ -84,6 +84,7 @@ TEST(Script, IsRefusedAsAWholeWithItsLine) {
       {Step("'do':'press','form':'Opts'"), "line 1: \"button\" is missing"},
       {Step("'do':'closeBox','form':'Form1'"), "line 1: \"form\" can't be \"Form1\""},
       {Step("'do':'show','what':'menu','form':'Opts'"), "line 1: \"form\" is not known here"},
+      {Step("'do':'start','do':'run'"), "line 1: an object holds a member twice"},
       {Step("'do':'start'") + Step("'do':'host'"), "line 2: \"host\" must be the first step"},
   };
   for (const Case& c : kCases) EXPECT_EQ(Refusal(c.script), c.error);

@@ -1,27 +1,26 @@
 // The members of one step of a script, checked as they are read.
-#include "simulated/script_members.h"
+#include "quillbox-replay/script/script_members.h"
 
 #include <algorithm>
-#include <cstdio>
-#include <nlohmann/json.hpp>
+#include <charconv>
 
+#include "quillbox-replay/formats/iso_time.h"
 #include "text/code_page.h"
 
 namespace quillbox {
 namespace {
 
-using nlohmann::json;
+using Type = JsonValue::Type;
 using std::chrono::milliseconds;
 
 [[noreturn]] void Refuse(const std::string& name, const std::string& why) {
   throw ScriptError{QuotedInError(name) + ' ' + why};
 }
 
-std::string TextOf(const std::string& name, const json& value) {
-  if (!value.is_string()) Refuse(name, "must be a text");
-  auto text = FromUtf8(value.get_ref<const std::string&>());
-  if (!text) Refuse(name, "holds a character outside of windows-1252");
-  return *std::move(text);
+const std::string& TextOf(const std::string& name, const JsonValue& value) {
+  if (value.Kind != Type::kString) Refuse(name, "must be a text");
+  if (value.OutsideCodePage) Refuse(name, "holds a character outside of windows-1252");
+  return value.Text;
 }
 
 std::optional<milliseconds> TakeUnit(std::string_view& text) {
@@ -66,21 +65,6 @@ std::optional<milliseconds> ReadDuration(std::string_view text) {
   return sum;
 }
 
-std::optional<std::chrono::local_seconds> ReadTime(const std::string& text) {
-  int year = 0, hour = 0, minute = 0, second = 0, end = 0;
-  unsigned month = 0, day = 0;
-  const int read = std::sscanf(text.c_str(), "%4d-%2u-%2uT%2d:%2d:%2d%n", &year, &month, &day,
-                               &hour, &minute, &second, &end);
-  if (read != 6 || static_cast<std::size_t>(end) != text.size()) return {};
-  const std::chrono::year_month_day date{std::chrono::year(year), std::chrono::month(month),
-                                         std::chrono::day(day)};
-  const bool inDay =
-      hour >= 0 && hour < 24 && minute >= 0 && minute < 60 && second >= 0 && second < 60;
-  if (!date.ok() || !inDay) return {};
-  return std::chrono::local_days(date) + std::chrono::hours(hour) + std::chrono::minutes(minute) +
-         std::chrono::seconds(second);
-}
-
 }  // namespace
 
 std::string QuotedInError(std::string utf8) {
@@ -89,18 +73,17 @@ std::string QuotedInError(std::string utf8) {
   return '"' + utf8 + '"';
 }
 
-ScriptMembers::ScriptMembers(const json& step) : step_(step) {
-  if (!step.is_object()) throw ScriptError{"not a JSON object"};
+ScriptMembers::ScriptMembers(const JsonValue& step) : step_(step) {
+  if (step.Kind != Type::kObject) throw ScriptError{"not a JSON object"};
 }
 
-const json* ScriptMembers::Find(const char* name) {
+const JsonValue* ScriptMembers::Find(const char* name) {
   known_.insert(name);
-  const auto member = step_.find(name);
-  return member == step_.end() ? nullptr : &*member;
+  return step_.Find(name);
 }
 
-const json& ScriptMembers::Get(const char* name) {
-  const json* value = Find(name);
+const JsonValue& ScriptMembers::Get(const char* name) {
+  const JsonValue* value = Find(name);
   if (value == nullptr) Refuse(name, "is missing");
   return *value;
 }
@@ -110,28 +93,33 @@ std::string ScriptMembers::Text(const char* name) {
 }
 
 std::optional<std::string> ScriptMembers::MaybeText(const char* name) {
-  const json* value = Find(name);
+  const JsonValue* value = Find(name);
   if (value == nullptr) return {};
   return TextOf(name, *value);
 }
 
 bool ScriptMembers::Flag(const char* name, bool whenMissing) {
-  const json* value = Find(name);
+  const JsonValue* value = Find(name);
   if (value == nullptr) return whenMissing;
-  if (!value->is_boolean()) Refuse(name, "must be true or false");
-  return value->get<bool>();
+  if (value->Kind != Type::kBoolean) Refuse(name, "must be true or false");
+  return value->Truth;
 }
 
 bool ScriptMembers::IsFlag(const char* name) {
-  const json* value = Find(name);
-  return value != nullptr && value->is_boolean();
+  const JsonValue* value = Find(name);
+  return value != nullptr && value->Kind == Type::kBoolean;
 }
 
 std::uint64_t ScriptMembers::Number(const char* name, std::uint64_t whenMissing) {
-  const json* value = Find(name);
+  const JsonValue* value = Find(name);
   if (value == nullptr) return whenMissing;
-  if (!value->is_number_unsigned()) Refuse(name, "must be a whole number from 0");
-  return value->get<std::uint64_t>();
+  const std::string_view digits = value->Source;
+  std::uint64_t number = 0;
+  const auto [end, failure] = std::from_chars(digits.data(), digits.data() + digits.size(), number);
+  if (failure != std::errc{} || end != digits.data() + digits.size()) {
+    Refuse(name, "must be a whole number from 0");
+  }
+  return number;
 }
 
 milliseconds ScriptMembers::Duration(const char* name) {
@@ -148,28 +136,36 @@ std::optional<milliseconds> ScriptMembers::MaybeDuration(const char* name) {
 std::optional<std::chrono::local_seconds> ScriptMembers::MaybeTime(const char* name) {
   const auto text = MaybeText(name);
   if (!text) return {};
-  const auto time = ReadTime(*text);
+  const auto time = ParseDateAndTime(*text);
   if (!time) Refuse(name, "must be a time such as \"2007-01-31T09:05:00\"");
   return time;
 }
 
 std::vector<ScriptMembers::Setting> ScriptMembers::Settings(const char* name) {
   std::vector<Setting> settings;
-  const json& sections = Get(name);
-  if (!sections.is_object()) Refuse(name, "must be an object of sections");
-  for (const auto& [section, keys] : sections.items()) {
-    if (!keys.is_object()) Refuse(section, "must be an object of keys");
-    for (const auto& [key, value] : keys.items()) {
-      settings.push_back({TextOf(name, section), TextOf(name, key), TextOf(key, value)});
+  const JsonValue& sections = Get(name);
+  if (sections.Kind != Type::kObject) Refuse(name, "must be an object of sections");
+  for (const auto& [section, keys] : sections.Members) {
+    if (keys.Kind != Type::kObject) Refuse(ToUtf8(section), "must be an object of keys");
+    for (const auto& [key, value] : keys.Members) {
+      settings.push_back({section, key, TextOf(ToUtf8(key), value)});
     }
   }
   return settings;
 }
 
 void ScriptMembers::RefuseOthers() const {
-  for (const auto& [name, value] : step_.items()) {
-    if (!known_.contains(name)) Refuse(name, "is not known here");
+  for (const auto& [name, value] : step_.Members) {
+    if (!known_.contains(name)) Refuse(ToUtf8(name), "is not known here");
   }
+}
+
+ScriptForm ReadForm(ScriptMembers& members) {
+  const auto form = members.OneOf<FormName>("form", {{"Opts", FormName::kOpts},
+                                                     {"Account", FormName::kAccount},
+                                                     {"ReportsWin", FormName::kReportsWin},
+                                                     {"AboutWin", FormName::kAboutWin}});
+  return {form, members.Text("form")};
 }
 
 }  // namespace quillbox

@@ -4,13 +4,14 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <nlohmann/json.hpp>
 #include <set>
 #include <sstream>
 #include <string>
 #include <vector>
 
-#include "simulated/script_run.h"
+#include "quillbox-replay/formats/json_reader.h"
+#include "quillbox-replay/script/script_run.h"
+#include "text/code_page.h"
 
 namespace quillbox {
 
@@ -37,11 +38,13 @@ inline std::vector<std::string> TextsOf(const std::vector<std::string>& trace,
                                         const std::set<std::string>& kinds, bool timed = false) {
   std::vector<std::string> texts;
   for (const std::string& line : trace) {
-    const auto members = nlohmann::ordered_json::parse(line);
-    if (!kinds.contains(members["what"])) continue;
-    std::string text = timed ? members["at"].get<std::string>().substr(17) + " " : "";
-    for (const auto& [name, value] : members.items()) {
-      if (name != "at") text += (name == "what" ? "" : " ") + value.get<std::string>();
+    const JsonLine json = ReadJsonLine(line);
+    EXPECT_EQ(json.NotJson + json.Fault, "") << line;
+    const JsonValue& members = json.Value;
+    if (!kinds.contains(members.Find("what")->Text)) continue;
+    std::string text = timed ? members.Find("at")->Text.substr(17) + " " : "";
+    for (const auto& [name, value] : members.Members) {
+      if (name != "at") text += (name == "what" ? "" : " ") + ToUtf8(value.Text);
     }
     texts.push_back(text);
   }

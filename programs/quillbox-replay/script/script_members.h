@@ -3,13 +3,14 @@
 
 #include <chrono>
 #include <cstdint>
-#include <nlohmann/json_fwd.hpp>
 #include <optional>
 #include <set>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "platform/forms.h"
+#include "quillbox-replay/formats/json_reader.h"
 #include "text/code_page.h"
 
 namespace quillbox {
@@ -28,7 +29,7 @@ std::string QuotedInError(std::string utf8);
 class ScriptMembers {
  public:
   // `step` must be a JSON object and outlive this one.
-  explicit ScriptMembers(const nlohmann::json& step);
+  explicit ScriptMembers(const JsonValue& step);
 
   std::string Text(const char* name);
   std::optional<std::string> MaybeText(const char* name);
@@ -64,11 +65,20 @@ class ScriptMembers {
   void RefuseOthers() const;
 
  private:
-  const nlohmann::json* Find(const char* name);
-  const nlohmann::json& Get(const char* name);
+  const JsonValue* Find(const char* name);
+  const JsonValue& Get(const char* name);
 
-  const nlohmann::json& step_;
+  const JsonValue& step_;
   std::set<std::string> known_;
 };
+
+// A form of the program as scripts name it.
+struct ScriptForm {
+  FormName Form;
+  std::string Name;
+};
+
+// The member "form".
+ScriptForm ReadForm(ScriptMembers& members);
 
 }  // namespace quillbox

@@ -1,5 +1,4 @@
-// Steps of a script in which the person uses the program's forms.
-#include "simulated/script_fields.h"
+#include "quillbox-replay/script/script_person.h"
 
 #include <algorithm>
 
@@ -8,10 +7,11 @@
 #include "forms/editable_list.h"
 #include "forms/list_field.h"
 #include "forms/text_field.h"
-#include "simulated/script_forms.h"
+#include "simulated/simulated_forms.h"
 #include "text/grant_name.h"
 
 namespace quillbox {
+
 namespace {
 
 // Why something can't be done; empty when it was done.
@@ -133,6 +133,49 @@ ScriptAction ReadGrant(ScriptMembers& members) {
   }
   reply.After = members.MaybeDuration("after").value_or(reply.After);
   return [reply](SimulatedProgram& program) { program.Host.Grants.Add(reply); };
+}
+
+namespace {
+
+int Coordinate(ScriptMembers& members, const char* name, unsigned whenMissing) {
+  constexpr std::uint64_t kMost = 32767;
+  const std::uint64_t value = members.Number(name, whenMissing);
+  if (value > kMost) throw ScriptError{"\"" + std::string(name) + "\" is off any screen"};
+  return static_cast<int>(value);
+}
+
+}  // namespace
+
+// In the simulated taskbar, unless told otherwise.
+ScriptAction ReadHover(ScriptMembers& members) {
+  const PixelPoint cursor{Coordinate(members, "x", 1000), Coordinate(members, "y", 750)};
+  return [cursor](SimulatedProgram& program) { program.Host.Hover(cursor); };
+}
+
+// In the middle of the simulated screen, unless told otherwise.
+ScriptAction ReadLeave(ScriptMembers& members) {
+  const PixelPoint cursor{Coordinate(members, "x", 512), Coordinate(members, "y", 384)};
+  return [cursor](SimulatedProgram& program) { program.Host.Mouse.MoveTo(cursor); };
+}
+
+ScriptAction ReadLeft(ScriptMembers&) {
+  return [](SimulatedProgram& program) { program.Host.LeftDown(); };
+}
+
+ScriptAction ReadDouble(ScriptMembers&) {
+  return [](SimulatedProgram& program) { program.Host.DoubleClick(); };
+}
+
+// Without a program there is no menu that the visit could go to.
+ScriptAction ReadRight(ScriptMembers& members) {
+  MenuVisit visit;
+  visit.Item = members.MaybeText("item").value_or("");
+  visit.OpenFor = members.MaybeDuration("after").value_or(visit.OpenFor);
+  return [visit](SimulatedProgram& program) {
+    if (!program.Host.Runs()) return;
+    program.Host.TrayMenus.Add(visit);
+    program.Host.RightDown();
+  };
 }
 
 }  // namespace quillbox

@@ -1,8 +1,8 @@
-// Steps of a script in which the person uses the program's forms.
+// Steps of a script in which the person uses the program: its forms, and the tray icon.
 #pragma once
 
-#include "simulated/script_members.h"
-#include "simulated/script_step.h"
+#include "quillbox-replay/script/script_members.h"
+#include "quillbox-replay/script/script_step.h"
 
 namespace quillbox {
 
@@ -26,5 +26,20 @@ ScriptAction ReadChoose(ScriptMembers& members);
 
 // What comes of it when a grant is asked for next: its "name" or a "problem".
 ScriptAction ReadGrant(ScriptMembers& members);
+
+// The mouse at the tray icon.
+
+// The cursor moves over the icon, to "x" and "y".
+ScriptAction ReadHover(ScriptMembers& members);
+
+// The cursor moves off the icon, which the program is not told, to "x" and "y".
+ScriptAction ReadLeave(ScriptMembers& members);
+
+// The left button goes down once, and the second time of a double click.
+ScriptAction ReadLeft(ScriptMembers& members);
+ScriptAction ReadDouble(ScriptMembers& members);
+
+// The right button opens the menu, in which "item", if there is one, is chosen "after" a while.
+ScriptAction ReadRight(ScriptMembers& members);
 
 }  // namespace quillbox

@@ -1,14 +1,14 @@
 // Running a script: read and check all steps, do them, write the trace.
-#include "simulated/script_run.h"
+#include "quillbox-replay/script/script_run.h"
 
 #include <functional>
 #include <istream>
 #include <ostream>
 #include <vector>
 
-#include "simulated/script_members.h"
-#include "simulated/script_step.h"
-#include "simulated/script_trace.h"
+#include "quillbox-replay/script/script_members.h"
+#include "quillbox-replay/script/script_step.h"
+#include "quillbox-replay/script/script_trace.h"
 #include "simulated/simulated_program.h"
 
 namespace quillbox {
