@@ -4,6 +4,7 @@
 
 #include <cstdlib>
 #include <filesystem>
+#include <string>
 #include <system_error>
 
 namespace quillbox {
@@ -37,6 +38,24 @@ ApplicationFolder FindApplicationFolder() {
   const std::string program = FolderOfExecutable();
   const bool portable = ::access(program.c_str(), W_OK) == 0;
   return {program, portable ? program : UsersDataFolder(), '/'};
+}
+
+namespace {
+
+constexpr const char* kNames[] = {"Content.dat",  "Content.log",  "Search.dat", "Search.log",
+                                  "Referral.dat", "Referral.log", "Report.dat", "Report.log",
+                                  "che.wt",       "chet.wt"};
+
+}  // namespace
+
+void ClearWorkingFiles(Files& files, const ApplicationFolder& folder) {
+  for (const std::string name : kNames) {
+    files.Remove(folder.DataFile(name));
+    // The fetch program writes under a name with an ending of its own and renames.
+    for (const std::string& unfinished : files.List(folder.DataFolder(), name + ".*.part")) {
+      files.Remove(folder.DataFile(unfinished));
+    }
+  }
 }
 
 }  // namespace quillbox

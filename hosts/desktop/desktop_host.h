@@ -2,12 +2,10 @@
 #pragma once
 
 #include "config/application_folder.h"
+#include "desktop/fetch_program.h"
 #include "desktop/local_single_instance.h"
 #include "desktop/qt_address_opener.h"
-#include "desktop/qt_event_pump.h"
-#include "desktop/qt_grant_asker.h"
-#include "desktop/qt_program_exit.h"
-#include "desktop/qt_timers.h"
+#include "desktop/qt_event_loop.h"
 #include "platform/host.h"
 #include "qt_tray/qt_cursor.h"
 #include "qt_tray/qt_tooltip_window.h"
@@ -21,10 +19,8 @@
 #include "system/agent_processes.h"
 #include "system/autostart_entry.h"
 #include "system/settings_file.h"
-#include "system/system_clock.h"
-#include "system/system_environment.h"
 #include "system/system_files.h"
-#include "system/system_network_state.h"
+#include "system/system_surroundings.h"
 
 namespace quillbox {
 

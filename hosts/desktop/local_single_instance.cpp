@@ -2,7 +2,7 @@
 
 #include <chrono>
 
-#include "system/runtime_folder.h"
+#include "system/instance_gate.h"
 
 namespace quillbox {
 

@@ -6,7 +6,7 @@
 #include <QProcess>
 #include <string_view>
 
-#include "desktop/hand_over.h"
+#include "desktop/fetch_program.h"
 #include "qt_base/unicode_text.h"
 
 namespace quillbox {

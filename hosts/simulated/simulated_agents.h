@@ -1,4 +1,4 @@
-// Runs of the fetch program that do what they are told, when they are told to.
+// The fetch program, simulated: what it reads of its argument, and how its runs go.
 #pragma once
 
 #include <chrono>
@@ -9,6 +9,7 @@
 #include <optional>
 #include <random>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "platform/agent_runner.h"
@@ -17,6 +18,21 @@
 
 namespace quillbox {
 
+struct AgentText {
+  std::string Username;  // decoded; empty in a plain request
+  std::string Password;  // decoded
+  std::string Address;
+  std::string DataPath, LogPath;
+};
+
+// The paths stand at the end, each behind a "|"; the request ends its form data at the last "%#%".
+// What is missing is empty.
+AgentText ReadAgentText(std::string_view text);
+
+// What stands behind the path's last separator.
+std::string NameOfPath(std::string_view path);
+
+// Runs of the fetch program that do what they are told, when they are told to.
 // Times count from the start of the run.
 struct AgentBehaviour {
   // Which runs it fits: the name of the data file without its folder, and the e-mail address in

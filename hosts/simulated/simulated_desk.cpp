@@ -1,9 +1,9 @@
-// The small ports.
 #include "simulated/simulated_desk.h"
 
 #include <stdexcept>
 
 namespace quillbox {
+
 std::string SimulatedEnvironment::Variable(std::string_view name) {
   const auto value = values_.find(name);
   return value == values_.end() ? std::string() : value->second;
@@ -51,6 +51,19 @@ void SimulatedOpener::OpenPrivately(const std::string& address) {
 void SimulatedExit::EndProcess() {
   trace_.Add("exit", "");
   throw ProcessEnded{};
+}
+
+void SimulatedBrowser::Navigate(const std::string& address) {
+  loadedAt_ = time_.Now() + loadTime_;
+  trace_.Add("navigate", address);
+}
+
+int SimulatedBrowser::ReadyState() {
+  return time_.Now() >= loadedAt_ ? kPageLoaded : 1;
+}
+
+void SimulatedBrowser::SetBody(const std::string& html) {
+  trace_.Add("body", html);
 }
 
 }  // namespace quillbox

@@ -2,6 +2,7 @@
 // instance, the way out.
 #pragma once
 
+#include <chrono>
 #include <map>
 #include <optional>
 #include <string>
@@ -12,10 +13,12 @@
 #include "platform/environment.h"
 #include "platform/network_state.h"
 #include "platform/program_exit.h"
+#include "platform/report_browser.h"
 #include "platform/single_instance.h"
 #include "platform/sounds.h"
 #include "platform/start_up_entry.h"
 #include "platform/tooltip_window.h"
+#include "simulated/simulated_time.h"
 #include "simulated/simulated_trace.h"
 #include "text/letter_case.h"
 
@@ -132,6 +135,25 @@ class SimulatedExit final : public ProgramExit {
 
  private:
   SimulatedTrace& trace_;
+};
+
+// The Reports window's browser, without an engine.
+class SimulatedBrowser final : public ReportBrowser {
+ public:
+  SimulatedBrowser(SimulatedTime& time, SimulatedTrace& trace) : time_(time), trace_(trace) {}
+
+  // How long a page takes from now on.
+  void SetLoadTime(std::chrono::milliseconds duration) { loadTime_ = duration; }
+
+  void Navigate(const std::string& address) override;
+  int ReadyState() override;
+  void SetBody(const std::string& html) override;
+
+ private:
+  SimulatedTime& time_;
+  SimulatedTrace& trace_;
+  std::chrono::milliseconds loadTime_{20};
+  TimePoint loadedAt_{};
 };
 
 }  // namespace quillbox

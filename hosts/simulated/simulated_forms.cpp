@@ -8,7 +8,6 @@
 #include "forms/text_field.h"
 
 namespace quillbox {
-
 namespace {
 
 constexpr char kOptsName[] = "Opts";

@@ -12,19 +12,14 @@
 #include "platform/host.h"
 #include "platform/host_events.h"
 #include "simulated/simulated_agents.h"
-#include "simulated/simulated_boxes.h"
-#include "simulated/simulated_browser.h"
-#include "simulated/simulated_chooser.h"
 #include "simulated/simulated_desk.h"
 #include "simulated/simulated_files.h"
 #include "simulated/simulated_forms.h"
-#include "simulated/simulated_grants.h"
+#include "simulated/simulated_person.h"
 #include "simulated/simulated_store.h"
 #include "simulated/simulated_time.h"
-#include "simulated/simulated_timers.h"
 #include "simulated/simulated_trace.h"
 #include "simulated/simulated_tray.h"
-#include "simulated/simulated_tray_menus.h"
 
 namespace quillbox {
 

@@ -1,4 +1,4 @@
-// Simulated time: a clock that moves only when told to, and what falls due at which moment.
+// Simulated time: a clock that moves only when told to, what falls due at which moment, and timers.
 #pragma once
 
 #include <chrono>
@@ -6,9 +6,12 @@
 #include <cstdint>
 #include <functional>
 #include <map>
+#include <memory>
+#include <vector>
 
 #include "platform/clock.h"
 #include "platform/event_pump.h"
+#include "platform/timers.h"
 
 namespace quillbox {
 
@@ -60,6 +63,23 @@ class SimulatedTime final : public Clock, public EventPump {
   std::chrono::local_time<std::chrono::milliseconds> start_{};
   std::uint64_t set_ = 0;
   Events events_;
+};
+
+// Timers on simulated time.
+class SimulatedTimers final : public Timers {
+ public:
+  // `time` must outlive this object.
+  explicit SimulatedTimers(SimulatedTime& time) : time_(time) {}
+
+  // The process that made the timers is gone: none of them ticks any more.
+  void StopAll();
+
+  std::unique_ptr<Timer> NewTimer(std::chrono::milliseconds interval,
+                                  std::function<void()> onTick) override;
+
+ private:
+  SimulatedTime& time_;
+  std::vector<std::weak_ptr<Timer>> timers_;
 };
 
 }  // namespace quillbox

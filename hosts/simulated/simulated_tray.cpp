@@ -1,4 +1,3 @@
-// A notification area that can be away, restart, and lose the icon.
 #include "simulated/simulated_tray.h"
 
 namespace quillbox {
@@ -50,6 +49,18 @@ void SimulatedTray::TellBalloon() {
 void SimulatedTray::TooltipChanged(const std::string& text) {
   tooltip_ = text;
   trace_.Add("tip", text);
+}
+
+void SimulatedTrayMenus::PopUp() {
+  trace_.Add("menu", "opens");
+  MenuVisit visit;
+  if (!visits_.empty()) {
+    visit = std::move(visits_.front());
+    visits_.pop_front();
+  }
+  time_.RunUntil(time_.Now() + visit.OpenFor);
+  if (!visit.Item.empty()) choose_(visit.Item);
+  trace_.Add("menu", "closes");
 }
 
 }  // namespace quillbox

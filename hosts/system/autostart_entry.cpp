@@ -1,13 +1,90 @@
 #include "system/autostart_entry.h"
 
 #include <filesystem>
+#include <map>
+#include <sstream>
 #include <system_error>
 
 #include "config/atomic_write.h"
-#include "system/desktop_entry.h"
-#include "system/system_environment.h"
+#include "system/system_surroundings.h"
+#include "text/trimmed.h"
 
 namespace quillbox {
+namespace {
+
+std::string EscapedAll(std::string_view text, std::string_view special, char escape) {
+  std::string escaped;
+  for (const char c : text) {
+    if (special.find(c) != std::string_view::npos) escaped += escape;
+    escaped += c;
+  }
+  return escaped;
+}
+
+// One argument of a command line: in quotes; a "%" would begin a field code.
+std::string Quoted(std::string_view argument) {
+  return '"' + EscapedAll(EscapedAll(argument, "\"`$\\", '\\'), "%", '%') + '"';
+}
+
+// Launchers look for the first word as it stands, before they make one "%" of two, and "=" is
+// forbidden in it.
+std::string CommandLine(std::string_view program) {
+  const bool canStandFirst = program.find_first_of("%=") == std::string_view::npos;
+  return (canStandFirst ? "" : "nice -n 0 ") + Quoted(program);
+}
+
+// A value of the kind "string". Its escapes lie over those of the command line.
+std::string ToValue(std::string_view text) {
+  static constexpr std::string_view kSpecial = "\\\n\t\r";
+  static constexpr std::string_view kLetters = "\\ntr";
+  std::string value;
+  for (const char c : text) {
+    const auto special = kSpecial.find(c);
+    value +=
+        special == std::string_view::npos ? std::string{c} : std::string{'\\', kLetters[special]};
+  }
+  return value;
+}
+
+std::string Bare(std::string_view text) {
+  return std::string(Trimmed(text, " \t\r"));
+}
+
+std::map<std::string, std::string> ReadEntry(const std::string& text) {
+  std::map<std::string, std::string> values;
+  std::istringstream lines(text);
+  bool inside = false;
+  for (std::string line; std::getline(lines, line);) {
+    if (line.starts_with('[')) inside = Bare(line) == "[Desktop Entry]";
+    const auto equals = line.find('=');
+    if (!inside || line.starts_with('#') || equals == std::string::npos) continue;
+    values[Bare(line.substr(0, equals))] = Bare(line.substr(equals + 1));
+  }
+  return values;
+}
+
+}  // namespace
+
+std::string AutostartText(std::string_view program) {
+  std::string text =
+      "[Desktop Entry]\n"
+      "Type=Application\n"
+      "Name=Quillbox\n"
+      "Comment=Watch AdSense accounts from the notification area\n"
+      "Icon=quillbox\n"
+      "Terminal=false\n"
+      "Exec=";
+  text += ToValue(CommandLine(program));
+  text += '\n';
+  return text;
+}
+
+bool StartsSomething(const std::string& text) {
+  std::map<std::string, std::string> entry = ReadEntry(text);
+  return !entry["Exec"].empty() && entry["Hidden"] != "true" &&
+         entry["X-GNOME-Autostart-enabled"] != "false";
+}
+
 namespace {
 
 namespace fs = std::filesystem;

@@ -1,12 +1,22 @@
 // The entry by which the desktop starts the program with the person's session.
 #pragma once
 
+#include <string>
+#include <string_view>
+
 #include "config/application_folder.h"
 #include "platform/files.h"
 #include "platform/start_up_entry.h"
 
 namespace quillbox {
 
+// For the program of this full path, in whose bytes nothing is forbidden.
+std::string AutostartText(std::string_view program);
+
+// Whether the entry with this text, whoever wrote it, starts something when the person signs in.
+bool StartsSomething(const std::string& text);
+
+// The entry by which the desktop starts the program with the person's session.
 // A desktop entry "quillbox.desktop" in the folder "autostart" of the person's configuration.
 class AutostartEntry : public StartUpEntry {
  public:

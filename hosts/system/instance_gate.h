@@ -1,13 +1,20 @@
-// The gate that one process of a user passes, and at which later ones knock.
+// The gate that one process of a user passes and at which later ones knock, and the folder for it.
 #pragma once
 
 #include <chrono>
+#include <cstddef>
 #include <memory>
 #include <string>
 
 namespace quillbox {
 
 class FileDescriptor;
+
+// XDG_RUNTIME_DIR, or the system's folder of that purpose, or a folder in the person's own cache:
+// the first that is an absolute path, belongs to this user, can't be written by anybody else, and
+// whose length is at most `longest`. The last is made when it isn't there. Never a folder that
+// users share, where another one could take our names. Empty when there is none.
+std::string RuntimeFolder(std::size_t longest);
 
 // A lock file decides who passes; only then a socket beside it takes knocks. A socket alone can't
 // decide: what a dead process left has to be removed, and two that start at once remove each

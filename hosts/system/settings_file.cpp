@@ -8,8 +8,8 @@
 #include <thread>
 
 #include "config/atomic_write.h"
-#include "system/file_descriptor.h"
-#include "system/system_environment.h"
+#include "system/system_files.h"
+#include "system/system_surroundings.h"
 
 namespace quillbox {
 namespace {

@@ -10,11 +10,36 @@
 #include <filesystem>
 #include <string_view>
 
-#include "system/file_descriptor.h"
 #include "text/code_page.h"
 #include "text/name_pattern.h"
 
 namespace quillbox {
+namespace {
+
+int Open(const std::string& path, int flags, unsigned mode) {
+  int number = -1;
+  do {
+    number = ::open(path.c_str(), flags | O_CLOEXEC, mode);
+  } while (number < 0 && errno == EINTR);
+  return number;
+}
+
+}  // namespace
+
+FileDescriptor::FileDescriptor(const std::string& path, int flags, unsigned mode)
+    : number_(Open(path, flags, mode)) {}
+
+FileDescriptor::~FileDescriptor() {
+  Close();
+}
+
+bool FileDescriptor::Close() {
+  if (number_ < 0) return true;
+  const int number = number_;
+  number_ = -1;
+  return ::close(number) == 0 || errno == EINTR;  // an interrupted close has closed the file
+}
+
 namespace {
 
 // Nothing when there is no regular file at `path`.
@@ -46,21 +71,21 @@ bool Flushed(const FileDescriptor& file) {
   return result == 0;
 }
 
-bool WriteAll(const FileDescriptor& file, std::string_view content) {
+std::string ForPattern(const std::string& text) {
+  return FromUtf8(text).value_or(text);
+}
+
+}  // namespace
+
+bool WriteAll(int descriptor, std::string_view content) {
   while (!content.empty()) {
-    const ssize_t written = ::write(file.Number(), content.data(), content.size());
+    const ssize_t written = ::write(descriptor, content.data(), content.size());
     if (written < 0 && errno == EINTR) continue;
     if (written <= 0) return false;
     content.remove_prefix(static_cast<std::size_t>(written));
   }
   return true;
 }
-
-std::string ForPattern(const std::string& text) {
-  return FromUtf8(text).value_or(text);
-}
-
-}  // namespace
 
 bool SystemFiles::Exists(const std::string& path) {
   return RegularFile(path).has_value();
@@ -92,7 +117,7 @@ std::optional<std::string> SystemFiles::Read(const std::string& path) {
 bool SystemFiles::WriteNew(const std::string& path, const std::string& content) {
   FileDescriptor file(path, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW, S_IRUSR | S_IWUSR);
   if (!file.IsOpen()) return false;
-  const bool isWritten = WriteAll(file, content);
+  const bool isWritten = WriteAll(file.Number(), content);
   if (file.Close() && isWritten) return true;
   ::unlink(path.c_str());
   return false;

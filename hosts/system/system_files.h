@@ -1,9 +1,35 @@
-// The files of the machine.
+// Files of the operating system.
 #pragma once
+
+#include <string>
+#include <string_view>
 
 #include "platform/files.h"
 
 namespace quillbox {
+
+// An open file of the system, closed when it goes out of scope.
+class FileDescriptor {
+ public:
+  // `flags` and `mode` as for open(2); the descriptor is never handed on to other programs.
+  FileDescriptor(const std::string& path, int flags, unsigned mode = 0);
+  ~FileDescriptor();
+  FileDescriptor(const FileDescriptor&) = delete;
+  FileDescriptor& operator=(const FileDescriptor&) = delete;
+
+  bool IsOpen() const { return number_ >= 0; }
+  int Number() const { return number_; }
+
+  // False when the system reports a failed write only now.
+  bool Close();
+
+ private:
+  int number_;
+};
+
+// Writes all of `content` to an open file, pipe or socket, however many writes that takes; an
+// interrupted one is done again. False when it can't be written.
+bool WriteAll(int descriptor, std::string_view content);
 
 // Paths are bytes as the system has them. Folders, devices and pipes are no files here: nothing
 // reads them, and nothing waits for them. Links are followed when reading, never when writing.

@@ -8,6 +8,7 @@
 
 #include "quillbox-replay/formats/json_reader.h"
 #include "quillbox-replay/operations.h"
+#include "system/system_files.h"
 
 namespace quillbox {
 namespace {
@@ -106,20 +107,6 @@ Input ReadMore(int in, std::string& pending) {
   return count == 0 ? Input::kEnd : Input::kMore;
 }
 
-bool WriteAll(int out, std::string& answers) {
-  std::string_view rest = answers;
-  while (!rest.empty()) {
-    const ssize_t count = write(out, rest.data(), rest.size());
-    if (count >= 0) {
-      rest.remove_prefix(static_cast<std::size_t>(count));
-    } else if (errno != EINTR) {
-      return false;
-    }
-  }
-  answers.clear();
-  return true;
-}
-
 class Batch {
  public:
   Batch(int in, int out) : in_(in), out_(out) {}
@@ -127,7 +114,7 @@ class Batch {
   int Run() {
     for (;;) {
       if (!AnswerWholeLines()) return Failed("the answers can't be written");
-      if (!InputWaits(in_) && !WriteAll(out_, answers_)) {
+      if (!InputWaits(in_) && !WriteAnswers()) {
         return Failed("the answers can't be written");
       }
       const Input input = ReadMore(in_, pending_);
@@ -144,7 +131,7 @@ class Batch {
     for (; end != std::string::npos; end = pending_.find('\n', begin)) {
       AnswerRequest(std::string_view(pending_).substr(begin, end - begin), answers_);
       begin = end + 1;
-      if (answers_.size() >= kManyAnswers && !WriteAll(out_, answers_)) return false;
+      if (answers_.size() >= kManyAnswers && !WriteAnswers()) return false;
     }
     pending_.erase(0, begin);
     searched_ = pending_.size();
@@ -154,7 +141,13 @@ class Batch {
   // The last line need not have an end.
   int Finish() {
     if (!pending_.empty()) AnswerRequest(pending_, answers_);
-    return WriteAll(out_, answers_) ? 0 : Failed("the answers can't be written");
+    return WriteAnswers() ? 0 : Failed("the answers can't be written");
+  }
+
+  bool WriteAnswers() {
+    const bool written = WriteAll(out_, answers_);
+    answers_.clear();
+    return written;
   }
 
   static int Failed(std::string_view reason) {

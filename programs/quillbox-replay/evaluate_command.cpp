@@ -10,8 +10,8 @@
 #include "quillbox-replay/evaluation_words.h"
 #include "quillbox-replay/formats/iso_time.h"
 #include "quillbox-replay/memory_stores.h"
-#include "system/system_clock.h"
 #include "system/system_files.h"
+#include "system/system_surroundings.h"
 #include "text/code_page.h"
 
 namespace quillbox {

@@ -9,8 +9,8 @@
 #include "quillbox-replay/request.h"
 #include "reports/report_data.h"
 #include "reports/report_page.h"
-#include "system/system_clock.h"
 #include "system/system_files.h"
+#include "system/system_surroundings.h"
 
 namespace quillbox {
 namespace {

@@ -6,10 +6,9 @@
 
 #include "evaluation/regions.h"
 #include "quillbox-replay/formats/iso_time.h"
-#include "system/system_clock.h"
+#include "system/system_surroundings.h"
 
 namespace quillbox {
-
 namespace {
 
 std::string_view NameOf(JsonValue::Type kind) {

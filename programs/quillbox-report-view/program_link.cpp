@@ -5,6 +5,8 @@
 #include <cerrno>
 #include <utility>
 
+#include "system/system_files.h"
+
 namespace quillbox {
 namespace {
 
@@ -34,12 +36,7 @@ void ProgramLink::Read() {
 
 void ProgramLink::Send(const QJsonObject& message) {
   const QByteArray line = MessageLine(message);
-  for (qsizetype sent = 0; sent < line.size();) {
-    const ssize_t count =
-        ::write(STDOUT_FILENO, line.data() + sent, static_cast<std::size_t>(line.size() - sent));
-    if (count < 0 && errno != EINTR) return;
-    if (count > 0) sent += count;
-  }
+  WriteAll(STDOUT_FILENO, {line.data(), static_cast<std::size_t>(line.size())});
 }
 
 }  // namespace quillbox

@@ -9,7 +9,6 @@
 #include "desktop/application_folders.h"
 #include "desktop/desktop_host.h"
 #include "desktop/region.h"
-#include "desktop/working_files.h"
 #include "platform/single_instance.h"
 #include "qt_base/icon_picture.h"
 #include "qt_base/window_system.h"

@@ -8,7 +8,6 @@
 #include <fstream>
 
 #include "desktop/fake_bus_service.h"
-#include "system/desktop_entry.h"
 #include "system/system_files.h"
 #include "system/temporary_folder.h"
 

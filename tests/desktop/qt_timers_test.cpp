@@ -1,4 +1,4 @@
-#include "desktop/qt_timers.h"
+#include "desktop/qt_event_loop.h"
 
 #include <gtest/gtest.h>
 
@@ -7,8 +7,6 @@
 #include <map>
 #include <thread>
 #include <vector>
-
-#include "desktop/qt_event_pump.h"
 
 namespace quillbox {
 namespace {

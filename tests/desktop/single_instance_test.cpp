@@ -11,7 +11,7 @@
 #include "desktop/local_single_instance.h"
 #include "desktop/rounds.h"
 #include "support/child_process.h"
-#include "system/runtime_folder.h"
+#include "system/instance_gate.h"
 #include "system/temporary_folder.h"
 
 namespace quillbox {

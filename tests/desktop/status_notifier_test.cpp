@@ -11,7 +11,6 @@
 #include "desktop/quillbox_on_desktop.h"
 #include "desktop/rounds.h"
 #include "system/instance_gate.h"
-#include "system/runtime_folder.h"
 
 namespace quillbox {
 namespace {

@@ -1,4 +1,4 @@
-#include "desktop/working_files.h"
+#include "desktop/application_folders.h"
 
 #include <gmock/gmock.h>
 

@@ -1,7 +1,7 @@
 // A process on a simulated host: its end, and what the trace and the store keep of it.
 #include <gmock/gmock.h>
 
-#include "simulated/agent_text.h"
+#include "simulated/simulated_agents.h"
 #include "simulated/used_program.h"
 
 namespace quillbox {

@@ -6,8 +6,6 @@
 #include <string>
 #include <vector>
 
-#include "simulated/simulated_timers.h"
-
 namespace quillbox {
 namespace {
 

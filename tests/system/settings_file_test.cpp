@@ -14,9 +14,8 @@
 
 #include "config/settings_store.h"
 #include "support/child_process.h"
-#include "system/file_descriptor.h"
-#include "system/system_environment.h"
 #include "system/system_files.h"
+#include "system/system_surroundings.h"
 #include "system/temporary_folder.h"
 #include "text/text_list.h"
 

@@ -2,8 +2,7 @@
 #include <gtest/gtest.h>
 #include <stdlib.h>
 
-#include "system/system_clock.h"
-#include "system/system_environment.h"
+#include "system/system_surroundings.h"
 
 namespace quillbox {
 namespace {

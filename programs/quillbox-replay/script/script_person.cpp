@@ -11,7 +11,6 @@
 #include "text/grant_name.h"
 
 namespace quillbox {
-
 namespace {
 
 // Why something can't be done; empty when it was done.

@@ -8,7 +8,6 @@
 #include "quillbox-replay/formats/json_writer.h"
 
 namespace quillbox {
-
 namespace {
 
 std::string TimeText(std::chrono::local_time<std::chrono::milliseconds> time) {

@@ -1,8 +1,11 @@
-#include "desktop/qt_timers.h"
+#include "desktop/qt_event_loop.h"
 
+#include <QCoreApplication>
 #include <QPointer>
 #include <QTimer>
 #include <algorithm>
+#include <cstdlib>
+#include <thread>
 #include <utility>
 
 namespace quillbox {
@@ -67,6 +70,20 @@ class QtTimer : public Timer {
 std::unique_ptr<Timer> QtTimers::NewTimer(std::chrono::milliseconds interval,
                                           std::function<void()> onTick) {
   return std::make_unique<QtTimer>(interval, std::move(onTick));
+}
+
+void QtEventPump::PumpEvents() {
+  QCoreApplication::processEvents();
+}
+
+void QtEventPump::Sleep(std::chrono::milliseconds duration) {
+  std::this_thread::sleep_for(duration);
+}
+
+// Nothing is unwound: waits may be nested in each other all the way down the stack.
+void QtProgramExit::EndProcess() {
+  lastActs_();
+  std::_Exit(EXIT_SUCCESS);
 }
 
 }  // namespace quillbox
