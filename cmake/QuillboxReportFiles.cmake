@@ -1,11 +1,12 @@
 # What the page of a report loads, made beside the programs: graphs.js is put together from its parts.
 # All parts share one scope, so their order is for readers: from texts and numbers up to the page.
 
-set(QUILLBOX_PAGE_FILES graphs.js NiceTitle.js NiceTitleAutoWidth.css)
+set(copied NiceTitle.js NiceTitleAutoWidth.css)
+set(QUILLBOX_PAGE_FILES graphs.js ${copied})
 list(TRANSFORM QUILLBOX_PAGE_FILES PREPEND "${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/")
 
 set(folder "${PROJECT_SOURCE_DIR}/assets/report")
-foreach(file NiceTitle.js NiceTitleAutoWidth.css)
+foreach(file ${copied})
   configure_file("${folder}/${file}" "${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/${file}" COPYONLY)
 endforeach()
 
@@ -18,5 +19,6 @@ foreach(part texts colours numbers report figures shapes scale columns bars tips
   string(APPEND parts "${text}\n")
 endforeach()
 configure_file("${folder}/graphs/graphs.js.in" "${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/graphs.js" @ONLY)
+unset(copied)
 unset(parts)
 unset(folder)

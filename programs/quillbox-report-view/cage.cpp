@@ -10,6 +10,8 @@
 #include <QWebEngineUrlRequestJob>
 #include <QWebEngineUrlScheme>
 
+#include "reports/page_files.h"
+
 namespace quillbox {
 namespace {
 
@@ -26,20 +28,10 @@ constexpr char kEngineFlags[] =
 constexpr char kScheme[] = "quillbox-report";
 constexpr char kPage[] = "/Report.html";
 
-struct Companion {
-  const char* Path;
-  const char* Type;
-};
-constexpr Companion kCompanions[] = {{"/graphs.js", "text/javascript"},
-                                     {"/NiceTitle.js", "text/javascript"},
-                                     {"/NiceTitleAutoWidth.css", "text/css"}};
-
-// Each is in the code page.
+// Of the page, which is in the code page, or of a file that it loads.
 QByteArray TypeOf(const QString& path) {
-  for (const Companion& companion : kCompanions) {
-    if (path == companion.Path) return companion.Type;
-  }
-  return "text/html;charset=windows-1252";
+  if (path == kPage) return "text/html;charset=windows-1252";
+  return path.endsWith(".css") ? "text/css" : "text/javascript";
 }
 
 // A page that wants more than it shows: all of this is on by itself, or could be.
@@ -80,8 +72,8 @@ QUrl PageAddress() {
 QString FilesOfPage::FileAt(const QUrl& address) const {
   const QString path = address.path(QUrl::FullyDecoded);
   if (path == kPage) return page_;
-  for (const Companion& companion : kCompanions) {
-    if (path == companion.Path) return QFileInfo(page_).path() + path;
+  for (const std::string_view name : kPageFiles) {
+    if (path == "/" + QString::fromLatin1(name)) return QFileInfo(page_).path() + path;
   }
   return {};
 }

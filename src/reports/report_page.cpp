@@ -1,13 +1,20 @@
 #include "reports/report_page.h"
 
+#include "reports/page_files.h"
+
 namespace quillbox {
 namespace {
 
-constexpr std::string_view kHead =
-    "<HTML><HEAD><SCRIPT TYPE='text/javascript' SRC='graphs.js'></SCRIPT>"
-    "<SCRIPT TYPE='text/javascript' SRC='NiceTitle.js'></SCRIPT>"
-    "<LINK REL=\"stylesheet\" HREF=\"NiceTitleAutoWidth.css\" TYPE=\"text/css\"></HEAD>"
-    "<BODY STYLE=\"margin: 1px 1px 1px 1px;\"><SCRIPT>";
+std::string Script(std::string_view file) {
+  return "<SCRIPT TYPE='text/javascript' SRC='" + std::string(file) + "'></SCRIPT>";
+}
+
+std::string Head() {
+  return "<HTML><HEAD>" + Script(kGraphScript) + Script(kTipScript) +
+         "<LINK REL=\"stylesheet\" HREF=\"" + std::string(kTipStyle) +
+         "\" TYPE=\"text/css\"></HEAD>"
+         "<BODY STYLE=\"margin: 1px 1px 1px 1px;\"><SCRIPT>";
+}
 
 constexpr std::string_view kGraph =
     "graph = new BAR_GRAPH(\"vBar\");graph.graphBGColor = \"white\";graph.graphPadding = 0;"
@@ -30,7 +37,7 @@ void AddProperty(std::string& page, std::string_view name, std::string_view valu
 std::string BuildReportPage(const ReportData& data, std::string_view title, std::string_view period,
                             std::string_view comma) {
   const auto titled = [title](std::string_view word) { return title.find(word) != title.npos; };
-  std::string page(kHead);
+  std::string page = Head();
   page += kGraph;
   AddProperty(page, "labels", data.Labels);
   AddProperty(page, "values", data.Values);

@@ -10,26 +10,22 @@ std::string Replaced(std::string_view text, std::string_view from, std::string_v
   return JoinText(SplitText(text, from), to);
 }
 
-std::string_view ProductOf(ReportFamily family) {
+Report KindOf(ReportFamily family) {
   switch (family) {
     case ReportFamily::kSearch:
-      return "afs";
+      return Report::kSearch;
     case ReportFamily::kReferrals:
-      return "ref";
+      return Report::kReferral;
     case ReportFamily::kAd:
     case ReportFamily::kChannel:
       break;
   }
-  return "afc";
+  return Report::kContent;
 }
 
 std::string AddressPath(const ReportRequest& request) {
-  const bool referrals = request.Family == ReportFamily::kReferrals;
-  std::string path = referrals ? "/adsense/report/referrals" : "/adsense/report/aggregate";
-  path += "?product=";
-  path += ProductOf(request.Family);
-  path += "&dateRange.dateRangeType=simple&dateRange.simpleDate=" + request.SimpleDate;
-  if (referrals) return path + "&reportType=property&groupByPref=date&outputFormat=TSV_EXCEL";
+  std::string path = ReportAddressPath(KindOf(request.Family), request.SimpleDate);
+  if (request.Family == ReportFamily::kReferrals) return path.append(kByDay);
   path += "&unitPref=" + request.UnitPref + "&outputFormat=TSV_EXCEL";
   if (request.Family != ReportFamily::kChannel) return path;
   return path + "&reportType=channel&allChannels=true&groupByPref=both";
@@ -50,11 +46,8 @@ ReportFiles WindowReportFiles(const ApplicationFolder& folder) {
 std::string ReportCommand(const ReportRequest& request, std::string_view username,
                           std::string_view password, std::string_view serviceHost,
                           const ApplicationFolder& folder) {
-  const ReportFiles files = WindowReportFiles(folder);
-  std::string command = SignInForm(username, password) + "%#%https://";
-  command += serviceHost;
-  command += AddressPath(request);
-  return command + "|" + files.Data + "|" + files.Log;
+  return SignedInCommand(username, password, serviceHost, AddressPath(request),
+                         WindowReportFiles(folder));
 }
 
 }  // namespace quillbox

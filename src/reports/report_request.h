@@ -23,8 +23,7 @@ ReportRequest ReportRequestOf(const ReportTitle& title, std::string_view range,
 // Full paths of the window's two working files. They are not those of a refresh.
 ReportFiles WindowReportFiles(const ApplicationFolder& folder);
 
-// What the agent is given: form data, address, data file and log file. The account's e-mail address
-// and password are in the code page; `serviceHost` may carry a port.
+// What the agent is given (SignedInCommand).
 std::string ReportCommand(const ReportRequest& request, std::string_view username,
                           std::string_view password, std::string_view serviceHost,
                           const ApplicationFolder& folder);

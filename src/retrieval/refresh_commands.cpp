@@ -32,12 +32,8 @@ std::string_view ProductOf(Report report) {
 }
 
 std::string AddressPath(Report report, std::string_view showDataByPage) {
-  std::string path = report == Report::kReferral ? "/adsense/report/referrals?product="
-                                                 : "/adsense/report/aggregate?product=";
-  path += ProductOf(report);
-  path +=
-      "&dateRange.dateRangeType=simple&dateRange.simpleDate=thismonth"
-      "&reportType=property&groupByPref=date&outputFormat=TSV_EXCEL";
+  std::string path = ReportAddressPath(report, "thismonth");
+  path += kByDay;
   if (report == Report::kContent) {
     path += LowerCase(showDataByPage) == "page" ? "&unitPref=page" : "&unitPref=adunit";
   }
@@ -65,14 +61,29 @@ std::string SignInForm(std::string_view username, std::string_view password) {
   return "Email=" + EncodeFormValue(username) + "&Passwd=" + EncodeFormValue(password);
 }
 
+std::string ReportAddressPath(Report report, std::string_view simpleDate) {
+  std::string path =
+      report == Report::kReferral ? "/adsense/report/referrals" : "/adsense/report/aggregate";
+  path += "?product=";
+  path += ProductOf(report);
+  path += "&dateRange.dateRangeType=simple&dateRange.simpleDate=";
+  return path += simpleDate;
+}
+
+std::string SignedInCommand(std::string_view username, std::string_view password,
+                            std::string_view serviceHost, std::string_view path,
+                            const ReportFiles& files) {
+  std::string command = SignInForm(username, password) + "%#%https://";
+  command += serviceHost;
+  command += path;
+  return command + "|" + files.Data + "|" + files.Log;
+}
+
 std::string RefreshCommand(Report report, std::string_view showDataByPage,
                            std::string_view username, std::string_view password,
                            std::string_view serviceHost, const ApplicationFolder& folder) {
-  const ReportFiles files = ReportFilesOf(report, folder);
-  std::string command = SignInForm(username, password) + "%#%https://";
-  command += serviceHost;
-  command += AddressPath(report, showDataByPage);
-  return command + "|" + files.Data + "|" + files.Log;
+  return SignedInCommand(username, password, serviceHost, AddressPath(report, showDataByPage),
+                         ReportFilesOf(report, folder));
 }
 
 }  // namespace quillbox
