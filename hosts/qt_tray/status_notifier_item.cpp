@@ -57,6 +57,7 @@ namespace {
 
 constexpr char kInterface[] = "org.kde.StatusNotifierItem";
 constexpr char kPropertiesInterface[] = "org.freedesktop.DBus.Properties";
+constexpr char kIntrospection[] = "org.freedesktop.DBus.Introspectable";
 constexpr char kPath[] = "/StatusNotifierItem";
 constexpr int kSizes[] = {16, 22, 24, 32, 44, 48, 64};
 
@@ -179,7 +180,11 @@ bool StatusNotifierItem::handleMessage(const QDBusMessage& call, const QDBusConn
     return true;
   }
   static const QStringList kMethods = {"Activate", "SecondaryActivate", "ContextMenu", "Scroll"};
-  if (!kMethods.contains(call.member())) return false;
+  if (call.interface() == kIntrospection) return false;
+  if (!kMethods.contains(call.member())) {
+    // Some hosts try methods of their own first, and go on only after this error.
+    return bus.send(call.createErrorReply(QDBusError::UnknownMethod, "no method " + call.member()));
+  }
   bus.send(call.createReply());
   Clicked(call.member());
   return true;

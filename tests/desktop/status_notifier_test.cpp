@@ -62,6 +62,11 @@ class PlayedHostTest : public QuillboxOnDesktop {
     return desktop_.Output("dbus-send",
                            QStringList{"--print-reply", "--dest=" + connection} + question);
   }
+  QString ErrorOf(const QString& method) {
+    const QString call = "dbus-send --print-reply --dest=%1 /StatusNotifierItem %2 2>&1";
+    return desktop_.Output(
+        "sh", {"-c", call.arg(Icons().back().service(), "org.kde.StatusNotifierItem." + method)});
+  }
   void Call(const QString& method) {
     Ask({"/StatusNotifierItem", "org.kde.StatusNotifierItem." + method, "int32:0", "int32:0"});
   }
@@ -179,6 +184,7 @@ TEST_F(PlayedHostTest, IsAskedForAgainAtASecondStartAndWhenSomebodyReadsTheIcon)
 
 TEST_F(PlayedHostTest, ItsActivationsAreClicksAndItGetsOurMenu) {
   Register();
+  EXPECT_TRUE(ErrorOf("ProvideXdgActivationToken").contains("UnknownMethod"));
   EXPECT_THAT(OpenedBy([&] { Call("Activate"); }), MatchesRegex(kVisit));
   const auto twice = [&] {
     Call("Activate");
