@@ -1,6 +1,5 @@
 #include "qt_tray/status_notifier_item.h"
 
-#include <QCoreApplication>
 #include <QDBusArgument>
 #include <QDBusConnection>
 #include <QDBusMetaType>
@@ -87,21 +86,16 @@ StatusNotifierItem::StatusNotifierItem(Reports reports) : reports_(std::move(rep
   RegisterTypes<ItemPicture, ItemPictures, ItemTip>();
 }
 
+// The path alone, without a name of the bus: GNOME's host watches a name, and when it hears of its
+// owner later than of the item's properties it forgets those.
 QString StatusNotifierItem::Appear() {
   QDBusConnection bus = QDBusConnection::sessionBus();
-  if (name_.isEmpty() && bus.isConnected()) {
-    bus.registerVirtualObject(kPath, this);
-    name_ = QString("%1-%2-1").arg(kInterface).arg(QCoreApplication::applicationPid());
-    bus.registerService(name_);
-  }
-  return name_;
+  if (!there_) there_ = bus.isConnected() && bus.registerVirtualObject(kPath, this);
+  return there_ ? kPath : QString();
 }
 
 void StatusNotifierItem::Vanish() {
-  if (name_.isEmpty()) return;
-  QDBusConnection bus = QDBusConnection::sessionBus();
-  bus.unregisterService(std::exchange(name_, {}));
-  bus.unregisterObject(kPath);
+  if (std::exchange(there_, false)) QDBusConnection::sessionBus().unregisterObject(kPath);
 }
 
 void StatusNotifierItem::SetPicture(const QIcon& picture) {
@@ -114,7 +108,7 @@ void StatusNotifierItem::SetTip(const QString& tip) {
 }
 
 void StatusNotifierItem::Signal(const char* name) const {
-  if (name_.isEmpty()) return;
+  if (!there_) return;
   QDBusConnection::sessionBus().send(QDBusMessage::createSignal(kPath, kInterface, name));
 }
 

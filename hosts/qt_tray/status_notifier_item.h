@@ -24,7 +24,8 @@ class StatusNotifierItem : public QDBusVirtualObject {
   explicit StatusNotifierItem(Reports reports);
   ~StatusNotifierItem() override { Vanish(); }
 
-  // The name under which it is on the bus while it is shown. Empty without a bus.
+  // The path at which it is on the bus while it is shown, which hosts are told. Empty without a
+  // bus.
   QString Appear();
   void Vanish();
 
@@ -44,7 +45,8 @@ class StatusNotifierItem : public QDBusVirtualObject {
   const Reports reports_;
   Activations activations_;
   QIcon picture_;
-  QString tip_, name_;
+  QString tip_;
+  bool there_ = false;
 };
 
 }  // namespace quillbox

@@ -26,10 +26,10 @@ class StatusNotifierWatcher : public QObject {
   // was told.
   const QString& Owner() const { return owner_; }
 
-  // The bus name of the item that the service is told of, now and whenever it is a new one. Hosts
-  // that come later learn it from the service.
+  // The path of the item that the service is told of, now and whenever it is a new one. Hosts that
+  // come later learn it from the service.
   void Offer(const QString& item);
-  // Nothing is offered any more. The item's name must go from the bus, too.
+  // Nothing is offered any more. Hosts keep what they show until the connection to the bus ends.
   void Withdraw() { item_.clear(); }
 
  public Q_SLOTS:
