@@ -28,6 +28,11 @@ ApiPages::ApiPages(const ServiceOptions& options, const std::set<std::string>& e
 
 GoodAnswer ApiPages::Accounts(const FormFields& query, const std::string& email) const {
   if (email.empty()) return NoToken();
+  try {
+    CheckParameters(query, {"pageSize", "pageToken"});
+  } catch (const BadReportRequest& problem) {
+    return ApiError(400, problem.what());
+  }
   const auto page = PublisherPageJson(publishers_.Of(email), FieldOf(query, "pageSize"),
                                       FieldOf(query, "pageToken"), options_.PageLimit);
   return page ? Json(*page) : ApiError(400, "pageSize or pageToken is wrong");
@@ -43,6 +48,9 @@ GoodAnswer ApiPages::Report(const FormFields& query, const std::string& publishe
   try {
     const Moment now = clock_.Now();
     ReportRequest request = ParseReportRequest(query, now.Today);
+    if (request.First < now.Today - options_.History) {
+      return ApiError(400, "startDate lies too long ago");
+    }
     request.Limit = std::min(request.Limit, options_.RowLimit);
     const ReportRows rows = MakeReportRows(request, seed_, owner->Ready ? email : "", now);
     const std::string currency = request.Currency.empty() ? options_.Currency : request.Currency;

@@ -76,8 +76,14 @@ void SetConsent(ServiceOptions& options, const std::string& text) {
 }
 
 void SetRefresh(ServiceOptions& options, const std::string& text) {
-  options.Api.Refreshes =
-      OneOf<OnRefresh>(text, {{"keep", OnRefresh::kKeepGrant}, {"rotate", OnRefresh::kNewGrant}});
+  options.Api.Refreshes = OneOf<OnRefresh>(text, {{"keep", OnRefresh::kKeepGrant},
+                                                  {"rotate", OnRefresh::kNewGrant},
+                                                  {"rotate-once", OnRefresh::kNewGrantOnce}});
+}
+
+void SetRevoke(ServiceOptions& options, const std::string& text) {
+  options.Api.Revokes =
+      OneOf<OnRevoke>(text, {{"grant", OnRevoke::kGrant}, {"person", OnRevoke::kPerson}});
 }
 
 void AddGrant(ServiceOptions& options, const std::string& text) {
@@ -130,7 +136,13 @@ constexpr ServiceOption kServiceOptions[] = {
     {"--row-limit", "N",
      [](auto& o, auto& text) { o.Api.RowLimit = ParseNumber(text, kOne, kMostRows); },
      "The most rows in one report"},
-    {"--refresh", "keep|rotate", SetRefresh, "Whether a refresh replaces the grant"},
+    {"--refresh", "keep|rotate|rotate-once", SetRefresh, "Whether a refresh replaces the grant"},
+    {"--revoke", "grant|person", SetRevoke, "What goes with a grant that is given back"},
+    {"--history", "DAYS",
+     [](auto& o, auto& text) {
+       o.Api.History = std::chrono::days(ParseNumber(text, 1, kMostDays));
+     },
+     "How far back reports may begin"},
     {"--currency", "CODE", [](auto& o, auto& text) { o.Api.Currency = text; },
      "The currency of the accounts"},
     {"--warning", "TEXT", [](auto& o, auto& text) { o.Api.Warnings.push_back(text); },

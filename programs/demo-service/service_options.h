@@ -20,6 +20,8 @@ namespace quillbox {
 
 enum class Consent { kPage, kAuto, kDeny };
 
+inline constexpr int kMostDays = 1'000'000;
+
 // Of the API and of the access to it.
 struct ApiOptions {
   std::string ClientId = "quillbox-demo";
@@ -32,6 +34,8 @@ struct ApiOptions {
   std::size_t PageLimit = 10'000;
   std::size_t RowLimit = kMostRows;  // in one report
   OnRefresh Refreshes = OnRefresh::kKeepGrant;
+  OnRevoke Revokes = OnRevoke::kGrant;
+  std::chrono::days History{kMostDays};  // how long ago a range may begin
   std::string Currency = "USD";
   std::vector<std::string> Warnings;
 };

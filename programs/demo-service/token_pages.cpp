@@ -22,15 +22,21 @@ GoodAnswer Missing(const std::string& what) {
   return TokenError(400, "invalid_request", "Missing required parameter: " + what);
 }
 
+GoodAnswer UnknownClient() {
+  return TokenError(401, "invalid_client", "The OAuth client was not found.");
+}
+
 }  // namespace
+
+bool TokenPages::IsFromClient(const FormFields& fields) const {
+  return FieldOf(fields, "client_id") == options_.ClientId &&
+         FieldOf(fields, "client_secret") == options_.ClientSecret;
+}
 
 GoodAnswer TokenPages::Token(const FormFields& fields) {
   const std::string type = FieldOf(fields, "grant_type");
   if (type.empty()) return Missing("grant_type");
-  if (FieldOf(fields, "client_id") != options_.ClientId ||
-      FieldOf(fields, "client_secret") != options_.ClientSecret) {
-    return TokenError(401, "invalid_client", "The OAuth client was not found.");
-  }
+  if (!IsFromClient(fields)) return UnknownClient();
   if (type == "authorization_code") return FromCode(fields);
   if (type == "refresh_token") return FromGrant(fields);
   return TokenError(400, "unsupported_grant_type", "Invalid grant_type: " + type);
@@ -55,6 +61,10 @@ GoodAnswer TokenPages::FromGrant(const FormFields& fields) {
 }
 
 GoodAnswer TokenPages::Revoke(const FormFields& fields) {
+  for (const char* name : {"token", "client_id"}) {
+    if (FieldOf(fields, name).empty()) return Missing(name);
+  }
+  if (!IsFromClient(fields)) return UnknownClient();
   if (grants_.Revoke(FieldOf(fields, "token"))) return {200, "{}\n", "application/json"};
   return TokenError(400, "invalid_token", "Token expired or revoked");
 }

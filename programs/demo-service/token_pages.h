@@ -15,9 +15,11 @@ class TokenPages {
   // A code or a grant in, an access token out.
   GoodAnswer Token(const FormFields& fields);
 
+  // A grant or an access token in, by the client that has it.
   GoodAnswer Revoke(const FormFields& fields);
 
  private:
+  bool IsFromClient(const FormFields& fields) const;
   GoodAnswer FromCode(const FormFields& fields);
   GoodAnswer FromGrant(const FormFields& fields);
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iterator>
 
+#include "reports/figure_sources.h"
 #include "reports/figure_texts.h"
 
 namespace quillbox {
@@ -13,6 +14,12 @@ std::string MonthText(const Combination& c) {
 }
 
 constexpr std::string_view kChannelName = "CUSTOM_CHANNEL_NAME";
+constexpr std::string_view kChannelId = "CUSTOM_CHANNEL_ID";
+
+std::string ChannelId(const Combination& c) {
+  const auto place = std::ranges::find(kChannels, c.Channel) - kChannels.begin();
+  return "channel-" + std::to_string(place + 1);
+}
 
 const Dimension kDimensions[] = {
     {"DATE", [](const Combination& c) { return DateText(c.Day); }},
@@ -24,6 +31,7 @@ const Dimension kDimensions[] = {
        return std::string(c.Of == Product::kSearch ? "AdSense for Search" : "AdSense for Content");
      }},
     {kChannelName, [](const Combination& c) { return std::string(c.Channel); }},
+    {kChannelId, ChannelId},
 };
 
 std::string Impressions(const DayFigures& figures) {
@@ -76,7 +84,7 @@ const Metric* FindMetric(std::string_view name) {
 }
 
 bool ConcernsChannels(const Dimension& dimension) {
-  return dimension.Name == kChannelName;
+  return dimension.Name == kChannelName || dimension.Name == kChannelId;
 }
 
 }  // namespace quillbox

@@ -20,6 +20,11 @@ std::vector<std::string> All(const Parameters& parameters, const std::string& na
   return values;
 }
 
+// Those that every address of the API takes; the demo looks at none of them.
+constexpr std::string_view kCommonParameters[] = {
+    "$.xgafv",     "access_token", "alt",       "callback",   "fields",         "key",
+    "oauth_token", "prettyPrint",  "quotaUser", "uploadType", "upload_protocol"};
+
 template <typename Column>
 const Column* Known(const Column* column, const std::string& name) {
   if (column == nullptr) throw BadReportRequest("\"" + name + "\" is not known here");
@@ -81,7 +86,22 @@ void CheckTimeZone(const std::string& text) {
 
 }  // namespace
 
+void CheckParameters(const Parameters& parameters, std::initializer_list<std::string_view> known) {
+  const auto isIn = [](const auto& list, const std::string& name) {
+    return std::ranges::find(list, name) != std::ranges::end(list);
+  };
+  for (const auto& [name, value] : parameters) {
+    if (!isIn(known, name) && !isIn(kCommonParameters, name)) {
+      throw BadReportRequest("there is no parameter \"" + name + "\"");
+    }
+  }
+}
+
 ReportRequest ParseReportRequest(const Parameters& parameters, std::chrono::sys_days today) {
+  CheckParameters(parameters, {"dateRange", "startDate.year", "startDate.month", "startDate.day",
+                               "endDate.year", "endDate.month", "endDate.day", "dimensions",
+                               "metrics", "filters", "orderBy", "limit", "currencyCode",
+                               "languageCode", "reportingTimeZone"});
   ReportRequest request;
   std::tie(request.First, request.Last) = ParseDates(parameters, today);
   for (const std::string& name : All(parameters, "dimensions")) {

@@ -3,9 +3,11 @@
 
 #include <chrono>
 #include <cstddef>
+#include <initializer_list>
 #include <map>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "api/columns.h"
@@ -40,6 +42,11 @@ class BadReportRequest : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
 };
+
+// Throws BadReportRequest for a parameter that is neither one of these nor one that every address
+// of the API takes.
+void CheckParameters(const std::multimap<std::string, std::string>& parameters,
+                     std::initializer_list<std::string_view> known);
 
 // Throws BadReportRequest.
 ReportRequest ParseReportRequest(const std::multimap<std::string, std::string>& parameters,

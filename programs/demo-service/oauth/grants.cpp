@@ -2,6 +2,7 @@
 
 #include <random>
 #include <utility>
+#include <vector>
 
 namespace quillbox {
 namespace {
@@ -20,9 +21,9 @@ std::string NewName(const std::string& kind) {
 }  // namespace
 
 Grants::Grants(const std::map<std::string, std::string>& grants, std::chrono::seconds tokenLife,
-               OnRefresh onRefresh)
-    : tokenLife_(tokenLife), onRefresh_(onRefresh) {
-  for (const auto& [token, email] : grants) grants_[token] = {email, "adsense.readonly"};
+               OnRefresh onRefresh, OnRevoke onRevoke)
+    : tokenLife_(tokenLife), onRefresh_(onRefresh), onRevoke_(onRevoke) {
+  for (const auto& [token, email] : grants) grants_[token] = {email, "adsense.readonly", token};
 }
 
 std::string Grants::NewCode(const std::string& email, const Authorization& wish) {
@@ -47,20 +48,26 @@ std::optional<Tokens> Grants::Redeem(const std::string& code, const std::string&
     return std::nullopt;
   }
   known.Grant = NewName("grant-");
-  grants_[known.Grant] = {known.Email, known.Wish.Scope};
+  grants_[known.Grant] = {known.Email, known.Wish.Scope, known.Grant};
   return NewAccess(known.Grant);
 }
 
 std::optional<Tokens> Grants::Refresh(const std::string& grant) {
   const std::lock_guard lock(mutex_);
-  if (!grants_.contains(grant)) return std::nullopt;
-  return NewAccess(onRefresh_ == OnRefresh::kNewGrant ? Replace(grant) : grant);
+  if (!grants_.contains(grant)) {
+    const auto replaced = replaced_.find(grant);
+    const bool stolen = onRefresh_ == OnRefresh::kNewGrantOnce && replaced != replaced_.end();
+    if (stolen) TakeAwayAll(&Grant::First, replaced->second);
+    return std::nullopt;
+  }
+  return NewAccess(onRefresh_ == OnRefresh::kKeepGrant ? grant : Replace(grant));
 }
 
 std::string Grants::Replace(const std::string& grant) {
   auto node = grants_.extract(grant);
   std::string name = NewName("grant-");
   node.key() = name;
+  replaced_[grant] = node.mapped().First;
   grants_.insert(std::move(node));
   for (auto& [token, access] : access_) {
     if (access.Grant == grant) access.Grant = name;
@@ -95,7 +102,20 @@ std::string Grants::OwnerOf(const std::string& codeOrGrant) const {
 bool Grants::Revoke(const std::string& token) {
   const std::lock_guard lock(mutex_);
   const auto access = access_.find(token);
-  return TakeAway(access == access_.end() ? token : access->second.Grant);
+  const auto grant = grants_.find(access == access_.end() ? token : access->second.Grant);
+  if (grant == grants_.end()) return false;
+  if (onRevoke_ == OnRevoke::kGrant) return TakeAway(grant->first);
+  TakeAwayAll(&Grant::Email, grant->second.Email);
+  return true;
+}
+
+void Grants::TakeAwayAll(std::string Grant::*of, const std::string& value) {
+  const std::string wanted = value;  // may lie in what goes
+  std::vector<std::string> names;
+  for (const auto& [name, grant] : grants_) {
+    if (grant.*of == wanted) names.push_back(name);
+  }
+  for (const std::string& name : names) TakeAway(name);
 }
 
 bool Grants::TakeAway(const std::string& grant) {

@@ -17,7 +17,11 @@ struct Tokens {
   std::string Scope;
 };
 
-enum class OnRefresh { kKeepGrant, kNewGrant };
+// With kNewGrantOnce whoever uses a grant that has been replaced takes away what replaced it too.
+enum class OnRefresh { kKeepGrant, kNewGrant, kNewGrantOnce };
+
+// What goes besides the grant that is given back: nothing, or all that the same person has granted.
+enum class OnRevoke { kGrant, kPerson };
 
 class Grants {
  public:
@@ -26,7 +30,7 @@ class Grants {
   // `grants`: refresh tokens that hold from the start, and whose they are. `tokenLife`: how long an
   // access token holds.
   Grants(const std::map<std::string, std::string>& grants, std::chrono::seconds tokenLife,
-         OnRefresh onRefresh = OnRefresh::kKeepGrant);
+         OnRefresh onRefresh = OnRefresh::kKeepGrant, OnRevoke onRevoke = OnRevoke::kGrant);
 
   // A new code by which `email` allows what was wished for. Holds once and for ten minutes.
   std::string NewCode(const std::string& email, const Authorization& wish);
@@ -36,8 +40,8 @@ class Grants {
   std::optional<Tokens> Redeem(const std::string& code, const std::string& redirectUri,
                                const std::string& verifier);
 
-  // A new access token; nothing for a grant that isn't there. With kNewGrant a new grant takes the
-  // place of this one, which holds no more; its access tokens stay.
+  // A new access token; nothing for a grant that isn't there. Unless grants are kept, a new one
+  // takes the place of this one, which holds no more; its access tokens stay.
   std::optional<Tokens> Refresh(const std::string& grant);
 
   // The e-mail address behind an access token that holds, empty without one.
@@ -46,7 +50,8 @@ class Grants {
   // The e-mail address behind a code or grant, empty without one.
   std::string OwnerOf(const std::string& codeOrGrant) const;
 
-  // Takes away a grant with its access tokens, given itself or one of these. False when unknown.
+  // Takes away a grant with its access tokens, given itself or one of these, and what OnRevoke says
+  // besides. False when unknown.
   bool Revoke(const std::string& token);
 
   std::chrono::seconds TokenLife() const { return tokenLife_; }
@@ -61,6 +66,7 @@ class Grants {
   struct Grant {
     std::string Email;
     std::string Scope;
+    std::string First = {};  // the grant that it has replaced, in however many steps
   };
   struct Access {
     std::string Grant;
@@ -70,13 +76,16 @@ class Grants {
   Tokens NewAccess(const std::string& grant);
   bool TakeAway(const std::string& grant);
   std::string Replace(const std::string& grant);
+  void TakeAwayAll(std::string Grant::*of, const std::string& value);
 
   const std::chrono::seconds tokenLife_;
   const OnRefresh onRefresh_;
+  const OnRevoke onRevoke_;
   mutable std::mutex mutex_;
   std::map<std::string, Code> codes_;
   std::map<std::string, Grant> grants_;
   std::map<std::string, Access> access_;
+  std::map<std::string, std::string> replaced_;  // grants that hold no more, and their first ones
 };
 
 }  // namespace quillbox
