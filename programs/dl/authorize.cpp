@@ -12,6 +12,7 @@
 #include "consent_secrets.h"
 #include "environment.h"
 #include "grant_files.h"
+#include "grant_lock.h"
 #include "loopback_server.h"
 #include "no_grant.h"
 #include "oauth/browser_pages.h"
@@ -57,12 +58,13 @@ class Authorization {
   std::string Run(const std::string& email, unsigned fileMask) {
     try {
       OpenPage(email, fileMask);
-      Keep(MakeGrant(AwaitCode()));
-      server_.Show(SentencePage("Quillbox is connected. You can close this page."));
+      MakeAndKeep(AwaitCode());
+      server_.Show(SentencePage("Quillbox is connected: you can close this page."));
       return name_;
-    } catch (const NoGrant&) {
-      server_.Show(
-          SentencePage("Quillbox is not connected. You can close this page and try again."));
+    } catch (const NoGrant& none) {
+      server_.Show(SentencePage(none.Code == ResultCode::kRefused
+                                    ? "Quillbox got no access: you can close this page."
+                                    : "Quillbox is not connected: its window says why."));
       throw;
     }
   }
@@ -115,10 +117,20 @@ class Authorization {
     return *chosen;
   }
 
-  void Keep(const Grant& grant) {
+  // Before the service makes the grant its place is on the disk, and nobody takes back what the
+  // same person has granted before.
+  void MakeAndKeep(const std::string& code) {
+    const std::string folder = GrantFolder();
+    const NoGrant notKept{ResultCode::kNoConnection, "The grant could not be kept in " + folder};
+    GrantPlace place(folder, name_);
+    if (!place.IsMade()) throw notKept;
+    const GrantFolderLock lock(folder, GrantFolderLock::Sharing::kShared, TheLimits().Total / 2);
+    if (lock.State() == LockState::kTaken) {
+      throw NoGrant{ResultCode::kNoAnswer, "Another grant is being given back. Try again."};
+    }
+    const Grant grant = MakeGrant(code);
     EndWatch();  // what is kept is told
-    if (SaveGrant(GrantFolder(), name_, grant)) return;
-    throw NoGrant{ResultCode::kNoConnection, "The grant could not be kept in " + GrantFolder()};
+    if (!place.Keep(grant)) throw notKept;
   }
 
   const CurlLibrary& curl_;

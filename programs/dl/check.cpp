@@ -40,6 +40,23 @@ std::string AnswerInWords(const Grant& grant, const ReportAnswer& answer) {
   return words;
 }
 
+// No new connection helps where it isn't the account that was refused.
+std::string Advice(const ServiceVerdict& verdict) {
+  switch (verdict.Whom) {
+    case Concerns::kRegistration:
+      return "\nThis is not about your account: the program's own registration with the service "
+             "(see QUILLBOX_OAUTH_CLIENT_ID) doesn't allow it to read reports. Who packaged "
+             "Quillbox must switch that on there.";
+    case Concerns::kQuota:
+      return "\nThis is not about your account: the program has asked as often as the service "
+             "allows it for now.";
+    case Concerns::kAccount:
+      break;
+  }
+  const bool refused = verdict.Code == ResultCode::kRefused;
+  return refused ? "\nConnect the account again to get a new grant." : "";
+}
+
 Finding CheckGrant(Session& session, const std::string& name) {
   const std::string folder = GrantFolder();
   auto grant = LoadGrant(folder, name);
@@ -49,8 +66,8 @@ Finding CheckGrant(Session& session, const std::string& name) {
   std::string words = WordsFor(report.Verdict, report.Verdict.Asked);
   if (report.Verdict.Code == ResultCode::kSuccess) {
     words += AnswerInWords(service.Granted(), report.Answer);
-  } else if (report.Verdict.Code == ResultCode::kRefused) {
-    words += "\nConnect the account again to get a new grant.";
+  } else {
+    words += Advice(report.Verdict);
   }
   return {report.Verdict.Code, words};
 }

@@ -1,19 +1,25 @@
 #include "grant_files.h"
 
+#include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdlib>
+#include <utility>
+#include <vector>
 
-#include "result_files.h"
+#include "grant_lock.h"
 #include "text/grant_name.h"
 
 namespace quillbox {
 namespace {
 
 constexpr std::size_t kMostBytes = 64 << 10;
+constexpr int kMostTries = 5;
+constexpr std::size_t kRoom = 32 << 10;  // the longest token, and what stands beside it
 
 std::string Variable(const char* name) {
   const char* const text = std::getenv(name);
@@ -37,6 +43,27 @@ std::optional<std::string> ReadAll(int file) {
     text.append(piece, static_cast<std::size_t>(got));
   }
   return std::nullopt;
+}
+
+std::optional<std::vector<std::string>> FilesIn(const std::string& folder) {
+  DIR* const open = ::opendir(folder.c_str());
+  if (open == nullptr) return std::nullopt;
+  std::vector<std::string> names;
+  while (const dirent* const entry = ::readdir(open)) names.emplace_back(entry->d_name);
+  ::closedir(open);
+  return names;
+}
+
+// A run has the lock of its place for as long as it lives; one without a lock was left.
+void RemoveLeftPlaces(const std::string& folder) {
+  for (const std::string& name : FilesIn(folder).value_or(std::vector<std::string>{})) {
+    if (!name.ends_with(".part")) continue;
+    const std::string path = folder + "/" + name;
+    const int file = ::open(path.c_str(), O_RDWR | O_NOFOLLOW | O_CLOEXEC | O_NONBLOCK);
+    if (file < 0) continue;
+    if (TryLockAt(file, path) == LockState::kOurs) ::unlink(path.c_str());
+    ::close(file);
+  }
 }
 
 // With the folders above it, each for its owner alone.
@@ -72,16 +99,46 @@ std::optional<Grant> LoadGrant(const std::string& folder, std::string_view name)
   return text ? ParseGrant(*text) : std::nullopt;
 }
 
-bool SaveGrant(const std::string& folder, std::string_view name, const Grant& grant) {
-  if (folder.empty() || !IsGrantName(name) || !MakeFolder(folder)) return false;
+// Once it is locked, nobody takes the place for one that was left; before, another run may have.
+GrantPlace::GrantPlace(std::string folder, std::string_view name) : folder_(std::move(folder)) {
+  if (folder_.empty() || !IsGrantName(name) || !MakeFolder(folder_)) return;
   // It may have been there before, more open.
-  if (::chmod(folder.c_str(), S_IRWXU) != 0) return false;
+  if (::chmod(folder_.c_str(), S_IRWXU) != 0) return;
+  RemoveLeftPlaces(folder_);
+  const std::string path = GrantPath(folder_, name);
+  for (int tries = 0; tries < kMostTries; ++tries) {
+    place_.emplace(path, kRoom);
+    if (!place_->IsMade()) return;
+    if (TryLockAt(place_->Descriptor(), PartPath(path)) != LockState::kTaken) return;
+  }
+  place_.reset();
+}
+
+// The folder is flushed too: what stood there before is worth nothing any more.
+bool GrantPlace::Keep(const Grant& grant) {
   const std::string text = GrantText(grant);
-  return text.size() <= kMostBytes && WriteWholeFile(GrantPath(folder, name), text);
+  if (!place_ || text.size() > kMostBytes || !place_->Arrive(text)) return false;
+  const int folder = ::open(folder_.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  if (folder < 0) return true;
+  ::fsync(folder);
+  ::close(folder);
+  return true;
+}
+
+bool MayHoldAnother(const std::string& folder, std::string_view name, const std::string& clientId) {
+  const auto files = FilesIn(folder);
+  if (!files) return true;
+  return std::ranges::any_of(*files, [&](const std::string& file) {
+    const std::string other = std::string(kGrantNamePrefix) + file;
+    if (other == name || !IsGrantName(other)) return false;
+    const auto grant = LoadGrant(folder, other);
+    return !grant || grant->Client.Id == clientId;
+  });
 }
 
 bool RemoveGrant(const std::string& folder, std::string_view name) {
   if (folder.empty() || !IsGrantName(name)) return true;
+  RemoveLeftPlaces(folder);
   return ::unlink(GrantPath(folder, name).c_str()) == 0 || errno == ENOENT || errno == ENOTDIR;
 }
 

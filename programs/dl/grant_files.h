@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "grant/grant.h"
+#include "result_files.h"
 
 namespace quillbox {
 
@@ -20,11 +21,30 @@ std::string GrantPath(const std::string& folder, std::string_view name);
 // to others is not read.
 std::optional<Grant> LoadGrant(const std::string& folder, std::string_view name);
 
-// Makes the folder if it isn't there. The file has the whole grant or isn't changed; false then.
-bool SaveGrant(const std::string& folder, std::string_view name, const Grant& grant);
+// Where a grant's file will come to stand: room for it is on the disk before the service makes the
+// grant, which may be the end of the one before. Goes again if no grant comes.
+class GrantPlace {
+ public:
+  // Makes the folder if it isn't there. What earlier runs left of such places goes.
+  GrantPlace(std::string folder, std::string_view name);
 
-// Takes the file away, be it readable or not; a link goes, not what it leads to. Whether none is
-// left, also when there was none.
+  // False when there is no room, or no such file can be made.
+  bool IsMade() const { return place_ && place_->IsMade(); }
+
+  // The file has the whole grant or isn't changed; false then. To be called once.
+  bool Keep(const Grant& grant);
+
+ private:
+  const std::string folder_;
+  std::optional<ComingFile> place_;
+};
+
+// Whether a file in the folder, other than that of `name`, may hold a grant to the client: one that
+// can't be read may hold any. True also when the folder can't be read.
+bool MayHoldAnother(const std::string& folder, std::string_view name, const std::string& clientId);
+
+// Takes the file away, be it readable or not, with what runs that were killed left of it; a link
+// goes, not what it leads to. Whether none is left, also when there was none.
 bool RemoveGrant(const std::string& folder, std::string_view name);
 
 }  // namespace quillbox

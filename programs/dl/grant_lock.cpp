@@ -22,20 +22,19 @@ int Open(const std::string& path) {
   return ::open(path.c_str(), O_RDWR | O_NOFOLLOW | O_CLOEXEC | O_NONBLOCK);
 }
 
-// False when another process has it.
-bool TryLock(int file) {
-  while (::flock(file, LOCK_EX | LOCK_NB) != 0) {
-    if (errno != EINTR) return errno != EWOULDBLOCK;
+LockState TryLock(int file, int kind) {
+  while (::flock(file, kind | LOCK_NB) != 0) {
+    if (errno != EINTR) return errno == EWOULDBLOCK ? LockState::kTaken : LockState::kNone;
   }
-  return true;
+  return LockState::kOurs;
 }
 
-bool LockUntil(int file, Clock::time_point end) {
-  while (!TryLock(file)) {
-    if (Clock::now() >= end) return false;
+LockState LockUntil(int file, int kind, Clock::time_point end) {
+  for (;;) {
+    const LockState state = TryLock(file, kind);
+    if (state != LockState::kTaken || Clock::now() >= end) return state;
     std::this_thread::sleep_for(kPause);
   }
-  return true;
 }
 
 // Who had the lock before may have put another file there.
@@ -54,14 +53,31 @@ GrantLock::GrantLock(const std::string& folder, std::string_view name,
   const std::string path = GrantPath(folder, name);
   const Clock::time_point end = Clock::now() + patience;
   for (file_ = Open(path); file_ >= 0; file_ = Open(path)) {
-    ours_ = LockUntil(file_, end);
-    if (!ours_ || StillStands(file_, path)) return;
+    state_ = LockUntil(file_, LOCK_EX, end);
+    if (state_ == LockState::kTaken || StillStands(file_, path)) return;
     ::close(file_);
   }
 }
 
 GrantLock::~GrantLock() {
   if (file_ >= 0) ::close(file_);
+}
+
+GrantFolderLock::GrantFolderLock(const std::string& folder, Sharing sharing,
+                                 std::chrono::milliseconds patience)
+    : folder_(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
+  if (folder_ < 0) return;
+  const int kind = sharing == Sharing::kAlone ? LOCK_EX : LOCK_SH;
+  state_ = LockUntil(folder_, kind, Clock::now() + patience);
+}
+
+GrantFolderLock::~GrantFolderLock() {
+  if (folder_ >= 0) ::close(folder_);
+}
+
+LockState TryLockAt(int file, const std::string& path) {
+  const LockState state = TryLock(file, LOCK_EX);
+  return StillStands(file, path) ? state : LockState::kTaken;
 }
 
 }  // namespace quillbox

@@ -8,6 +8,11 @@
 #include "whole_report.h"
 
 namespace quillbox {
+namespace {
+
+constexpr long kBadRequest = 400;  // also for a day that lies too long ago
+
+}  // namespace
 
 GrantedReport FetchReport(GrantedService& service, const WantedReport& report) {
   DayRange days{};  // of a range that the service has no name for
@@ -16,7 +21,13 @@ GrantedReport FetchReport(GrantedService& service, const WantedReport& report) {
     if (today.Verdict.Code != ResultCode::kSuccess) return today;
     days = DaysOf(report.Range, today.Answer.Days.Last, service.Granted().Created);
   }
-  return MadeWhole(service, report, AskForReport(service, report, ReportQuery(report, days)));
+  const auto ask = [&] { return AskForReport(service, report, ReportQuery(report, days)); };
+  GrantedReport first = ask();
+  if (report.Range == WantedRange::kAllTime && first.Verdict.Status == kBadRequest) {
+    const DayRange asked = std::exchange(days, LastThreeYears(days));
+    if (days != asked) first = ask();
+  }
+  return MadeWhole(service, report, std::move(first));
 }
 
 Fetched FetchWithGrant(Session& session, const std::string& grantName, const std::string& path) {

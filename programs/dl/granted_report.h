@@ -10,7 +10,8 @@
 
 namespace quillbox {
 
-// The whole report, in as many answers as it takes.
+// The whole report, in as many answers as it takes. Where the service refuses the days of "all
+// time", those of the last three years.
 GrantedReport FetchReport(GrantedService& service, const WantedReport& report);
 
 // The whole way of a run: `grantName` in, the report that `path` (of an address of old) asks for

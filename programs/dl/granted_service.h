@@ -6,6 +6,7 @@
 
 #include "environment.h"
 #include "grant/grant.h"
+#include "grant_files.h"
 #include "service_questions.h"
 #include "session.h"
 
@@ -25,23 +26,26 @@ class GrantedService {
   const Grant& Granted() const { return grant_.Content; }
 
   // `path`: "/v2/..." and its query. An access token is fetched first if there is none that still
-  // holds; it stays in memory and goes nowhere but to the service. The verdict names the address,
-  // of the token endpoint or of the API, that was asked last.
+  // holds, and once more if the service doesn't take an older one; it stays in memory and goes
+  // nowhere but to the service. A grant for which the disk has no room isn't used: kNoConnection.
+  // The verdict names the address, of the token endpoint or of the API, that was asked last.
   ServiceReply Get(const std::string& path);
 
  private:
   using Clock = std::chrono::steady_clock;
 
   bool HasToken() const { return !token_.empty() && Clock::now() < tokenEnd_; }
+  ServiceReply Ask(const std::string& path);
   ServiceVerdict FetchToken();
-  ServiceVerdict ExchangeGrant();
-  ServiceVerdict Take(const ServiceReply& reply);
+  ServiceVerdict ExchangeGrant(GrantPlace& place);
+  ServiceVerdict Take(const ServiceReply& reply, GrantPlace& place);
 
   Session& session_;
   ServiceAddresses addresses_;
   KeptGrant grant_;
   std::string token_;
   Clock::time_point tokenEnd_;  // by a clock that nobody sets
+  bool renewed_ = false;        // for a token that wasn't taken
 };
 
 }  // namespace quillbox

@@ -169,7 +169,7 @@ std::optional<QueryFields> LoopbackServer::Answer(Visitor& visitor, const IsWant
   }
   SayGoodbye(
       std::exchange(visitor.Socket, -1),
-      Reply("404 Not Found", SentencePage("This is not the answer that Quillbox waits for.")));
+      Reply("404 Not Found", SentencePage("This page is gone: go back to Quillbox to connect.")));
   return std::nullopt;
 }
 
@@ -177,7 +177,7 @@ std::optional<QueryFields> LoopbackServer::Answer(Visitor& visitor, const IsWant
 std::string LoopbackServer::LeadOn() {
   if (page_.Address.empty() || Clock::now() >= page_.End) {
     return Reply("410 Gone",
-                 SentencePage("This address leads on only once. Start again in Quillbox."));
+                 SentencePage("This page leads on only once: start again in Quillbox."));
   }
   return Reply("303 See Other", "",
                "Location: " + std::exchange(page_.Address, std::string()) + "\r\n");

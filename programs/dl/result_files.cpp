@@ -6,6 +6,7 @@
 
 #include <cerrno>
 #include <cstdio>
+#include <utility>
 
 namespace quillbox {
 namespace {
@@ -27,11 +28,15 @@ int CreateAfresh(const std::string& path) {
                 S_IRUSR | S_IWUSR);
 }
 
-bool WriteFlushed(const std::string& path, std::string_view content) {
-  const int file = CreateAfresh(path);
-  if (file < 0) return false;
-  const bool flushed = WriteAll(file, content) && ::fsync(file) == 0;
-  return ::close(file) == 0 && flushed;
+// Blanks, which a file of text may end in.
+bool TakeRoom(int file, std::size_t room) {
+  return room == 0 || (WriteAll(file, std::string(room, ' ')) && ::fsync(file) == 0 &&
+                       ::lseek(file, 0, SEEK_SET) == 0);
+}
+
+bool WriteFlushed(int file, std::string_view content) {
+  return WriteAll(file, content) && ::ftruncate(file, static_cast<off_t>(content.size())) == 0 &&
+         ::fsync(file) == 0;
 }
 
 }  // namespace
@@ -44,11 +49,30 @@ std::string PartPath(const std::string& path) {
   return path + "." + std::to_string(::getpid()) + ".part";
 }
 
+ComingFile::ComingFile(std::string path, std::size_t room)
+    : path_(std::move(path)), part_(PartPath(path_)), file_(CreateAfresh(part_)) {
+  if (file_ < 0 || TakeRoom(file_, room)) return;
+  ::close(std::exchange(file_, -1));
+  ::unlink(part_.c_str());
+}
+
+ComingFile::~ComingFile() {
+  if (file_ < 0) return;
+  ::unlink(part_.c_str());
+  ::close(file_);
+}
+
+bool ComingFile::Arrive(std::string_view content) {
+  if (!IsMade()) return false;
+  const bool arrived =
+      WriteFlushed(file_, content) && std::rename(part_.c_str(), path_.c_str()) == 0;
+  if (!arrived) ::unlink(part_.c_str());
+  ::close(std::exchange(file_, -1));
+  return arrived;
+}
+
 bool WriteWholeFile(const std::string& path, std::string_view content) {
-  const std::string part = PartPath(path);
-  const bool written = WriteFlushed(part, content) && std::rename(part.c_str(), path.c_str()) == 0;
-  if (!written) ::unlink(part.c_str());
-  return written;
+  return ComingFile(path, 0).Arrive(content);
 }
 
 }  // namespace quillbox

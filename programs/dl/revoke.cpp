@@ -42,7 +42,8 @@ Outcome TakeAway(const Grant& grant) {
   if (!curl.Loaded()) return {ResultCode::kNoConnection, "libcurl is missing."};
   Session session = OpenSession(curl);
   const std::string address = TheService().Revoke;
-  const ServiceReply reply = AskForToken(session, address, RevokeForm(grant.RefreshToken));
+  const ServiceReply reply =
+      AskForToken(session, address, RevokeForm(grant.Client, grant.RefreshToken));
   if (reply.Verdict.Code == ResultCode::kSuccess) return {ResultCode::kSuccess, ""};
   if (SaysTokenIsGone(reply.Body)) return {ResultCode::kSuccess, ""};
   return {reply.Verdict.Code, Reason(reply.Verdict, address)};
@@ -69,6 +70,18 @@ Outcome WholeOutcome(bool fileIsGone, const Outcome& atService, const std::strin
           stays + ". Its access at the service is gone, so that it is worth nothing any more."};
 }
 
+// Of a grant whose access stays for the sake of another one.
+Outcome SpareOutcome(bool fileIsGone, const std::string& folder) {
+  const std::string file = fileIsGone
+                               ? "The grant is gone from this machine."
+                               : "The grant's file could not be removed from " + folder + ".";
+  return {fileIsGone ? ResultCode::kSuccess : ResultCode::kNoConnection,
+          file + " The service was not asked to end its access: another grant in " + folder +
+              " may be the same person's, and some services take back all of them at once. To end "
+              "it for all of them, " +
+              kTakeItAway};
+}
+
 struct Taken {
   std::optional<Grant> Content;
   bool FileIsGone = true;
@@ -77,16 +90,21 @@ struct Taken {
 // Not in the middle of a fetch that puts a new grant into the file, which would bring it back.
 Taken TakeFromFolder(const std::string& folder, const std::string& name) {
   if (!IsGrantName(name)) return {};
-  const GrantLock lock(folder, name, TheLimits().Total / 2);
+  const GrantLock lock(folder, name, TheLimits().Total / 4);
   Taken taken{LoadGrant(folder, name)};
   taken.FileIsGone = RemoveGrant(folder, name);
   return taken;
 }
 
+// While the service takes it back no run adds a grant that would go along.
 Outcome RevokeNamed(const std::string& name) {
   const std::string folder = GrantFolder();
+  const GrantFolderLock lock(folder, GrantFolderLock::Sharing::kAlone, TheLimits().Total / 4);
   const Taken taken = TakeFromFolder(folder, name);
   if (!taken.Content) return {ResultCode::kRefused, "There is no such grant in " + folder + "."};
+  const bool isLast =
+      lock.State() == LockState::kOurs && !MayHoldAnother(folder, name, taken.Content->Client.Id);
+  if (!isLast) return SpareOutcome(taken.FileIsGone, folder);
   return WholeOutcome(taken.FileIsGone, TakeAway(*taken.Content), folder);
 }
 

@@ -29,7 +29,7 @@ std::string WordsFor(const ServiceVerdict& verdict, const std::string& address) 
     case ResultCode::kSuccess:
       return "Sign-in works.";
     case ResultCode::kNoConnection:
-      return "Could not connect to " + host + ".";
+      return verdict.Words.empty() ? "Could not connect to " + host + "." : verdict.Words;
     case ResultCode::kNoAnswer:
       return "No usable answer came from " + host + "." + said;
     case ResultCode::kRefused:

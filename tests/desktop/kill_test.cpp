@@ -10,8 +10,8 @@
 #include "desktop/docked_icons.h"
 #include "desktop/fake_bus_service.h"
 #include "desktop/quillbox_on_desktop.h"
-#include "desktop/rounds.h"
 #include "evaluation/account_stats.h"
+#include "support/rounds.h"
 #include "system/settings_file.h"
 #include "system/system_files.h"
 

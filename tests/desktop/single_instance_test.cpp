@@ -9,8 +9,8 @@
 
 #include "desktop/fake_bus_service.h"
 #include "desktop/local_single_instance.h"
-#include "desktop/rounds.h"
 #include "support/child_process.h"
+#include "support/rounds.h"
 #include "system/instance_gate.h"
 #include "system/temporary_folder.h"
 

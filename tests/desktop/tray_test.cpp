@@ -6,7 +6,7 @@
 #include "desktop/docked_icons.h"
 #include "desktop/fake_bus_service.h"
 #include "desktop/quillbox_on_desktop.h"
-#include "desktop/rounds.h"
+#include "support/rounds.h"
 
 namespace quillbox {
 namespace {

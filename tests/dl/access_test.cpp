@@ -72,15 +72,32 @@ TEST(Code, HoldsOnceAndWithItsVerifierAndRedirectAlone) {
 }
 
 TEST(Rotation, PutsANewGrantInThePlaceOfEachThatIsUsed) {
-  Grants grants({{"old", "c@d"}}, seconds(3600), OnRefresh::kNewGrant);
-  const auto first = grants.Refresh("old");
-  ASSERT_TRUE(first);
-  EXPECT_FALSE(grants.Refresh("old"));
-  const auto second = grants.Refresh(first->Grant);
-  ASSERT_TRUE(second);
-  EXPECT_EQ(grants.AccountOf(first->Access), "c@d") << "access tokens stay";
-  EXPECT_TRUE(grants.Revoke(second->Grant));
-  EXPECT_EQ(grants.AccountOf(first->Access), "");
+  for (const OnRefresh onRefresh : {OnRefresh::kNewGrant, OnRefresh::kNewGrantOnce}) {
+    Grants grants({{"old", "c@d"}, {"other", "c@d"}}, seconds(3600), onRefresh);
+    const auto first = grants.Refresh("old");
+    ASSERT_TRUE(first);
+    const auto second = grants.Refresh(first->Grant);
+    ASSERT_TRUE(second);
+    EXPECT_EQ(grants.AccountOf(first->Access), "c@d") << "access tokens stay";
+    EXPECT_FALSE(grants.Refresh("old"));
+    const bool stays = onRefresh == OnRefresh::kNewGrant;
+    EXPECT_EQ(grants.AccountOf(first->Access), stays ? "c@d" : "") << "used twice";
+    EXPECT_EQ(grants.Revoke(second->Grant), stays);
+    EXPECT_EQ(grants.AccountOf(first->Access), "");
+    EXPECT_TRUE(grants.Refresh("other"));
+  }
+}
+
+TEST(Revocation, TakesAlongWhatThePersonGrantedIfItIsToldTo) {
+  for (const OnRevoke onRevoke : {OnRevoke::kGrant, OnRevoke::kPerson}) {
+    Grants grants({{"a", "c@d"}, {"b", "c@d"}, {"other", "e@f"}}, seconds(3600),
+                  OnRefresh::kKeepGrant, onRevoke);
+    EXPECT_FALSE(grants.Revoke("unknown"));
+    EXPECT_TRUE(grants.Revoke(grants.Refresh("a")->Access));
+    EXPECT_FALSE(grants.Refresh("a"));
+    EXPECT_EQ(grants.Refresh("b").has_value(), onRevoke == OnRevoke::kGrant);
+    EXPECT_TRUE(grants.Refresh("other"));
+  }
 }
 
 }  // namespace

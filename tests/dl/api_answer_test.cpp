@@ -16,8 +16,8 @@ constexpr const char* kHeaders =
     R"({"name":"IMPRESSIONS_CTR"},{"name":"IMPRESSIONS_RPM","currencyCode":"EUR"},)"
     R"({"name":"ESTIMATED_EARNINGS","type":"METRIC_CURRENCY","currencyCode":"EUR"}])";
 constexpr const char* kChannelHeaders =
-    R"("headers":[{"name":"DATE"},{"name":"CUSTOM_CHANNEL_NAME"},{"name":"IMPRESSIONS"},)"
-    R"({"name":"CLICKS"},{"name":"IMPRESSIONS_CTR"},{"name":"IMPRESSIONS_RPM"},)"
+    R"("headers":[{"name":"DATE"},{"name":"CUSTOM_CHANNEL_NAME"},{"name":"CUSTOM_CHANNEL_ID"},)"
+    R"({"name":"IMPRESSIONS"},{"name":"CLICKS"},{"name":"IMPRESSIONS_CTR"},{"name":"IMPRESSIONS_RPM"},)"
     R"({"name":"ESTIMATED_EARNINGS"}])";
 
 // Cells, a blank between two; "_" is a cell without a value.
@@ -89,14 +89,22 @@ TEST(ApiAnswer, BecomesAReportOfOld) {
       // Two names that the code page lacks, one with what has a meaning in the report.
       {"every channel on every day", byChannel,
        Object({kChannelHeaders, Days(2),
-               Rows({R"(2026-03-02 \u4e00 4 0 0 0 0)", R"(2026-03-01 caf\u00e9 1 0 0 0 0)",
-                     R"(2026-03-01 \u4e8c 3 0 0 0 0)", R"(2026-03-01 <a\t^\"b 2 0 0 0 0)"}),
-               Sums("_ _ 10 0 0 0 0")}),
+               Rows({R"(2026-03-02 \u4e00 1 4 0 0 0 0)", R"(2026-03-01 caf\u00e9 2 1 0 0 0 0)",
+                     R"(2026-03-01 \u4e8c 3 3 0 0 0 0)", R"(2026-03-01 <a\t^\"b 4 2 0 0 0 0)"}),
+               Sums("_ _ _ 10 0 0 0 0")}),
        "Date\tChannel\tImpressions\tClicks\tCTR\teCPM\tEarnings\n2026-03-01\ta   b\t2" + kRest +
            "2026-03-01\tcaf\xE9\t1" + kRest + "2026-03-01\t?\t0" + kRest + "2026-03-01\t? (2)\t3" +
            kRest + "2026-03-02\ta   b\t0" + kRest + "2026-03-02\tcaf\xE9\t0" + kRest +
            "2026-03-02\t?\t4" + kRest + "2026-03-02\t? (2)\t0" + kRest + "Totals\t\t10" + kRest +
            "Averages\t\t10" + kRest},
+      {"two channels of one name, and no totals", byChannel,
+       Object({kChannelHeaders, Days(2),
+               Rows({"2026-03-02 a 9 4 0 0 0 1", "2026-03-02 a 7 6 1 0 0 1",
+                     "2026-03-01 a 9 2 0 0 0 0"})}),
+       "Date\tChannel\tImpressions\tClicks\tCTR\teCPM\tEarnings\n2026-03-01\ta\t0" + kRest +
+           "2026-03-01\ta (2)\t2" + kRest + "2026-03-02\ta\t6\t1\t0.00%\t0.00\t1.00\n" +
+           "2026-03-02\ta (2)\t4\t0\t0.00%\t0.00\t1.00\nTotals\t\t12\t1\t8.33%\t166.67\t2.00\n" +
+           "Averages\t\t0" + kRest},
       {"no channels, no data", byChannel, Object({kChannelHeaders, Days(2)}), ""},
       {"referrals",
        {.Product = WantedProduct::kReferrals},
@@ -127,6 +135,8 @@ TEST(ApiAnswer, KeepsEveryCellReadable) {
       {"1234567 1 0.00005 0.005 1234567.891", "1234567\t1\t0.01%\t0.01\t1234567.89"},
       {"1 1 1 1 -0.41", "1\t1\t100.00%\t1.00\t0.00"},
       {"1 1 0.1234567 1 -0", "1\t1\t12.35%\t1.00\t0.00"},
+      {"0 0 NaN Infinity 0", "0\t0\t0.00%\t0.00\t0.00"},
+      {"0 0 - -Infinity 0", "0\t0\t0.00%\t0.00\t0.00"},
       {"1e300 1 1e307 1 1", "1000000000000000\t1\t1000000000000000.00%\t1.00\t1.00"}};
   for (const auto& [figures, cells] : kCases) {
     const std::string table = Table(
@@ -146,7 +156,6 @@ TEST(ApiAnswer, IsRefusedWhenItIsNotTheWholeReport) {
       std::string(100'000, '['),
       Object({kHeaders, kRow, kSums}),
       Object({Days(1), kRow, kSums}),
-      Object({kHeaders, Days(1), kRow}),
       Object({kHeaders, Days(0), kRow, kSums}),
       Object({kHeaders, Days(32), kRow, kSums}),
       Object({kHeaders, Days(1), kSums, R"("totalMatchedRows":"2")"}),
@@ -154,7 +163,10 @@ TEST(ApiAnswer, IsRefusedWhenItIsNotTheWholeReport) {
       Object({kHeaders, Days(3), Rows({"2026-02-30 1 0 0 0 0"}), kSums}),
       Object({kHeaders, Days(3), Rows({"2026-03-01 1 0 0 0"}), kSums}),
       Object({kHeaders, Days(3), Rows({"2026-03-01 1 x 0 0 0"}), kSums}),
-      Object({kHeaders, Days(3), Rows({"2026-03-01 1 nan 0 0 0"}), kSums}),
+      Object({kHeaders, Days(3), Rows({"2026-03-01 1 0 NaN 0 0"}), kSums}),
+      Object({kHeaders, Days(3), Rows({"2026-03-01 1 0 0 - 0"}), kSums}),
+      Object({kHeaders, Days(3), Rows({"2026-03-01 NaN 0 0 0 0"}), kSums}),
+      Object({kHeaders, Days(3), kRow, R"("totals":{})"}),
       Object({kHeaders, Days(3), Rows({"2026-03-01 1 0 0 0 0", "2026-03-01 1 0 0 0 0"}), kSums}),
       Object({kChannelHeaders, Days(1), kRow, kSums}) + "x",
       Object({kHeaders, Days(1), kRow, kSums}) + std::string("\0x", 2),
@@ -222,12 +234,15 @@ TEST(ApiParts, MakeTheWholeReportWithTotalsOfItsOwn) {
 TEST(ApiVerdict, FollowsStatusAndKindOfError) {
   struct Case {
     long status;
-    const char *body, *verdict;  // the result code, and whether another try is worth it
+    const char *body, *verdict;  // the code, whether another try is worth it, whose affair it is
   };
   const auto verdictOn = [](const Answer& answer) {
     const ServiceVerdict verdict = JudgeServiceAnswer(answer);
     return std::to_string(static_cast<int>(verdict.Code)) +
-           (verdict.WorthRepeating ? " again" : "");
+           (verdict.WorthRepeating ? " again" : "") +
+           (verdict.Whom == Concerns::kQuota          ? " quota"
+            : verdict.Whom == Concerns::kRegistration ? " registration"
+                                                      : "");
   };
   const Case kCases[] = {
       {400, R"({"error":"invalid_grant","error_description":"x"})", "3"},
@@ -237,9 +252,12 @@ TEST(ApiVerdict, FollowsStatusAndKindOfError) {
       {401, R"({"error":{"code":401,"status":"UNAUTHENTICATED"}})", "3"},
       {403, R"({"error":{"status":"PERMISSION_DENIED"}})", "3"},
       {403, R"({"error":{"status":"PERMISSION_DENIED","errors":[{"reason":"quotaExceeded"}]}})",
-       "2 again"},
-      {403, R"({"error":{"details":[1,{"reason":"RATE_LIMIT_EXCEEDED"}]}})", "2 again"},
-      {429, "<html>", "2 again"},
+       "2 again quota"},
+      {403, R"({"error":{"details":[1,{"reason":"RATE_LIMIT_EXCEEDED"}]}})", "2 again quota"},
+      {403, R"({"error":{"errors":[{"reason":"dailyLimitExceededUnreg"}]}})", "2 again quota"},
+      {403, R"({"error":{"details":[{"reason":"SERVICE_DISABLED"}]}})", "3 registration"},
+      {403, R"({"error":{"errors":[{"reason":"accessNotConfigured"}]}})", "3 registration"},
+      {429, "<html>", "2 again quota"},
       {500, "", "2 again"},
       {302, "", "2"}};
   for (const Case& c : kCases) {

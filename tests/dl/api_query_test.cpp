@@ -29,7 +29,7 @@ TEST(ApiQuery, IsMadeOfEveryAddressOfTheProgram) {
   const std::string kByDate = "&reportType=property&groupByPref=date&outputFormat=TSV_EXCEL";
   const std::string kAllChannels =
       "&outputFormat=TSV_EXCEL&reportType=channel&allChannels=true&groupByPref=both";
-  const std::string kChannel = "&dimensions=CUSTOM_CHANNEL_NAME";
+  const std::string kChannel = "&dimensions=CUSTOM_CHANNEL_NAME&dimensions=CUSTOM_CHANNEL_ID";
   const std::string kLastMonth =
       "dateRange=CUSTOM&startDate.year=2026&startDate.month=2&startDate.day=1"
       "&endDate.year=2026&endDate.month=2&endDate.day=28";

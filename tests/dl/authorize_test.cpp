@@ -100,7 +100,7 @@ TEST_F(Authorize, LeavesAGrantThatFetches) {
   Begin({"--consent", "auto", "--publishers", "5", "--page-limit", "2"});
   const std::string page = ConsentPage();
   EXPECT_THAT(page, testing::EndsWith("&login_hint=someone%40example.test"));
-  EXPECT_THAT(Visit(Visit(page)), HasSubstr("Quillbox is connected."));
+  EXPECT_THAT(Visit(Visit(page)), HasSubstr("Quillbox is connected: "));
   EXPECT_EQ(dl_->Wait(), 0);
   const std::string name = LastLine();
   ASSERT_THAT(name, testing::MatchesRegex("grant:[A-Z2-7]{12}"));
@@ -144,7 +144,7 @@ TEST_F(Authorize, AsksWhichOfSeveralAccountsItShallBe) {
                                    BaseOf(answer) + "/?account=accounts%2Fpub-0000000000000002"}) {
     EXPECT_THAT(Visit(wrong), StartsWith("404")) << wrong;
   }
-  EXPECT_THAT(Visit(choice + "2"), HasSubstr("Quillbox is connected."));
+  EXPECT_THAT(Visit(choice + "2"), HasSubstr("Quillbox is connected: "));
   EXPECT_EQ(dl_->Wait(), 0);
   EXPECT_THAT(ReadWhole(home_.GrantPath(LastLine())),
               testing::Optional(HasSubstr("pub-0000000000000002")));
@@ -166,7 +166,7 @@ TEST_F(Authorize, CountsItsTimeFromThePersonsAnswerOn) {
   Begin({"--consent", "auto"});
   const std::string page = ConsentPage();
   ::usleep(2'100'000);
-  EXPECT_THAT(Visit(Visit(page)), HasSubstr("Quillbox is connected."));
+  EXPECT_THAT(Visit(Visit(page)), HasSubstr("Quillbox is connected: "));
   EXPECT_EQ(dl_->Wait(), 0);
 }
 
@@ -184,7 +184,9 @@ TEST_F(Authorize, SaysWhyThereIsNoGrant) {
   };
   for (const Case& c : kCases) {
     Begin(c.options);
-    EXPECT_THAT(Visit(Visit(ConsentPage())), HasSubstr("not connected")) << c.said;
+    EXPECT_THAT(Visit(Visit(ConsentPage())),
+                HasSubstr(c.status == 3 ? "got no access" : "not connected"))
+        << c.said;
     EXPECT_EQ(dl_->Wait(), c.status) << c.said;
     EXPECT_THAT(LastLine(), HasSubstr(c.said));
   }
@@ -238,7 +240,7 @@ TEST_F(Authorize, TakesNoAnswerFromAnotherUser) {
   }
   const ActingAs person(kPerson);
   EXPECT_EQ(PlaceIn(RawAnswer(shown)), page);
-  EXPECT_THAT(Visit(persons), HasSubstr("Quillbox is connected."));
+  EXPECT_THAT(Visit(persons), HasSubstr("Quillbox is connected: "));
   EXPECT_EQ(dl_->Wait(), 0);
 }
 

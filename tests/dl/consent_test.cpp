@@ -39,8 +39,17 @@ TEST(BrowserPages, ShowNamesOfAccountsAsTheyAre) {
   for (const char* const part :
        {"name=\"state\" value=\"st-ate\">",
         "value=\"accounts/pub-1\">&#60;b&#62;Tom&#39;s &#34;A&#38;B&#34;<small>pub-1</small>",
-        "value=\"accounts/pub-2\">pub-2<small>pub-2</small>"}) {
+        "value=\"accounts/pub-2\">pub-2</button>"}) {
     EXPECT_THAT(page, testing::HasSubstr(part));
+  }
+}
+
+TEST(BrowserPages, LoadNothingAndFitAPhone) {
+  for (const std::string& page : {SentencePage("A sentence."), ChoicePage("s", {})}) {
+    EXPECT_THAT(page, testing::HasSubstr("width=device-width"));
+    for (const char* const outside : {"http", "src=", "url(", "@import", "<script", "<link"}) {
+      EXPECT_THAT(page, testing::Not(testing::HasSubstr(outside)));
+    }
   }
 }
 

@@ -34,7 +34,15 @@ constexpr const char* kGrantForError =
 constexpr const char* kEchoedToken =
     "403\n\n"
     R"({"error":{"status":"X","message":"you sent token-for-the-tests"}})";
+constexpr const char* kTokenRefused = "401\n\nx";
+constexpr const char* kRangeRefused =
+    "400\n\n"
+    R"({"error":{"status":"INVALID_ARGUMENT"}})";
+constexpr const char* kServiceIsOff =
+    "403\n\n"
+    R"({"error":{"status":"PERMISSION_DENIED","message":"m","details":[{"reason":"SERVICE_DISABLED"}]}})";
 constexpr const char* kBusy = "503\nRetry-After: 1";
+constexpr const char* kBusyForLong = "429\nRetry-After: 3600";
 constexpr const char* kFault = "500\n\nx";
 
 struct Case {
@@ -61,7 +69,31 @@ const Case kCases[] = {
     {"busy", {kGoodToken}, {kBusy, kGoodReport}, "0", 1, 2},
     {"busy for long", {kGoodToken}, {"503\nRetry-After: 3600", kGoodReport}, "2", 1, 1},
     {"one token for both questions", {kGoodToken}, {kGoodReport}, "0", 1, 2, "lastmonth"},
-    {"a token that is over at once", {kHastyToken}, {kGoodReport}, "0", 2, 2, "lastmonth"}};
+    {"a token that is over at once", {kHastyToken}, {kGoodReport}, "0", 2, 2, "lastmonth"},
+    {"a token refused at once", {kGoodToken}, {kTokenRefused}, "3", 1, 1, "lastmonth"},
+    {"a token taken back",
+     {kGoodToken},
+     {kGoodReport, kTokenRefused, kGoodReport},
+     "0",
+     2,
+     3,
+     "lastmonth"},
+    {"and again", {kGoodToken}, {kGoodReport, kTokenRefused}, "3", 2, 3, "lastmonth"},
+    {"too old a start",
+     {kGoodToken},
+     {kGoodReport, kRangeRefused, kGoodReport},
+     "0",
+     1,
+     3,
+     "alltime"},
+    {"any start", {kGoodToken}, {kGoodReport, kRangeRefused}, "2", 1, 3, "alltime"},
+    {"a start that isn't ours",
+     {kGoodToken},
+     {kGoodReport, kRangeRefused},
+     "2",
+     1,
+     2,
+     "lastmonth"}};
 
 class GrantSecrets : public testing::Test {
  protected:
@@ -133,6 +165,21 @@ TEST_F(GrantSecrets, AreNotShownEvenIfTheServiceRepeatsThem) {
     EXPECT_THAT(said, HasSubstr("refused the sign-in.\nlocalhost"));
     EXPECT_THAT(said, Not(HasSubstr(kToken)));
     EXPECT_THAT(said, Not(HasSubstr(kRefreshToken)));
+  }
+}
+
+TEST_F(GrantSecrets, AreNotBlamedForWhatIsThePackagersAffair) {
+  const std::pair<const char*, const char*> kRefusals[] = {{kServiceIsOff, "(SERVICE_DISABLED): m"},
+                                                           {kServiceIsOff, "own registration"},
+                                                           {kBusyForLong, "asked as often"}};
+  for (const auto& [report, words] : kRefusals) {
+    const ListeningServer service(Service({kGoodToken}, {report}));
+    const auto [status, said] =
+        Check(kGrantName,
+              home_.WholeEnvironment(service.Host("localhost"), run_.Folder.File("authority.pem")));
+    EXPECT_EQ(status, report == kServiceIsOff ? 3 : 2);
+    EXPECT_THAT(said, HasSubstr(words));
+    EXPECT_THAT(said, Not(HasSubstr("Connect the account again")));
   }
 }
 

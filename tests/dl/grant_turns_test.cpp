@@ -6,8 +6,10 @@
 #include <unistd.h>
 
 #include <array>
+#include <csignal>
 
 #include "dl/support/grants.h"
+#include "support/rounds.h"
 
 namespace quillbox {
 namespace {
@@ -15,9 +17,16 @@ namespace {
 using testing::HasSubstr;
 using testing::Not;
 
+// In the folder of the grants.
+std::ptrdiff_t Files(const GrantHome& home) {
+  const std::filesystem::path folder = std::filesystem::path(home.GrantPath()).parent_path();
+  return std::distance(std::filesystem::directory_iterator(folder), {});
+}
+
 class GrantTurns : public testing::Test {
  protected:
-  DemoService service_{{"--refresh", "rotate"}};
+  // A grant that is used twice takes all others along.
+  DemoService service_{{"--refresh", "rotate-once"}};
   const GrantHome home_;
 };
 
@@ -33,8 +42,7 @@ TEST_F(GrantTurns, ComeToEveryRunAndTheFileHoldsTheLastGrant) {
   for (const DlRun& run : runs) EXPECT_EQ(run.Log(), "0");
   EXPECT_THAT(ReadWhole(home_.GrantPath()).value_or(""), Not(HasSubstr(kRefreshToken)));
   EXPECT_EQ(runs[0].CodeOf(Granted(service_, home_)), "0");
-  const std::filesystem::path folder = std::filesystem::path(home_.GrantPath()).parent_path();
-  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder), {}), 1);
+  EXPECT_EQ(Files(home_), 1);
 }
 
 TEST_F(GrantTurns, AreNotWaitedForWithoutEnd) {
@@ -51,6 +59,44 @@ TEST_F(GrantTurns, AreNotWaitedForWithoutEnd) {
   service_.Process().End();
   EXPECT_EQ(service_.Process().ReadLine(), "POST /token");
   EXPECT_THAT(service_.Process().ReadAll(), Not(HasSubstr("/token"))) << "asked only once";
+}
+
+TEST_F(GrantTurns, NeedRoomForTheNewGrantBeforeTheOldOneIsUsedUp) {
+  const DlRun run;
+  ChildStart start = run.Start(Granted(service_, home_));
+  // A disk that takes 8 KiB in a file and no more.
+  const std::vector<std::string> full{"/bin/sh", "-c", "trap '' XFSZ; ulimit -f 16; exec \"$@\"",
+                                      "sh"};
+  start.Arguments.insert(start.Arguments.begin(), full.begin(), full.end());
+  ChildProcess(start).Wait();
+  EXPECT_EQ(run.Log(), "1");
+  EXPECT_EQ(Files(home_), 1);
+  EXPECT_EQ(run.CodeOf(Granted(service_, home_)), "0");
+  service_.Process().End();
+  EXPECT_EQ(service_.Process().ReadLine(), "POST /token");
+  EXPECT_THAT(service_.Process().ReadAll(), Not(HasSubstr("/token"))) << "the full disk asked too";
+}
+
+// Killed at any moment from the question on: what is lost is at most the answer on its way.
+TEST(GrantTurn, ThatIsKilledLeavesOneWholeGrant) {
+  for (int round = 0; round < Rounds(); ++round) {
+    DemoService service({"--refresh", "rotate-once"});
+    const GrantHome home;
+    const DlRun run;
+    {
+      ChildProcess killed(run.Start(Granted(service, home)));
+      ASSERT_EQ(service.Process().ReadLine(), "POST /token");
+      ::usleep(static_cast<useconds_t>(round * 1700 % 20'000));
+      ::kill(killed.Id(), SIGKILL);
+      killed.Wait();
+    }
+    const std::string left = ReadWhole(home.GrantPath()).value_or("");
+    EXPECT_THAT(left,
+                testing::AllOf(HasSubstr("\"refresh_token\""), testing::ContainsRegex("}\n?$")));
+    const bool lost = left.find(kRefreshToken) != std::string::npos;
+    EXPECT_EQ(run.CodeOf(Granted(service, home)), lost ? "3" : "0") << "round " << round;
+    EXPECT_EQ(Files(home), 1) << "round " << round;
+  }
 }
 
 }  // namespace

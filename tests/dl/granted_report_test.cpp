@@ -41,7 +41,8 @@ Lines WithoutRates(const std::string& report, bool sums) {
 class GrantedReport : public testing::Test {
  protected:
   // Half of the day's figures are there, so that today has a line.
-  DemoService service_{{"--speed", "100000"}};
+  // The start of "all time" lies too long ago.
+  DemoService service_{{"--speed", "100000", "--history", "1095"}};
   const GrantHome home_;
   const DlRun run_, other_;
 };

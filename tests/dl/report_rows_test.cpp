@@ -96,6 +96,7 @@ TEST(ReportRequest, TellsWhatIsWrong) {
       "dateRange=TODAY",
       "dateRange=EVER&metrics=CLICKS",
       "metrics=CLICKS",
+      "dateRange=TODAY&metrics=CLICKS&dimension=DATE",
       "dateRange=TODAY&metrics=CLICKS&dimensions=HOUR",
       "dateRange=TODAY&metrics=CLACKS",
       "dateRange=TODAY&metrics=CLICKS&filters=PRODUCT_CODE<AFC",

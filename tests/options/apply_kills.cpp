@@ -10,8 +10,8 @@
 #include <random>
 #include <thread>
 
-#include "desktop/rounds.h"
 #include "options/options_on_store.h"
+#include "support/rounds.h"
 
 namespace quillbox {
 namespace {

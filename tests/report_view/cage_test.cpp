@@ -6,10 +6,10 @@
 #include <fstream>
 #include <random>
 
-#include "desktop/rounds.h"
 #include "report_view/view_on_desktop.h"
 #include "report_view/watched_files.h"
 #include "reports/report_page.h"
+#include "support/rounds.h"
 
 namespace quillbox {
 namespace {

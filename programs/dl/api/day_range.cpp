@@ -44,6 +44,10 @@ std::string DayText(sys_days day) {
   return text;
 }
 
+DayRange LastThreeYears(const DayRange& range) {
+  return {std::max(range.First, range.Last - 3 * days(365)), range.Last};
+}
+
 bool NeedsToday(WantedRange range) {
   return range == WantedRange::kLastMonth || range == WantedRange::kAllTime;
 }

@@ -23,6 +23,9 @@ struct DayRange {
 std::optional<std::chrono::sys_days> ParseDay(std::string_view text);
 std::string DayText(std::chrono::sys_days day);
 
+// The part of the days that begins at most three years before the last one.
+DayRange LastThreeYears(const DayRange& days);
+
 // Whether the service has no name of its own for the range, so that today, as the account's
 // calendar has it, must be known to name its days.
 bool NeedsToday(WantedRange range);

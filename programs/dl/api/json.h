@@ -20,7 +20,7 @@ struct JsonBounds {
 // Tokens, accounts, errors.
 inline constexpr JsonBounds kShortJson{std::size_t{1} << 20, 100'000};
 // 100,000 lines of a report, set out with blanks and line ends.
-inline constexpr JsonBounds kReportJson{std::size_t{48} << 20, 5'000'000};
+inline constexpr JsonBounds kReportJson{std::size_t{56} << 20, 5'000'000};
 
 // Nothing unless the whole text is one JSON object in UTF-8, within the bounds, at most 16 objects
 // and arrays deep, without a NUL.

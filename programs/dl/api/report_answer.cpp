@@ -13,7 +13,7 @@ using std::chrono::sys_days;
 
 // Places of the columns in a line of the answer.
 struct Places {
-  std::size_t Day, Channel, Count, Clicks, Ctr, Rpm, Earnings;
+  std::size_t Day, Channel, ChannelId, Count, Clicks, Ctr, Rpm, Earnings;
 };
 
 std::optional<sys_days> DayMember(const Json& answer, const char* name) {
@@ -53,6 +53,7 @@ std::optional<Places> PlacesOf(const Json::array_t& headers, const WantedReport&
   for (const auto& [place, name] :
        {std::pair{&places.Day, kDayColumn},
         {&places.Channel, report.ByChannel ? kChannelColumn : kDayColumn},
+        {&places.ChannelId, report.ByChannel ? kChannelIdColumn : kDayColumn},
         {&places.Count, rates.Count},
         {&places.Clicks, kClicksColumn},
         {&places.Ctr, rates.Ctr},
@@ -82,12 +83,23 @@ bool ReadNumber(const Json& row, std::size_t place, double& number) {
   return value.has_value();
 }
 
+// Rates for none of a thing come as zero, or as what a division by zero gives.
+bool ReadRate(const Json& row, std::size_t place, double count, double& rate) {
+  const std::string text = CellText(row, place).value_or("");
+  for (const std::string_view none : {"NaN", "Infinity", "-Infinity", "-"}) {
+    if (text != none) continue;
+    rate = 0;
+    return count == 0;
+  }
+  return ReadNumber(row, place, rate);
+}
+
 std::optional<ReportFigures> ReadFigures(const Json& row, const Places& places) {
   ReportFigures figures;
   const bool read = ReadNumber(row, places.Count, figures.Count) &&
                     ReadNumber(row, places.Clicks, figures.Clicks) &&
-                    ReadNumber(row, places.Ctr, figures.Ctr) &&
-                    ReadNumber(row, places.Rpm, figures.Rpm) &&
+                    ReadRate(row, places.Ctr, figures.Count, figures.Ctr) &&
+                    ReadRate(row, places.Rpm, figures.Count, figures.Rpm) &&
                     ReadNumber(row, places.Earnings, figures.Earnings);
   return read ? std::optional(figures) : std::nullopt;
 }
@@ -96,7 +108,11 @@ std::optional<ReportLine> ReadLine(const Json& row, const Places& places, bool b
   const auto day = ParseDay(CellText(row, places.Day).value_or(""));
   const auto figures = ReadFigures(row, places);
   if (!day || !figures) return std::nullopt;
-  return ReportLine{*day, byChannel ? CellText(row, places.Channel).value_or("") : "", *figures};
+  if (!byChannel) return ReportLine{*day, {}, *figures};
+  return ReportLine{
+      *day,
+      {CellText(row, places.Channel).value_or(""), CellText(row, places.ChannelId).value_or("")},
+      *figures};
 }
 
 bool ReadLines(const Json::array_t& rows, const Places& places, bool byChannel,
@@ -115,10 +131,13 @@ bool ReadLines(const Json::array_t& rows, const Places& places, bool byChannel,
 bool ReadSums(const Json& document, const Places& places, ReportAnswer& answer) {
   const Json* const totals = Member(document, "totals");
   const Json* const averages = Member(document, "averages");
-  const auto sum = totals == nullptr ? std::nullopt : ReadFigures(*totals, places);
-  // A report of no lines may come without sums; they are zeros then.
-  if (!sum && !answer.Lines.empty()) return false;
-  answer.Totals = sum.value_or(ReportFigures{});
+  if (totals == nullptr) {
+    for (const ReportLine& line : answer.Lines) AddFigures(answer.Totals, line.Figures);
+  } else {
+    const auto sum = ReadFigures(*totals, places);
+    if (!sum && !answer.Lines.empty()) return false;
+    answer.Totals = sum.value_or(ReportFigures{});
+  }
   const auto average = averages == nullptr ? std::nullopt : ReadFigures(*averages, places);
   answer.Averages = average.value_or(ReportFigures{});
   return true;
@@ -152,7 +171,19 @@ bool ReadFiguresOf(const Json& document, const WantedReport& report, ReportAnswe
          ReadSums(document, *places, answer);
 }
 
+double Rate(double number, double of) {
+  return of > 0 ? number / of : 0;
+}
+
 }  // namespace
+
+void AddFigures(ReportFigures& sums, const ReportFigures& more) {
+  sums.Count += more.Count;
+  sums.Clicks += more.Clicks;
+  sums.Earnings += more.Earnings;
+  sums.Ctr = Rate(sums.Clicks, sums.Count);
+  sums.Rpm = Rate(sums.Earnings * 1000, sums.Count);
+}
 
 std::optional<ReportAnswer> ReadReportAnswer(std::string_view json, const WantedReport& report) {
   const auto document = ParseObject(json, kReportJson);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <chrono>
+#include <compare>
 #include <cstddef>
 #include <optional>
 #include <string>
@@ -21,16 +22,26 @@ struct ReportFigures {
   double Earnings = 0;  // likewise
 };
 
+// Counts and amounts are added, rates worked out.
+void AddFigures(ReportFigures& sums, const ReportFigures& more);
+
+struct ReportChannel {
+  std::string Name;  // UTF-8; empty in reports without channels
+  std::string Id;    // tells channels of one name apart
+
+  auto operator<=>(const ReportChannel&) const = default;
+};
+
 struct ReportLine {
   std::chrono::sys_days Day;
-  std::string Channel;  // UTF-8; empty in reports without channels
+  ReportChannel Channel;
   ReportFigures Figures;
 };
 
 struct ReportAnswer {
   DayRange Days;                  // what the range meant to the account
   std::vector<ReportLine> Lines;  // by day; days and channels without figures have none
-  ReportFigures Totals;
+  ReportFigures Totals;           // worked out from the lines if the answer has none
   ReportFigures Averages;
   std::size_t Matched = 0;            // lines that the service has; an answer can be cut short
   std::string Currency;               // "USD"; empty when the answer doesn't say

@@ -9,6 +9,7 @@ namespace quillbox {
 
 inline constexpr std::string_view kDayColumn = "DATE";
 inline constexpr std::string_view kChannelColumn = "CUSTOM_CHANNEL_NAME";
+inline constexpr std::string_view kChannelIdColumn = "CUSTOM_CHANNEL_ID";  // two can share a name
 inline constexpr std::string_view kClicksColumn = "CLICKS";
 inline constexpr std::string_view kEarningsColumn = "ESTIMATED_EARNINGS";
 

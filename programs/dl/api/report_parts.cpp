@@ -14,18 +14,6 @@ using std::chrono::days;
 
 constexpr std::string_view kShortestLine = "2026-03-01\t0\t0\t0.00%\t0.00\t0.00\n";
 
-double Rate(double number, double of) {
-  return of > 0 ? number / of : 0;
-}
-
-void AddTotals(ReportFigures& totals, const ReportFigures& more) {
-  totals.Count += more.Count;
-  totals.Clicks += more.Clicks;
-  totals.Earnings += more.Earnings;
-  totals.Ctr = Rate(totals.Clicks, totals.Count);
-  totals.Rpm = Rate(totals.Earnings * 1000, totals.Count);
-}
-
 }  // namespace
 
 std::vector<DayRange> PartsOf(const ReportAnswer& cut) {
@@ -52,13 +40,14 @@ void AddPart(ReportAnswer& report, ReportAnswer part) {
   report.Lines.insert(report.Lines.end(), std::make_move_iterator(part.Lines.begin()),
                       std::make_move_iterator(part.Lines.end()));
   report.Matched = report.Lines.size();
-  AddTotals(report.Totals, part.Totals);
+  AddFigures(report.Totals, part.Totals);
 }
 
 std::size_t BytesOf(const std::vector<ReportLine>& lines) {
   return std::transform_reduce(
-      lines.begin(), lines.end(), std::size_t{0}, std::plus<>(),
-      [](const ReportLine& line) { return kShortestLine.size() + line.Channel.size(); });
+      lines.begin(), lines.end(), std::size_t{0}, std::plus<>(), [](const ReportLine& line) {
+        return kShortestLine.size() + line.Channel.Name.size() + line.Channel.Id.size();
+      });
 }
 
 }  // namespace quillbox

@@ -18,7 +18,7 @@ std::vector<DayRange> PartsOf(const ReportAnswer& cut);
 ReportAnswer WithoutFigures(ReportAnswer cut);
 
 // Adds the whole answer for the days that follow on those which `report` has lines for. The totals
-// of all parts together are those of the range: counts and amounts are added, rates worked out.
+// of all parts together are those of the range.
 void AddPart(ReportAnswer& report, ReportAnswer part);
 
 // Roughly what the lines take, never less than the bytes of the shortest lines in a table.

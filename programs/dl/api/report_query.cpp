@@ -50,7 +50,10 @@ std::string AskingFor(const WantedReport& report, std::string query) {
   if (report.Product == WantedProduct::kReferrals) return AskingForDays(std::move(query));
   Add(query, "reportingTimeZone", "ACCOUNT_TIME_ZONE");
   Add(query, "dimensions", kDayColumn);
-  if (report.ByChannel) Add(query, "dimensions", kChannelColumn);
+  if (report.ByChannel) {
+    Add(query, "dimensions", kChannelColumn);
+    Add(query, "dimensions", kChannelIdColumn);
+  }
   const RateColumns rates = RateColumnsOf(report);
   for (const std::string_view metric :
        {rates.Count, kClicksColumn, rates.Ctr, rates.Rpm, kEarningsColumn}) {

@@ -2,10 +2,12 @@
 
 #include <algorithm>
 #include <initializer_list>
+#include <iterator>
 #include <string_view>
 #include <vector>
 
 #include "api/json.h"
+#include "text/letter_case.h"
 
 namespace quillbox {
 namespace {
@@ -19,9 +21,18 @@ bool IsOneOf(const std::string& name, std::initializer_list<std::string_view> na
   return std::ranges::find(names, name) != names.end();
 }
 
+// "RATE_LIMIT_EXCEEDED", "userRateLimitExceeded", "dailyLimitExceededUnreg", "quotaExceeded", ...
 bool IsQuota(const std::string& name) {
-  return IsOneOf(name, {"RESOURCE_EXHAUSTED", "RATE_LIMIT_EXCEEDED", "rateLimitExceeded",
-                        "userRateLimitExceeded", "quotaExceeded", "dailyLimitExceeded"});
+  std::string letters;
+  std::ranges::copy_if(name, std::back_inserter(letters), [](char c) { return c != '_'; });
+  letters = UpperCase(letters);
+  return letters == "RESOURCEEXHAUSTED" || letters.find("QUOTA") != std::string::npos ||
+         letters.find("LIMITEXCEEDED") != std::string::npos;
+}
+
+bool IsAboutRegistration(const std::string& name) {
+  return IsOneOf(name, {"SERVICE_DISABLED", "accessNotConfigured", "CONSUMER_INVALID",
+                        "CONSUMER_SUSPENDED", "BILLING_DISABLED", "USER_PROJECT_DENIED"});
 }
 
 bool IsRefusal(const std::string& name) {
@@ -58,6 +69,7 @@ Fault ReadFault(std::string_view body) {
 std::string WordsOf(long status, const Fault& fault) {
   std::string words = std::to_string(status);
   if (!fault.Names.empty() && !fault.Names.front().empty()) words += " " + fault.Names.front();
+  if (fault.Names.size() > 1) words += " (" + fault.Names.back() + ")";
   if (!fault.Message.empty()) words += ": " + fault.Message;
   return words;
 }
@@ -70,12 +82,18 @@ ServiceVerdict JudgeServiceAnswer(const Answer& answer) {
     return {code, false, ""};
   }
   const Fault fault = ReadFault(answer.Body);
-  const std::string words = WordsOf(answer.Status, fault);
-  if (answer.Status == 429 || answer.Status >= 500 || std::ranges::any_of(fault.Names, IsQuota)) {
-    return {ResultCode::kNoAnswer, true, words};
+  ServiceVerdict verdict{code, false, WordsOf(answer.Status, fault)};
+  verdict.Status = answer.Status;
+  const bool quota = answer.Status == 429 || std::ranges::any_of(fault.Names, IsQuota);
+  if (quota || answer.Status >= 500) {
+    verdict.Code = ResultCode::kNoAnswer;
+    verdict.WorthRepeating = true;
+    if (quota) verdict.Whom = Concerns::kQuota;
+  } else if (std::ranges::any_of(fault.Names, IsRefusal)) {
+    verdict.Code = ResultCode::kRefused;
   }
-  if (std::ranges::any_of(fault.Names, IsRefusal)) return {ResultCode::kRefused, false, words};
-  return {code, false, words};
+  if (std::ranges::any_of(fault.Names, IsAboutRegistration)) verdict.Whom = Concerns::kRegistration;
+  return verdict;
 }
 
 }  // namespace quillbox

@@ -7,6 +7,10 @@
 
 namespace quillbox {
 
+// Whose affair a refusal is: the account's, or that of the program as it is registered with the
+// service, which no new grant mends: its registration as such, or a quota.
+enum class Concerns { kAccount, kRegistration, kQuota };
+
 struct ServiceVerdict {
   ResultCode Code = ResultCode::kNoAnswer;
   bool WorthRepeating = false;  // a quota or a fault of the server: it may pass in a moment
@@ -15,6 +19,8 @@ struct ServiceVerdict {
   std::string Words;
   // The address that was asked, without its query; empty where that is not known.
   std::string Asked = {};
+  long Status = 0;  // of HTTP; 0 where no answer came
+  Concerns Whom = Concerns::kAccount;
 };
 
 // Reads both forms of errors, {"error": "invalid_grant", ...} of the token endpoint and

@@ -42,12 +42,18 @@ void AddLine(std::string& table, const WantedReport& report, const Label& label,
 }
 
 // By name, each once.
-std::vector<std::string> ChannelsOf(const ReportAnswer& answer) {
+std::vector<ReportChannel> ChannelsOf(const ReportAnswer& answer) {
+  std::vector<ReportChannel> channels;
+  for (const ReportLine& line : answer.Lines) channels.push_back(line.Channel);
+  std::ranges::sort(channels);
+  channels.erase(std::unique(channels.begin(), channels.end()), channels.end());
+  return channels;
+}
+
+std::vector<std::string> CellsOf(const std::vector<ReportChannel>& channels) {
   std::vector<std::string> names;
-  for (const ReportLine& line : answer.Lines) names.push_back(line.Channel);
-  std::ranges::sort(names);
-  names.erase(std::unique(names.begin(), names.end()), names.end());
-  return names;
+  for (const ReportChannel& channel : channels) names.push_back(channel.Name);
+  return ChannelCells(names);
 }
 
 sys_days FirstDay(const WantedReport& report, const ReportAnswer& answer) {
@@ -59,16 +65,17 @@ sys_days FirstDay(const WantedReport& report, const ReportAnswer& answer) {
 
 std::optional<std::string> TabbedReport(const WantedReport& report, const ReportAnswer& answer,
                                         std::size_t mostBytes) {
-  const std::vector<std::string> names =
-      report.ByChannel ? ChannelsOf(answer) : std::vector<std::string>{""};
-  if (names.empty()) return "";
-  const std::vector<std::string> cells = ChannelCells(names);
+  const std::vector<ReportChannel> channels =
+      report.ByChannel ? ChannelsOf(answer) : std::vector<ReportChannel>(1);
+  if (channels.empty()) return "";
+  const std::vector<std::string> cells = CellsOf(channels);
   std::string table = Heading(report);
-  auto next = answer.Lines.begin();  // the lines come by day and name
+  auto next = answer.Lines.begin();  // the lines come by day and channel
   for (sys_days day = FirstDay(report, answer); day <= answer.Days.Last; day += days(1)) {
     const std::string dayText = DayText(day);
-    for (std::size_t i = 0; i < names.size(); ++i) {
-      const bool here = next != answer.Lines.end() && next->Day == day && next->Channel == names[i];
+    for (std::size_t i = 0; i < channels.size(); ++i) {
+      const bool here =
+          next != answer.Lines.end() && next->Day == day && next->Channel == channels[i];
       AddLine(table, report, {dayText, cells[i]}, here ? next->Figures : ReportFigures{});
       if (here) ++next;
       if (table.size() > mostBytes) return std::nullopt;

@@ -18,8 +18,9 @@ std::string RefreshForm(const ClientIdentity& client, const std::string& refresh
          ClientFields(client);
 }
 
-std::string RevokeForm(const std::string& refreshToken) {
-  return "token=" + PercentEncode(refreshToken);
+std::string RevokeForm(const ClientIdentity& client, const std::string& refreshToken) {
+  return "token_type_hint=refresh_token&token=" + PercentEncode(refreshToken) +
+         ClientFields(client);
 }
 
 std::string CodeForm(const ClientIdentity& client, const ConsentCode& consent) {

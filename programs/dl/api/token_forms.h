@@ -14,8 +14,8 @@ struct ClientIdentity {
 // A fresh access token for a grant.
 std::string RefreshForm(const ClientIdentity& client, const std::string& refreshToken);
 
-// The end of a grant, and of its access tokens.
-std::string RevokeForm(const std::string& refreshToken);
+// The end of a grant, and of its access tokens (RFC 7009, 2.1). `client`: to which it was granted.
+std::string RevokeForm(const ClientIdentity& client, const std::string& refreshToken);
 
 struct ConsentCode {
   std::string Code;
