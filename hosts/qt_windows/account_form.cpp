@@ -24,6 +24,21 @@ QLineEdit* NewLine(TextField& control) {
   return line;
 }
 
+// What goes on while a grant is asked for.
+QWidget* NewWaitingRow(QWidget* form, Account& model) {
+  auto* const row = new QWidget(form);
+  auto* const parts = new QHBoxLayout(row);
+  parts->setContentsMargins({});
+  auto* const note = new QLabel;
+  note->setWordWrap(true);
+  parts->addWidget(note, 1);
+  auto* const stop = new QPushButton;
+  Bind(stop, model.StopWaiting);
+  parts->addWidget(stop);
+  Bind(note, model.Waiting, row);
+  return row;
+}
+
 }  // namespace
 
 QWidget* NewAccountForm(Account& model, QWidget* parent) {
@@ -44,6 +59,7 @@ QWidget* NewAccountForm(Account& model, QWidget* parent) {
   both->addWidget(password);
   both->addWidget(connect);
   lines->addRow(NewLabelFor(password, model.Text3), both);
+  lines->addRow(NewWaitingRow(form, model));
   lines->addRow(NewOkCancelBox(form, model.Command1, model.Command2));
   if (parent != nullptr) CentreWindow(form, parent->frameGeometry());
   return form;

@@ -16,6 +16,7 @@
 #include "forms/check_box.h"
 #include "forms/editable_list.h"
 #include "forms/list_field.h"
+#include "forms/note_field.h"
 #include "forms/picture_field.h"
 #include "forms/text_field.h"
 #include "qt_base/icon_picture.h"
@@ -161,6 +162,13 @@ void Bind(QPushButton* button, Button& control) {
   if (button->icon().isNull()) button->setText(ToUnicode(control.Caption()));
   const auto* const tie = NewTie(button, control, [] {});
   QObject::connect(button, &QPushButton::clicked, tie, [&control] { control.Click(); });
+}
+
+void Bind(QLabel* label, NoteField& control, QWidget* row) {
+  NewTie(label, control, [label, row, &control] {
+    label->setText(ToUnicode(control.Text()));
+    row->setVisible(!control.Text().empty());
+  });
 }
 
 void Bind(QLabel* label, PictureField& control) {

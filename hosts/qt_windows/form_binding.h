@@ -16,6 +16,7 @@ class CheckBox;
 class Control;
 class EditableList;
 class ListField;
+class NoteField;
 class PictureField;
 class TextField;
 
@@ -31,6 +32,8 @@ void Bind(QComboBox* box, EditableList& control);  // makes the box editable
 void Bind(QLineEdit* line, TextField& control);
 void Bind(QPushButton* button, Button& control);  // shows the caption unless it has a picture
 void Bind(QLabel* label, PictureField& control);
+// The label, and what else stands in `row` with it, is out of sight while there is nothing to say.
+void Bind(QLabel* label, NoteField& control, QWidget* row);
 void Bind(QTabWidget* tabs, ListField& control);  // which has an entry for each tab
 
 // A label with the caption of `control`, whose mnemonic leads to `field`.

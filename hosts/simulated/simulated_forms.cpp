@@ -149,7 +149,8 @@ Controls Of(Opts& form) {
 }
 
 Controls Of(Account& form) {
-  return {&form.Text1, &form.Text2, &form.Text3, &form.Connect, &form.Command1, &form.Command2};
+  return {&form.Text1,       &form.Text2,    &form.Text3,   &form.Connect,
+          &form.StopWaiting, &form.Command1, &form.Command2};
 }
 
 Controls Of(ReportsFields& fields) {

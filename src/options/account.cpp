@@ -1,6 +1,7 @@
 #include "options/account.h"
 
 #include <algorithm>
+#include <chrono>
 
 #include "config/account_entry_check.h"
 #include "options/ad_sense_frame.h"
@@ -12,6 +13,8 @@
 
 namespace quillbox {
 namespace {
+
+constexpr int kMinutesToAnswer = 5;  // of `dl authorize`
 
 void MoveStats(SettingsStore& store, const std::string& oldName, const std::string& newName) {
   if (newName == oldName) return;
@@ -28,6 +31,11 @@ Account::Account(std::string caption, const ProgramContext& program, AdSenseFram
   Command1.Clicked = [this] { OK_Click(); };
   Command2.Clicked = [this] { program_.Host.Windows.Unload(FormName::kAccount); };
   Connect.Clicked = [this] { Connect_Click(); };
+  StopWaiting.SetEnabled(false);
+  StopWaiting.Clicked = [this] {
+    asking_.reset();
+    EndWaiting();
+  };
 }
 
 void Account::Load() {
@@ -38,23 +46,51 @@ void Account::Load() {
 void Account::Closed() {
   loaded_ = false;
   asking_.reset();
+  minute_.reset();
 }
 
 void Account::Connect_Click() {
-  Connect.SetEnabled(false);
+  BeginWaiting();
   asking_ = program_.Host.Grants.Ask({Text2.Text(), StoredProxyVariables(program_.Store)},
                                      [this](const GrantAnswer& answer) { Answered(answer); });
 }
 
 // The form may be gone when the box is: it comes last.
 void Account::Answered(const GrantAnswer& answer) {
-  Connect.SetEnabled(true);
+  EndWaiting();
   if (answer.Problem.empty()) {
     accounts_.Grants.Made(answer.Name);
     Text3.SetText(answer.Name);
   } else {
     program_.Host.Boxes.Show({.Text = answer.Problem, .Icon = BoxIcon::kExclamation});
   }
+}
+
+void Account::BeginWaiting() {
+  Connect.SetEnabled(false);
+  StopWaiting.SetEnabled(true);
+  minutesLeft_ = kMinutesToAnswer;
+  minute_ = program_.Host.TimerSource.NewTimer(std::chrono::minutes(1), [this] {
+    --minutesLeft_;
+    ShowTimeLeft();
+    if (minutesLeft_ == 0) minute_->SetEnabled(false);
+  });
+  minute_->SetEnabled(true);
+  ShowTimeLeft();
+}
+
+void Account::ShowTimeLeft() {
+  const std::string left = minutesLeft_ > 1    ? std::to_string(minutesLeft_) + " minutes left"
+                           : minutesLeft_ == 1 ? "1 minute left"
+                                               : "less than a minute left";
+  Waiting.Say("A browser window has opened. Waiting for you to allow access there: " + left + ".");
+}
+
+void Account::EndWaiting() {
+  minute_.reset();
+  Waiting.Say("");
+  StopWaiting.SetEnabled(false);
+  Connect.SetEnabled(true);
 }
 
 bool Account::AccountNameExists(std::string_view name) const {

@@ -8,8 +8,10 @@
 #include <string_view>
 
 #include "forms/button.h"
+#include "forms/note_field.h"
 #include "forms/text_field.h"
 #include "platform/grant_asker.h"
+#include "platform/timers.h"
 #include "state/program_context.h"
 
 namespace quillbox {
@@ -34,6 +36,9 @@ class Account {
   // Asks for a grant, whose name then stands in Text3. Should it come to stand in no account, it is
   // forgotten with the Options.
   Button Connect{"Connect", "Co&nnect..."};
+  // While a grant is asked for: what goes on, and the way out of it.
+  NoteField Waiting{"Waiting", ""};
+  Button StopWaiting{"StopWaiting", "&Stop"};
 
   std::int16_t AdSenseIndex = 0;  // of the account that is edited
 
@@ -46,6 +51,9 @@ class Account {
   void OK_Click();
   void Connect_Click();
   void Answered(const GrantAnswer& answer);
+  void BeginWaiting();
+  void ShowTimeLeft();
+  void EndWaiting();
   bool AccountNameExists(std::string_view name) const;
   bool Edits() const { return Caption == kEditAccountCaption; }
   std::size_t Index() const;          // of the edited or the new account
@@ -57,6 +65,8 @@ class Account {
   AdSenseFrame& accounts_;
   bool loaded_ = false;
   std::unique_ptr<GrantAsking> asking_;
+  int minutesLeft_ = 0;            // for the person's answer
+  std::unique_ptr<Timer> minute_;  // while there are any
 };
 
 }  // namespace quillbox

@@ -294,6 +294,14 @@ TEST_F(OptsFormTest, AccountFormStandsInTheMiddleAndTakesAnEntry) {
   host_.Grants.Add({{"grant:ABCDEFGHIJ27", ""}});
   connect->click();
   EXPECT_FALSE(connect->isEnabled());
+  auto* const waiting = account->findChild<QLabel*>("Waiting");
+  EXPECT_TRUE(waiting->isVisible());
+  EXPECT_EQ(waiting->height(), waiting->heightForWidth(waiting->width()));
+  account->findChild<QPushButton*>("StopWaiting")->click();
+  EXPECT_TRUE(connect->isEnabled());
+  EXPECT_FALSE(waiting->isVisible());
+  host_.Grants.Add({{"grant:ABCDEFGHIJ27", ""}});
+  connect->click();
   host_.RunFor(std::chrono::seconds(1));
   EXPECT_TRUE(connect->isEnabled());
   EXPECT_EQ(password->text(), "grant:ABCDEFGHIJ27");

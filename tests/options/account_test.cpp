@@ -14,6 +14,7 @@ namespace quillbox {
 namespace {
 
 using testing::ElementsAre;
+using testing::EndsWith;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::SizeIs;
@@ -203,6 +204,7 @@ TEST_F(AccountTest, ConnectPutsTheNameOfAGrantInThePlaceOfThePassword) {
   const Case kCases[] = {{made, nullptr, "grant:ABCDEFGHIJ27", 0},
                          {none, nullptr, "pass0", 1},
                          {made, &Account::Command1, "pass0", 0},
+                         {made, &Account::StopWaiting, "pass0", 0},
                          {none, &Account::Command2, "pass0", 0}};
   Open({"one"});
   store_.WriteSetting(kProxyServer, "proxy.test");
@@ -214,6 +216,7 @@ TEST_F(AccountTest, ConnectPutsTheNameOfAGrantInThePlaceOfThePassword) {
     host_.Grants.Add({c.Answer, std::chrono::minutes(1)});
     Form()->Connect.Click();
     EXPECT_FALSE(Form()->Connect.Enabled());
+    EXPECT_THAT(Form()->Waiting.Text(), EndsWith("there: 5 minutes left."));
     EXPECT_EQ(host_.Grants.Asked().back().Email, "mail0");
     EXPECT_EQ(host_.Grants.Asked().back().Environment.back().second, "http://proxy.test");
     if (c.Closes != nullptr) (Form()->*c.Closes).Click();
@@ -222,12 +225,27 @@ TEST_F(AccountTest, ConnectPutsTheNameOfAGrantInThePlaceOfThePassword) {
     EXPECT_THAT(host_.Boxes.Shown(), SizeIs(boxes + c.Boxes));
     if (Form() != nullptr) {
       EXPECT_TRUE(Form()->Connect.Enabled());
+      EXPECT_FALSE(Form()->StopWaiting.Enabled());
+      EXPECT_EQ(Form()->Waiting.Text(), "");
       Form()->Command1.Click();
     }
     EXPECT_THAT(state_.Passwords, ElementsAre(c.Password));
   }
   EXPECT_EQ(host_.Boxes.Shown().back().Text, none.Problem);
   EXPECT_EQ(host_.Boxes.Shown().back().Icon, BoxIcon::kExclamation);
+}
+
+TEST_F(AccountTest, ConnectCountsTheMinutesDown) {
+  Open({"one"});
+  page_.Command7.Click();
+  host_.Grants.Add({{"", "No answer came in five minutes."}, std::chrono::minutes(7)});
+  Form()->Connect.Click();
+  for (const char* const left : {"5 minutes", "4 minutes", "3 minutes", "2 minutes", "1 minute",
+                                 "less than a minute", "less than a minute"}) {
+    EXPECT_THAT(Form()->Waiting.Text(), EndsWith(std::string("there: ") + left + " left."));
+    host_.RunFor(std::chrono::minutes(1));
+  }
+  EXPECT_EQ(Form()->Waiting.Text(), "");
 }
 
 TEST_F(AccountTest, RemoveForgetsTheAccountAndItsFigures) {
