@@ -152,7 +152,7 @@ int Authorize(const std::string& email, unsigned fileMask) {
   const CryptoLibrary crypto = LoadCrypto();
   const CurlLibrary curl = LoadCurl();
   if (!crypto.Loaded() || !curl.Loaded()) {
-    Tell("libcurl or libcrypto is missing.");
+    Tell(curl.Loaded() ? kNoCrypto : kNoCurl);
     return static_cast<int>(ResultCode::kNoConnection);
   }
   WatchCommand(std::string("\n") + kNoEnd, STDERR_FILENO, TheLimits().Person + TheLimits().Total);

@@ -95,7 +95,7 @@ Finding CheckAccount(const std::string& email) {
   const std::string secret = ReadSecret("Password: ");
   WatchCommand("No answer came in time.", STDOUT_FILENO, TheLimits().Total);
   const CurlLibrary curl = LoadCurl();
-  if (!curl.Loaded()) return {ResultCode::kNoConnection, "libcurl is missing."};
+  if (!curl.Loaded()) return {ResultCode::kNoConnection, kNoCurl};
   Session session = OpenSession(curl);
   return IsGrantName(secret) ? CheckGrant(session, secret) : CheckPassword(session, email, secret);
 }

@@ -16,6 +16,10 @@ struct CryptoLibrary {
   bool Loaded() const { return Base64 != nullptr; }
 };
 
+// For a person, when it isn't loaded.
+inline constexpr const char* kNoCrypto =
+    "libcrypto can't be loaded: it must be installed, version 3 (libcrypto.so.3).";
+
 // It stays loaded until the process ends.
 CryptoLibrary LoadCrypto();
 

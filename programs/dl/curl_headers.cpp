@@ -41,7 +41,7 @@ bool EndIsKnown(const CurlLibrary& curl, CURL* handle) {
   const auto transfer = Values(curl, handle, "Transfer-Encoding");
   const auto lengths = Values(curl, handle, "Content-Length");
   if (!transfer || !lengths) return false;
-  if (!transfer->empty()) return true;
+  if (!transfer->empty()) return EndsInChunks(*transfer);
   return IsOneLength(*lengths);
 }
 

@@ -20,6 +20,10 @@ struct CurlLibrary {
   bool Loaded() const { return easy_init != nullptr; }
 };
 
+// For a person, when it isn't loaded.
+inline constexpr const char* kNoCurl =
+    "libcurl can't be loaded: it must be installed, version 7.87 or later (libcurl.so.4).";
+
 // Loading takes some 20 ms, during which the process list is readable as ever: call it after the
 // arguments were overwritten. The library stays loaded until the process ends.
 CurlLibrary LoadCurl();

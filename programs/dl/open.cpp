@@ -31,7 +31,7 @@ int Open(unsigned fileMask) {
   const std::string address = ReadSecret("Address: ");
   if (!IsOpenable(address)) return Fail(ResultCode::kNoConnection, "That is no https address.");
   const CryptoLibrary crypto = LoadCrypto();
-  if (!crypto.Loaded()) return Fail(ResultCode::kNoConnection, "libcrypto is missing.");
+  if (!crypto.Loaded()) return Fail(ResultCode::kNoConnection, kNoCrypto);
   const auto page = RandomText(crypto);
   if (!page) return Fail(ResultCode::kNoAnswer, "No random numbers to be had.");
   LoopbackServer server;

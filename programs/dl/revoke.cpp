@@ -39,7 +39,7 @@ std::string Reason(const ServiceVerdict& verdict, const std::string& address) {
 
 Outcome TakeAway(const Grant& grant) {
   const CurlLibrary curl = LoadCurl();
-  if (!curl.Loaded()) return {ResultCode::kNoConnection, "libcurl is missing."};
+  if (!curl.Loaded()) return {ResultCode::kNoConnection, kNoCurl};
   Session session = OpenSession(curl);
   const std::string address = TheService().Revoke;
   const ServiceReply reply =

@@ -13,6 +13,7 @@ namespace {
 
 constexpr int kSignals[] = {SIGINT, SIGQUIT, SIGTSTP, SIGTERM, SIGHUP};
 constexpr int kLookEveryMs = 100;
+constexpr std::size_t kLongestLine = 64 << 10;  // of a pipe that never ends, too
 
 // While it lives the terminal doesn't show what is typed, and signals wait: they must not end or
 // stop the program before the terminal is as it was.
@@ -58,9 +59,22 @@ class UnseenPrompt {
   sigset_t heldBefore_;
 };
 
+// Whoever sits at the terminal can end the program, also where its starter ignored or held back the
+// signals of its keys.
+void HearKeys() {
+  sigset_t keys;
+  ::sigemptyset(&keys);
+  for (const int key : {SIGINT, SIGQUIT}) {
+    ::signal(key, SIG_DFL);
+    ::sigaddset(&keys, key);
+  }
+  ::sigprocmask(SIG_UNBLOCK, &keys, nullptr);
+}
+
 std::string ReadLine() {
   std::string line;
   for (int c = std::getchar(); c != EOF && c != '\n'; c = std::getchar()) {
+    if (line.size() == kLongestLine) return "";
     if (c != '\r') line += static_cast<char>(c);
   }
   return line;
@@ -71,8 +85,7 @@ std::string ReadLine() {
 std::string ReadSecret(const char* question) {
   termios usual{};
   if (::tcgetattr(STDIN_FILENO, &usual) != 0) return ReadLine();
-  // Whoever sits at the terminal can end the program, also where its starter ignored these two.
-  for (const int key : {SIGINT, SIGQUIT}) ::signal(key, SIG_DFL);
+  HearKeys();
   // A signal takes effect between two prompts; a program that goes on after it asks again.
   for (;;) {
     const UnseenPrompt prompt(usual, question);

@@ -170,7 +170,15 @@ TEST(ApiAnswer, IsRefusedWhenItIsNotTheWholeReport) {
       Object({kHeaders, Days(3), Rows({"2026-03-01 1 0 0 0 0", "2026-03-01 1 0 0 0 0"}), kSums}),
       Object({kChannelHeaders, Days(1), kRow, kSums}) + "x",
       Object({kHeaders, Days(1), kRow, kSums}) + std::string("\0x", 2),
-      Object({kHeaders, Days(1), Rows({"2026-03-01 1\\u00000 0 0 0 0"}), kSums})};
+      Object({kHeaders, Days(1), Rows({"2026-03-01 1\\u00000 0 0 0 0"}), kSums}),
+      Object({kHeaders, Days(1), Rows({R"(2026-03-01 \ufeff1 0 0 0 0)"}), kSums}),
+      Object({kHeaders, Days(1), Rows({R"(2026-03-01 1\n 0 0 0 0)"}), kSums}),
+      Object({kHeaders, Days(1), Rows({"2026-03-01 " + std::string(1 << 18, '[') + " 0 0 0 0"}),
+              kSums}),
+      Object(
+          {kHeaders, Days(1), Rows({"2026-03-01 1" + std::string(64, '0') + " 0 0 0 0"}), kSums}),
+      Object({kHeaders, Days(1), kRow, kRow, kSums}),
+      Object({kHeaders, Days(1), kRow, kSums, "\"warnings\":[\"\xFF\"]"})};
   for (const std::string& json : kBad) {
     EXPECT_EQ(Table({}, json), "no answer") << json.substr(0, 300);
   }
@@ -311,6 +319,10 @@ TEST(ApiJson, IsReadWithinItsBounds) {
                                                  {"{}" + blanks.substr(2), true},
                                                  {"{}" + blanks, false},
                                                  {R"({"x":"\u0000"})", true},
+                                                 {R"({"x":{"a":1},"y":{"a":1}})", true},
+                                                 {R"({"x":[{"a":1},{"a":1,"b":0,"a":1}]})", false},
+                                                 {"{\"x\":\"\xC0\x80\"}", false},
+                                                 {R"({"x":"\ud800"})", false},
                                                  {std::string("{}\0", 3), false},
                                                  {std::string("\0{}", 3), false}};
   for (const auto& [json, read] : kCases) {

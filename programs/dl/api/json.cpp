@@ -1,17 +1,21 @@
 #include "api/json.h"
 
+#include <array>
 #include <charconv>
+#include <set>
 
 namespace quillbox {
 namespace {
 
-constexpr int kMostLevels = 16;
+constexpr std::size_t kMostLevels = 16;
+constexpr std::size_t kLongestNumber = 64;  // far more than any that counts
 
-// Stops the parser at the bounds. It only counts: the parser's callback for values that are being
+// Stops the parser at the bounds, and at a name that an object has twice, since nobody says which
+// of its values holds. It builds nothing: the parser's callback for values that are being
 // built goes through the whole list again at the end of each member.
-class Counter : public nlohmann::json_sax<Json> {
+class Checker : public nlohmann::json_sax<Json> {
  public:
-  explicit Counter(std::size_t mostValues) : left_(mostValues) {}
+  explicit Checker(std::size_t mostValues) : left_(mostValues) {}
 
   bool null() override { return Counts(); }
   bool boolean(bool) override { return Counts(); }
@@ -20,7 +24,7 @@ class Counter : public nlohmann::json_sax<Json> {
   bool number_float(number_float_t, const string_t&) override { return Counts(); }
   bool string(string_t&) override { return Counts(); }
   bool binary(binary_t&) override { return Counts(); }
-  bool key(string_t&) override { return Counts(); }
+  bool key(string_t& name) override { return Counts() && names_[levels_ - 1].insert(name).second; }
   bool start_object(std::size_t) override { return Begins(); }
   bool end_object() override { return Ends(); }
   bool start_array(std::size_t) override { return Begins(); }
@@ -31,15 +35,24 @@ class Counter : public nlohmann::json_sax<Json> {
 
  private:
   bool Counts() { return left_-- > 0; }
-  bool Begins() { return ++levels_ <= kMostLevels && Counts(); }
+  bool Begins() {
+    if (levels_ == kMostLevels) return false;
+    names_[levels_++].clear();
+    return Counts();
+  }
   bool Ends() {
     --levels_;
     return true;
   }
 
   std::size_t left_;
-  int levels_ = 0;
+  std::size_t levels_ = 0;
+  std::array<std::set<std::string>, kMostLevels> names_;  // of the object on each level
 };
+
+bool IsDigit(char c) {
+  return c >= '0' && c <= '9';
+}
 
 // The parser takes a NUL for the end of the text.
 bool HoldsNul(std::string_view text) {
@@ -50,15 +63,18 @@ bool HoldsNul(std::string_view text) {
 
 std::optional<Json> ParseObject(std::string_view text, const JsonBounds& bounds) {
   if (text.size() > bounds.Bytes || HoldsNul(text)) return std::nullopt;
-  Counter counter(bounds.Values);
-  if (!Json::sax_parse(text.begin(), text.end(), &counter)) return std::nullopt;
+  Checker checker(bounds.Values);
+  if (!Json::sax_parse(text.begin(), text.end(), &checker)) return std::nullopt;
   Json value = Json::parse(text.begin(), text.end(), nullptr, false);
   if (!value.is_object()) return std::nullopt;
   return value;
 }
 
 std::optional<double> ParseNumber(std::string_view text) {
-  if (HoldsNul(text)) return std::nullopt;
+  // The parser would also take blanks, and in front a mark of a file's encoding.
+  if (text.empty() || text.size() > kLongestNumber || HoldsNul(text)) return std::nullopt;
+  if (text[0] != '-' && !IsDigit(text[0])) return std::nullopt;
+  if (!IsDigit(text.back())) return std::nullopt;
   const Json value = Json::parse(text.begin(), text.end(), nullptr, false);
   return value.is_number() ? std::optional(value.get<double>()) : std::nullopt;
 }

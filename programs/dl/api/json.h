@@ -23,10 +23,11 @@ inline constexpr JsonBounds kShortJson{std::size_t{1} << 20, 100'000};
 inline constexpr JsonBounds kReportJson{std::size_t{56} << 20, 5'000'000};
 
 // Nothing unless the whole text is one JSON object in UTF-8, within the bounds, at most 16 objects
-// and arrays deep, without a NUL.
+// and arrays deep, without a NUL, and no object has a name twice.
 std::optional<Json> ParseObject(std::string_view text, const JsonBounds& bounds = kShortJson);
 
-// The number that the whole text is; nothing for a number too large.
+// The number that the whole text is, without blanks; nothing for a number too large or longer than
+// 64 characters.
 std::optional<double> ParseNumber(std::string_view text);
 
 // Null when `value` is no object or has no such member.

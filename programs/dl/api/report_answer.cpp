@@ -198,7 +198,7 @@ std::optional<ReportAnswer> ReadReportAnswer(std::string_view json, const Wanted
 }
 
 std::optional<DayRange> ReadDays(std::string_view json) {
-  const auto document = ParseObject(json, kReportJson);
+  const auto document = ParseObject(json);
   return document ? DaysMember(*document) : std::nullopt;
 }
 

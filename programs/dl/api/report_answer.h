@@ -54,7 +54,7 @@ struct ReportAnswer {
 // the lines that the service has, or when a line lies outside of its days or comes twice.
 std::optional<ReportAnswer> ReadReportAnswer(std::string_view json, const WantedReport& report);
 
-// The days alone, of an answer to any query.
+// The days alone, of a short answer to any query.
 std::optional<DayRange> ReadDays(std::string_view json);
 
 }  // namespace quillbox

@@ -52,6 +52,14 @@ ContentCoding ReadContentCoding(std::string_view content, std::string_view trans
   return coding;
 }
 
+bool EndsInChunks(std::string_view transfer) {
+  std::string_view last;
+  while (!transfer.empty()) {
+    if (const std::string_view name = TakeName(transfer); !name.empty()) last = name;
+  }
+  return EqualIgnoringCase(last, "chunked");
+}
+
 bool IsOneLength(std::string_view lengths) {
   const std::string_view first = TakeName(lengths);
   bool same = IsLength(first);
