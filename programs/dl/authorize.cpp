@@ -152,7 +152,7 @@ int Authorize(const std::string& email, unsigned fileMask) {
   const CryptoLibrary crypto = LoadCrypto();
   const CurlLibrary curl = LoadCurl();
   if (!crypto.Loaded() || !curl.Loaded()) {
-    Tell(curl.Loaded() ? kNoCrypto : kNoCurl);
+    Tell(crypto.Loaded() ? kNoCurl : kNoCrypto);
     return static_cast<int>(ResultCode::kNoConnection);
   }
   WatchCommand(std::string("\n") + kNoEnd, STDERR_FILENO, TheLimits().Person + TheLimits().Total);

@@ -54,11 +54,14 @@ TEST(Check, AsksAtATerminalWithoutShowingWhatIsTyped) {
     int signal;  // that it is sent then; 0 for none
     int status;
     const char* shown;
+    bool ignored = true;  // Ctrl-C and Ctrl-\, by who starts it; else blocked
   };
   const Case kCases[] = {
       {"rosemary\r", 0, 0, "\r\nSign-in works.\r\n"},
       {"thyme\r", 0, 3, "refused the sign-in.\r\n"},
       {"rosemary\x03", 0, -SIGINT, "\r\n"},
+      {"rosemary\x03", 0, -SIGINT, "\r\n", false},
+      {"rosemary\x1C", 0, -SIGQUIT, "\r\n", false},
       {"rosemary", SIGTERM, -SIGTERM, "\r\n"},
       {"", SIGHUP, -SIGHUP, "\r\n"},
   };
@@ -67,11 +70,10 @@ TEST(Check, AsksAtATerminalWithoutShowingWhatIsTyped) {
   for (const Case& c : kCases) {
     SCOPED_TRACE(std::string(c.keys) + ", signal " + std::to_string(c.signal));
     const PseudoTerminal terminal;
-    // As a shell starts what goes on in the background, and as we may have been started ourselves.
-    const char* const ignoring = "trap '' INT QUIT; exec \"$0\" \"$@\"";
-    ChildProcess dl(
-        terminal.Start({"/bin/sh", "-c", ignoring, QUILLBOX_DL_PROGRAM, "check", kEmail},
-                       home.WholeEnvironment(service.Host(), service.AuthorityFile())));
+    // Ignored, as by a shell that starts something in the background, or held back.
+    const char* const deaf = c.ignored ? "--ignore-signal=INT,QUIT" : "--block-signal=INT,QUIT";
+    ChildProcess dl(terminal.Start({"/usr/bin/env", deaf, QUILLBOX_DL_PROGRAM, "check", kEmail},
+                                   home.WholeEnvironment(service.Host(), service.AuthorityFile())));
     EXPECT_EQ(terminal.ReadTo("Password: "), "Password: ");
     EXPECT_FALSE(terminal.Echoes());
     terminal.Type(c.keys);
@@ -79,6 +81,34 @@ TEST(Check, AsksAtATerminalWithoutShowingWhatIsTyped) {
     EXPECT_THAT(terminal.ReadTo(c.shown), Not(testing::ContainsRegex("rosemary|thyme")));
     EXPECT_EQ(dl.Wait(), c.status);
     EXPECT_TRUE(terminal.Echoes());
+  }
+}
+
+TEST(Commands, SayWhatCannotBeLoaded) {
+  struct Case {
+    const char *library, *command;
+    std::vector<const char*> said;
+  };
+  const Case kCases[] = {
+      {"libcurl.so.4", "check", {"libcurl can't be loaded"}},
+      {"libcurl.so.4", "authorize", {"libcurl can't be loaded"}},
+      {"libcurl.so.4", "revoke", {"access still stands", "libcurl can't be loaded"}},
+      {"libcrypto.so.3", "authorize", {"libcrypto can't be loaded"}},
+      {"libcrypto.so.3", "open", {"libcrypto can't be loaded"}},
+  };
+  for (const Case& c : kCases) {
+    const GrantHome home;
+    const TemporaryFolder libraries;
+    libraries.Put(c.library, "");  // stands before the system's
+    std::vector<std::string> environment = home.WholeEnvironment("localhost:1", "");
+    environment.insert(environment.end(),
+                       {"LD_LIBRARY_PATH=" + libraries.Path(), "QUILLBOX_OAUTH_CLIENT_ID=x"});
+    ChildProcess dl({{QUILLBOX_DL_PROGRAM, c.command}, environment});
+    dl.Write(std::string(c.command) == "open" ? "https://x.test/\n" : "grant:TESTGRANT234\n");
+    dl.CloseInput();
+    const std::string said = dl.ReadAll();
+    EXPECT_EQ(dl.Wait(), 1) << c.command;
+    for (const char* const words : c.said) EXPECT_THAT(said, HasSubstr(words)) << c.command;
   }
 }
 

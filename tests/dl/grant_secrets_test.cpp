@@ -183,5 +183,25 @@ TEST_F(GrantSecrets, AreNotBlamedForWhatIsThePackagersAffair) {
   }
 }
 
+TEST_F(GrantSecrets, AreReplacedByWhatCanBeReadAgainAlone) {
+  const std::pair<std::string, const char*> kTokens[] = {{std::string(7 << 10, 't'), "0"},
+                                                         {std::string((16 << 10) + 1, 't'), "2"},
+                                                         {std::string(70'000, 't'), "2"},
+                                                         {"t\\u0000", "2"},
+                                                         {"t\\n", "2"},
+                                                         {"\\u00e4", "2"}};
+  for (const auto& [token, code] : kTokens) {
+    const std::string before = *ReadWhole(home_.GrantPath());
+    const std::string answer = kGoodToken;
+    const ListeningServer service(
+        Service({answer.substr(0, answer.size() - 1) + R"(,"refresh_token":")" + token + R"("})"},
+                {kGoodReport}));
+    EXPECT_EQ(FetchCode(service), code) << token.substr(0, 9);
+    EXPECT_EQ(*ReadWhole(home_.GrantPath()) == before, *code != '0') << token.substr(0, 9);
+    const ListeningServer next(Service({kGoodToken}, {kGoodReport}));
+    EXPECT_EQ(FetchCode(next), "0") << "after " << token.substr(0, 9);
+  }
+}
+
 }  // namespace
 }  // namespace quillbox
