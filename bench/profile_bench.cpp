@@ -7,7 +7,7 @@
 
 #include "config/profile_file.h"
 #include "config/setting_keys.h"
-#include "text/letter_case.h"
+#include "text/code_page.h"
 
 namespace quillbox {
 namespace {

@@ -6,7 +6,7 @@
 
 #include "qt_base/unicode_text.h"
 #include "qt_tray/dbus_menu_types.h"
-#include "text/elided.h"
+#include "text/text_list.h"
 
 namespace quillbox {
 namespace {

@@ -1,7 +1,7 @@
 #include "qt_tray/tray_menu_view.h"
 
 #include "qt_base/unicode_text.h"
-#include "text/elided.h"
+#include "text/text_list.h"
 
 namespace quillbox {
 namespace {

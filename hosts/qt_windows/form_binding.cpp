@@ -21,7 +21,7 @@
 #include "forms/text_field.h"
 #include "qt_base/icon_picture.h"
 #include "qt_base/unicode_text.h"
-#include "text/elided.h"
+#include "text/text_list.h"
 
 namespace quillbox {
 namespace {

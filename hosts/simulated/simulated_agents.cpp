@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "text/form_encoding.h"
+#include "text/escaping.h"
 
 namespace quillbox {
 namespace {

@@ -20,7 +20,7 @@
 #include "platform/tooltip_window.h"
 #include "simulated/simulated_time.h"
 #include "simulated/simulated_trace.h"
-#include "text/letter_case.h"
+#include "text/code_page.h"
 
 namespace quillbox {
 

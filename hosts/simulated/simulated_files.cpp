@@ -1,7 +1,7 @@
 // Files that fail on demand, and that forget what was not flushed when the power goes.
 #include "simulated/simulated_files.h"
 
-#include "text/name_pattern.h"
+#include "text/text_list.h"
 
 namespace quillbox {
 namespace {

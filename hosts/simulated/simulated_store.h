@@ -7,7 +7,7 @@
 
 #include "platform/per_user_store.h"
 #include "simulated/simulated_trace.h"
-#include "text/letter_case.h"
+#include "text/code_page.h"
 
 namespace quillbox {
 

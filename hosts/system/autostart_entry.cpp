@@ -7,7 +7,7 @@
 
 #include "config/atomic_write.h"
 #include "system/system_surroundings.h"
-#include "text/trimmed.h"
+#include "text/text_list.h"
 
 namespace quillbox {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <optional>
 
-#include "text/trimmed.h"
+#include "text/text_list.h"
 
 namespace quillbox {
 namespace {

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "platform/per_user_store.h"
-#include "text/letter_case.h"
+#include "text/code_page.h"
 
 namespace quillbox {
 

@@ -11,7 +11,7 @@
 #include <string_view>
 
 #include "text/code_page.h"
-#include "text/name_pattern.h"
+#include "text/text_list.h"
 
 namespace quillbox {
 namespace {

@@ -12,7 +12,6 @@
 #include <optional>
 
 #include "text/code_page.h"
-#include "text/letter_case.h"
 
 namespace quillbox {
 

@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "error_answers.h"
-#include "text/html_text.h"
+#include "text/escaping.h"
 
 namespace quillbox {
 namespace {

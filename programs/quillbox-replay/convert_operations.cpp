@@ -16,7 +16,7 @@
 #include "quillbox-replay/operations.h"
 #include "quillbox-replay/request.h"
 #include "retrieval/update_schedule.h"
-#include "text/form_encoding.h"
+#include "text/escaping.h"
 #include "tooltip/skin.h"
 
 namespace quillbox {

@@ -1,7 +1,7 @@
 #include "quillbox-replay/memory_stores.h"
 
 #include "config/profile_file.h"
-#include "text/letter_case.h"
+#include "text/code_page.h"
 
 namespace quillbox {
 

@@ -7,9 +7,8 @@
 
 #include "config/profile_file.h"
 #include "config/setting_keys.h"
-#include "text/letter_case.h"
+#include "text/code_page.h"
 #include "text/text_list.h"
-#include "text/trimmed.h"
 
 namespace quillbox {
 namespace {

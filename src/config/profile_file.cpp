@@ -4,8 +4,8 @@
 #include <optional>
 
 #include "config/atomic_write.h"
-#include "text/letter_case.h"
-#include "text/trimmed.h"
+#include "text/code_page.h"
+#include "text/text_list.h"
 
 namespace quillbox {
 namespace {

@@ -5,7 +5,7 @@
 
 #include "evaluation/failure_rule.h"
 #include "evaluation/number_text.h"
-#include "text/trimmed.h"
+#include "text/text_list.h"
 
 namespace quillbox {
 namespace {

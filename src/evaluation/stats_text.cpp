@@ -4,7 +4,7 @@
 
 #include "evaluation/failure_rule.h"
 #include "evaluation/stats_lines.h"
-#include "text/letter_case.h"
+#include "text/code_page.h"
 
 namespace quillbox {
 namespace {

@@ -6,7 +6,7 @@
 
 #include "evaluation/date_text.h"
 #include "evaluation/failure_rule.h"
-#include "text/letter_case.h"
+#include "text/code_page.h"
 
 namespace quillbox {
 namespace {
@@ -21,11 +21,8 @@ struct DatePart {
 bool IsBlank(char c) {
   return c == ' ' || c == '\xA0';
 }
-bool IsDigit(char c) {
-  return c >= '0' && c <= '9';
-}
 bool IsLetter(char c) {
-  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') ||
+  return IsAsciiSmall(c) || IsAsciiCapital(c) ||
          (static_cast<unsigned char>(c) >= 0x80 && !IsBlank(c));
 }
 

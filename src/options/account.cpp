@@ -9,7 +9,7 @@
 #include "platform/forms.h"
 #include "platform/message_boxes.h"
 #include "retrieval/fetch_agent.h"
-#include "text/letter_case.h"
+#include "text/code_page.h"
 
 namespace quillbox {
 namespace {

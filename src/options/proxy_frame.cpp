@@ -2,7 +2,7 @@
 
 #include "config/account_list.h"
 #include "options/stored_field.h"
-#include "text/trimmed.h"
+#include "text/text_list.h"
 
 namespace quillbox {
 namespace {

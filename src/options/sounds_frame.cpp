@@ -8,7 +8,7 @@
 #include "platform/files.h"
 #include "platform/host.h"
 #include "platform/sounds.h"
-#include "text/letter_case.h"
+#include "text/code_page.h"
 
 namespace quillbox {
 namespace {

@@ -2,7 +2,7 @@
 
 #include "evaluation/tray_stats.h"
 #include "options/stored_field.h"
-#include "text/letter_case.h"
+#include "text/code_page.h"
 
 namespace quillbox {
 namespace {

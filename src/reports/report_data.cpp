@@ -7,7 +7,7 @@
 #include "evaluation/failure_rule.h"
 #include "evaluation/report_cells.h"
 #include "reports/channel_list.h"
-#include "text/letter_case.h"
+#include "text/code_page.h"
 
 namespace quillbox {
 namespace {

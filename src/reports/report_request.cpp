@@ -1,6 +1,6 @@
 #include "reports/report_request.h"
 
-#include "text/letter_case.h"
+#include "text/code_page.h"
 #include "text/text_list.h"
 
 namespace quillbox {

@@ -6,7 +6,7 @@
 #include "platform/event_pump.h"
 #include "platform/files.h"
 #include "text/code_page.h"
-#include "text/percent_encoding.h"
+#include "text/escaping.h"
 
 namespace quillbox {
 namespace {

@@ -1,8 +1,8 @@
 #include "retrieval/refresh_commands.h"
 
 #include "config/setting_keys.h"
-#include "text/form_encoding.h"
-#include "text/letter_case.h"
+#include "text/code_page.h"
+#include "text/escaping.h"
 
 namespace quillbox {
 namespace {

@@ -1,6 +1,6 @@
 #include "retrieval/sign_in_address.h"
 
-#include "text/form_encoding.h"
+#include "text/escaping.h"
 
 namespace quillbox {
 

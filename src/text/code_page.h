@@ -1,5 +1,5 @@
 // The one character set of the core: windows-1252, in which every code from 0 to 255 is a
-// character.
+// character. Unicode, classes of characters, upper and lower case.
 #pragma once
 
 #include <optional>
@@ -23,5 +23,30 @@ char32_t ToCodePoint(unsigned char code);
 
 // The code of a Unicode character, or nothing when the code page lacks it.
 std::optional<unsigned char> FromCodePoint(char32_t character);
+
+// ASCII alone.
+constexpr bool IsDigit(char c) {
+  return c >= '0' && c <= '9';
+}
+constexpr bool IsAsciiCapital(char c) {
+  return c >= 'A' && c <= 'Z';
+}
+constexpr bool IsAsciiSmall(char c) {
+  return c >= 'a' && c <= 'z';
+}
+
+// A letter whose other case the code page lacks stays as it is.
+char UpperCase(char letter);
+char LowerCase(char letter);
+std::string UpperCase(std::string_view text);
+std::string LowerCase(std::string_view text);
+
+bool EqualIgnoringCase(std::string_view a, std::string_view b);
+
+// Orders texts that differ only in case as equal; for maps keyed without regard to case.
+struct LessIgnoringCase {
+  using is_transparent = void;
+  bool operator()(std::string_view a, std::string_view b) const;
+};
 
 }  // namespace quillbox

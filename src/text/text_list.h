@@ -1,6 +1,7 @@
-// Texts that hold several entries with a separator between them.
+// Cutting texts up and putting them together, and patterns that a whole text matches.
 #pragma once
 
+#include <cstddef>
 #include <span>
 #include <string>
 #include <string_view>
@@ -20,5 +21,26 @@ std::string JoinText(std::span<const std::string> entries, std::string_view sepa
 
 // `text` with every occurrence of `removed` taken out, from left to right.
 std::string WithoutText(std::string_view text, std::string_view removed);
+
+inline constexpr std::string_view kBlank = " ";
+inline constexpr std::string_view kBlankAndTab = " \t";
+
+// `text` without the characters of `blanks` at its ends; a view into `text`.
+constexpr std::string_view Trimmed(std::string_view text, std::string_view blanks) {
+  const std::size_t first = text.find_first_not_of(blanks);
+  if (first == std::string_view::npos) return {};
+  return text.substr(first, text.find_last_not_of(blanks) - first + 1);
+}
+
+inline constexpr std::size_t kLongestShownName = 60;  // characters
+
+// For places that only show a name (code page): one longer than `longest` characters is cut to that
+// length, with an ellipsis in its middle. The ends stay, since they tell names apart.
+std::string Elided(std::string_view name, std::size_t longest = kLongestShownName);
+
+// Whether the whole of `name` matches `pattern` ("*.wav"), in which "*" stands for any run of
+// characters, also an empty one, and "?" for one. Both in the code page; case is ignored. Takes at
+// most time proportional to the product of the lengths.
+bool MatchesNamePattern(std::string_view name, std::string_view pattern);
 
 }  // namespace quillbox

@@ -5,7 +5,6 @@
 
 #include "config/profile_file.h"
 #include "text/text_list.h"
-#include "text/trimmed.h"
 #include "tooltip/skin_number.h"
 
 namespace quillbox {

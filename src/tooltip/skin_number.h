@@ -6,7 +6,7 @@
 #include <string_view>
 #include <system_error>
 
-#include "text/trimmed.h"
+#include "text/text_list.h"
 
 namespace quillbox {
 

@@ -1,7 +1,6 @@
 #include "update/version_decision.h"
 
 #include "text/text_list.h"
-#include "text/trimmed.h"
 
 namespace quillbox {
 namespace {

@@ -5,7 +5,7 @@
 
 #include "config/account_list.h"
 #include "grant/grant.h"
-#include "text/form_encoding.h"
+#include "text/escaping.h"
 #include "text/text_list.h"
 
 namespace quillbox {

@@ -5,7 +5,7 @@
 #include "request/limits.h"
 #include "request/sign_in_form.h"
 #include "request/web_address.h"
-#include "text/form_encoding.h"
+#include "text/escaping.h"
 
 namespace {
 

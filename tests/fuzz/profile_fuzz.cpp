@@ -1,7 +1,7 @@
 // Any settings file, any change to it: what was written reads back, and nothing else changes.
 #include "config/profile_file.h"
 #include "fuzz/fuzz_input.h"
-#include "text/letter_case.h"
+#include "text/code_page.h"
 
 namespace {
 

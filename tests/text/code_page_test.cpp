@@ -4,7 +4,6 @@
 #include <set>
 
 #include "text/code_page.h"
-#include "text/letter_case.h"
 
 namespace quillbox {
 namespace {

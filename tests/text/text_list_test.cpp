@@ -4,8 +4,6 @@
 #include <string>
 #include <vector>
 
-#include "text/elided.h"
-#include "text/name_pattern.h"
 #include "text/text_list.h"
 
 namespace quillbox {

@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "text/code_page.h"
-#include "text/trimmed.h"
+#include "text/text_list.h"
 
 namespace quillbox {
 namespace {

@@ -5,7 +5,7 @@
 
 #include "api/day_range.h"
 #include "api/json.h"
-#include "text/percent_encoding.h"
+#include "text/escaping.h"
 
 namespace quillbox {
 namespace {

@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "api/report_columns.h"
-#include "text/percent_encoding.h"
+#include "text/escaping.h"
 
 namespace quillbox {
 namespace {

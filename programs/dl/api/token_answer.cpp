@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "api/json.h"
-#include "text/letter_case.h"
+#include "text/code_page.h"
 #include "text/text_list.h"
 
 namespace quillbox {

@@ -1,6 +1,6 @@
 #include "api/token_forms.h"
 
-#include "text/percent_encoding.h"
+#include "text/escaping.h"
 
 namespace quillbox {
 namespace {

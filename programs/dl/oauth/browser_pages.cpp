@@ -1,6 +1,6 @@
 #include "oauth/browser_pages.h"
 
-#include "text/html_text.h"
+#include "text/escaping.h"
 
 namespace quillbox {
 namespace {

@@ -1,6 +1,6 @@
 #include "oauth/consent_address.h"
 
-#include "text/percent_encoding.h"
+#include "text/escaping.h"
 
 namespace quillbox {
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "text/form_encoding.h"
+#include "text/escaping.h"
 #include "text/text_list.h"
 
 namespace quillbox {

@@ -1,6 +1,6 @@
 #include "request/agent_text.h"
 
-#include "text/form_encoding.h"
+#include "text/escaping.h"
 
 namespace quillbox {
 namespace {

@@ -3,7 +3,7 @@
 #include <string_view>
 
 #include "request/web_address.h"
-#include "text/letter_case.h"
+#include "text/code_page.h"
 
 namespace quillbox {
 namespace {

@@ -1,7 +1,7 @@
 #include "request/sign_in_form.h"
 
 #include "text/code_page.h"
-#include "text/percent_encoding.h"
+#include "text/escaping.h"
 
 namespace quillbox {
 std::string SignInForm(const Credentials& credentials) {

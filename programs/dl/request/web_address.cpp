@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "text/letter_case.h"
+#include "text/code_page.h"
 
 namespace quillbox {
 namespace {

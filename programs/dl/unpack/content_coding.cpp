@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "text/letter_case.h"
-#include "text/trimmed.h"
+#include "text/code_page.h"
+#include "text/text_list.h"
 
 namespace quillbox {
 namespace {

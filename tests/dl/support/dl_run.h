@@ -7,7 +7,7 @@
 
 #include "support/child_process.h"
 #include "system/temporary_folder.h"
-#include "text/form_encoding.h"
+#include "text/escaping.h"
 
 namespace quillbox {
 

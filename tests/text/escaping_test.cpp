@@ -3,7 +3,7 @@
 
 #include <random>
 
-#include "text/form_encoding.h"
+#include "text/escaping.h"
 #include "text/grant_name.h"
 
 namespace quillbox {
