@@ -7,7 +7,7 @@
 #include <chrono>
 
 #include "bench/saved_report.h"
-#include "evaluation/date_text.h"
+#include "region/date_text.h"
 
 namespace quillbox {
 namespace {

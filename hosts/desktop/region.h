@@ -6,7 +6,7 @@
 #include <optional>
 #include <string>
 
-#include "platform/regional_settings.h"
+#include "region/regional_settings.h"
 
 namespace quillbox {
 

@@ -9,7 +9,7 @@
 
 #include "config/account_list.h"
 #include "config/setting_keys.h"
-#include "platform/regional_settings.h"
+#include "region/regional_settings.h"
 #include "shell/program.h"
 #include "simulated/simulated_host.h"
 #include "state/app_state.h"

@@ -6,9 +6,9 @@
 #include <iostream>
 #include <memory>
 
-#include "evaluation/regions.h"
 #include "quillbox-replay/batch.h"
 #include "quillbox-replay/script/script_run.h"
+#include "region/regional_settings.h"
 
 namespace quillbox {
 namespace {

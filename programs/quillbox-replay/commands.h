@@ -6,7 +6,7 @@
 #include <stdexcept>
 #include <string>
 
-#include "platform/regional_settings.h"
+#include "region/regional_settings.h"
 
 namespace quillbox {
 

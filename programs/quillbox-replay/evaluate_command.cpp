@@ -67,62 +67,55 @@ void CheckFolder(const std::string& folder) {
   if (failure) throw UsageError("can't read the folder " + folder);
 }
 
-void LoadState(AppState& state, const SettingsStore& store) {
-  static_cast<AccountList&>(state) = LoadAccountList(store);
+SoundFileNames LoadSoundFiles(const SettingsStore& store) {
+  SoundFileNames files;
   for (std::size_t i = 0; i < kSounds.size(); ++i) {
     const std::string file = store.ReadSetting(kSounds[i]);
-    state.SoundFiles[i] = file.empty() ? std::string(kNoSound) : file;
+    files[i] = file.empty() ? std::string(kNoSound) : file;
   }
+  return files;
 }
 
-// The report's text if the setting selects it and it is there; tells what was found.
-std::optional<std::string> ReadReport(EvaluationStory& story, std::string_view report,
-                                      const std::string& path) {
-  if (!Selects(story.Input.DataToDownload, report)) return std::nullopt;
-  SystemFiles files;
-  std::optional<std::string> text = files.Read(path);
-  if (!text && files.Exists(path)) throw UsageError("can't read the report " + path);
-  story.Reports.push_back(
-      {std::filesystem::path(path).filename().string(), text.has_value(), text ? text->size() : 0});
-  return text;
+// What became of a report that the setting selects. Throws UsageError when it is there and can't be
+// read.
+ReportFound FoundOf(const std::string& path, const std::optional<std::string>& text) {
+  if (!text && SystemFiles().Exists(path)) throw UsageError("can't read the report " + path);
+  return {std::filesystem::path(path).filename().string(), text.has_value(),
+          text ? text->size() : 0};
 }
 
-// What EvaluateAccountReports reads too; its decision is worked out here once more, to be told.
-void ReadInput(EvaluationStory& story, const SettingsStore& store, const ReportPaths& paths) {
-  const AccountKeys keys(story.Account);
-  EvaluationInput& input = story.Input;
-  input.DataToDownload = store.ReadSetting(kDataToDownload);
-  input.LastDate = store.ReadSetting(kLastDate);
-  input.Use24Hour = store.ReadSetting(kUse24Hour) == kTrue;
-  input.ShowBalloonWhen = store.ReadSetting(kShowBalloonWhen);
-  input.StoredStats = store.ReadSetting(keys.Stats());
-  input.StoredHistory = store.ReadSetting(keys.Impressions());
-  input.Content = ReadReport(story, kDownloadContent, paths.Content);
-  input.Search = ReadReport(story, kDownloadSearch, paths.Search);
-  input.Referral = ReadReport(story, kDownloadReferrals, paths.Referral);
+std::vector<ReportFound> ReportsFound(const EvaluationInput& input, const ReportPaths& paths) {
+  std::vector<ReportFound> found;
+  const auto add = [&](std::string_view report, const std::string& path,
+                       const std::optional<std::string>& text) {
+    if (Selects(input.DataToDownload, report)) found.push_back(FoundOf(path, text));
+  };
+  add(kDownloadContent, paths.Content, input.Content);
+  add(kDownloadSearch, paths.Search, input.Search);
+  add(kDownloadReferrals, paths.Referral, input.Referral);
+  return found;
 }
 
 ReportPaths PathsIn(const std::string& folder) {
-  const ReportPaths names;
-  return {folder + "/" + names.Content, folder + "/" + names.Search, folder + "/" + names.Referral};
+  return {folder + "/Content.dat", folder + "/Search.dat", folder + "/Referral.dat"};
 }
 
 // Runs the job on `settings`, which changes, and tells what came of it.
 EvaluationStory Evaluate(const Job& job, ProfileStore& settings) {
   SystemFiles files;
-  EvaluationHost host(settings, files, job.Region, job.Now);
+  StoreOnSettings store(settings);
   const ReportPaths paths = PathsIn(job.Folder);
-  LoadState(host.State, host.Program.Store);
+  const std::vector<std::string> accounts = LoadAccountList(store.Store).Accounts;
 
   EvaluationStory story;
   story.Account = job.Account;
   story.Region = job.RegionName;
-  const std::vector<std::string>& accounts = host.State.Accounts;
   story.AccountListed = std::find(accounts.begin(), accounts.end(), job.Account) != accounts.end();
-  story.Input.Now = job.Now;
-  ReadInput(story, host.Program.Store, paths);
-  story.Decision = EvaluateReports(story.Input, job.Region);
-  story.Effects = RunEvaluation(host, paths, job.Account);
+  const SoundFileNames sounds = LoadSoundFiles(store.Store);
+  story.Evaluation = EvaluateAndStore({store.Store, files, accounts, sounds, job.Region, job.Now},
+                                      paths, job.Account);
+  StoreLastDate(store.Store, story.Evaluation.Decision);
+  story.Reports = ReportsFound(story.Evaluation.Input, paths);
   return story;
 }
 

@@ -1,20 +1,17 @@
 // Evaluating reports, and the texts made of stored statistics.
 #include <algorithm>
 
-#include "evaluation/evaluate_account_reports.h"
-#include "evaluation/tray_stats.h"
-#include "quillbox-replay/evaluation_run.h"
+#include "evaluation/account_evaluation.h"
 #include "quillbox-replay/memory_stores.h"
 #include "quillbox-replay/operations.h"
 #include "quillbox-replay/request.h"
-#include "tray/tray_menu.h"
 
 namespace quillbox {
 namespace {
 
-std::array<std::string, 6> SoundFilesOf(const Request& request) {
+SoundFileNames SoundFilesOf(const Request& request) {
   std::vector<std::string> texts = request.Texts("soundFiles");
-  std::array<std::string, 6> files;
+  SoundFileNames files;
   if (texts.size() != files.size()) {
     throw RequestError("member \"soundFiles\" must hold six texts");
   }
@@ -37,34 +34,35 @@ MemoryFiles ReportFilesOf(const Request& request, const ReportPaths& paths) {
 }
 
 void Evaluate(const Request& request, JsonWriter& answer) {
-  const ReportPaths paths;
+  const ReportPaths paths{"Content.dat", "Search.dat", "Referral.dat"};
   const RegionalSettings region = RegionOf(request);
-  MemoryStore store = SettingsOf(request);
+  MemoryStore settings = SettingsOf(request);
   MemoryFiles files = ReportFilesOf(request, paths);
-  EvaluationHost host(store, files, region, request.Time("now"));
-  host.State.Accounts = request.Texts("accounts");
-  host.State.SoundFiles = SoundFilesOf(request);
-
-  const EvaluationEffects effects = RunEvaluation(host, paths, request.Text("account"));
+  StoreOnSettings store(settings);
+  const std::chrono::local_seconds now = request.Time("now");
+  const std::vector<std::string> accounts = request.Texts("accounts");
+  const SoundFileNames sounds = SoundFilesOf(request);
+  const Evaluation evaluation = EvaluateAndStore(
+      {store.Store, files, accounts, sounds, region, now}, paths, request.Text("account"));
+  StoreLastDate(store.Store, evaluation.Decision);
   answer.Name("settings");
-  WriteSettings(answer, store);
+  WriteSettings(answer, settings);
   answer.Name("tooltip");
-  answer.TextOrNull(effects.Tooltip);
+  answer.TextOrNull(evaluation.Effects.Tooltip);
   answer.Name("balloon");
-  answer.TextOrNull(effects.Balloon);
+  answer.TextOrNull(evaluation.Effects.Balloon);
   answer.Name("sounds");
-  answer.Texts(effects.Sounds);
+  answer.Texts(evaluation.Effects.Sounds);
 }
 
-void StatsText(const Request& request, JsonWriter& answer) {
+void WriteStatsText(const Request& request, JsonWriter& answer) {
   const RegionalSettings region = RegionOf(request);
-  MemoryStore store = SettingsOf(request);
-  MemoryFiles files;
-  EvaluationHost host(store, files, region, TimeOf(request));
-  host.State.Accounts = request.Texts("accounts");
+  MemoryStore settings = SettingsOf(request);
+  const StoreOnSettings store(settings);
+  const std::vector<std::string> accounts = request.Texts("accounts");
   std::string account = request.Text("account");
   answer.Name("text");
-  answer.Text(BuildStatsText(host.Program, account));
+  answer.Text(BuildStatsText({store.Store, accounts, region, TimeOf(request)}, account));
 }
 
 void WritePopup(JsonWriter& answer, const MenuItem& popup) {
@@ -80,21 +78,20 @@ void WritePopup(JsonWriter& answer, const MenuItem& popup) {
 
 void AccountMenus(const Request& request, JsonWriter& answer) {
   const RegionalSettings region = RegionOf(request);
-  MemoryStore store = SettingsOf(request);
-  MemoryFiles files;
-  EvaluationHost host(store, files, region, TimeOf(request));
-  host.State.Accounts = request.Texts("accounts");
-  BuildTraySubmenus(host.Program);
-  BuildAccountStatsMenus(host.Program);
+  MemoryStore settings = SettingsOf(request);
+  const StoreOnSettings store(settings);
+  const std::vector<std::string> accounts = request.Texts("accounts");
+  Menu menu;
+  InsertStatsPopups(menu, accounts, StoredRecords(store.Store, accounts), region);
   answer.Name("popups");
   answer.BeginArray();
-  for (const MenuItem& popup : AccountsMenu(host.State)) WritePopup(answer, popup);
+  for (const MenuItem& popup : menu) WritePopup(answer, popup);
   answer.EndArray();
 }
 
 constexpr Operation kOperations[] = {
     {"evaluate", Evaluate},
-    {"statsText", StatsText},
+    {"statsText", WriteStatsText},
     {"accountMenus", AccountMenus},
 };
 

@@ -56,7 +56,7 @@ std::string Lines(const std::string& text) {
 
 std::string TellReports(const EvaluationStory& story) {
   std::string words =
-      "Reports that DataToDownload \"" + story.Input.DataToDownload + "\" selects\n";
+      "Reports that DataToDownload \"" + story.Evaluation.Input.DataToDownload + "\" selects\n";
   if (story.Reports.empty()) words += "  none\n";
   for (const ReportFound& report : story.Reports) {
     words += Line(report.Name, report.Read ? std::to_string(report.Size) + " bytes" : "not there");
@@ -72,9 +72,9 @@ std::string TellHistory(const EvaluationDecision& decision) {
 }
 
 std::string TellRecord(const EvaluationStory& story) {
-  const Cells before = StoredFields(story.Input.StoredStats);
-  const Cells after = StoredFields(StoredRecord(story.Decision.Stats));
-  std::string words = story.Decision.GatePassed
+  const Cells before = StoredFields(story.Evaluation.Input.StoredStats);
+  const Cells after = StoredFields(StoredRecord(story.Evaluation.Decision.Stats));
+  std::string words = story.Evaluation.Decision.GatePassed
                           ? "Record, to be stored\n"
                           : "Record, not to be stored: the date isn't new, and neither impressions "
                             "nor clicks rose\n";
@@ -117,13 +117,14 @@ char Printable(char c) {
 
 std::string TellEvaluation(const EvaluationStory& story) {
   std::string words = "Account \"" + story.Account + "\" at " +
-                      DateAndTimeArgument(story.Input.Now) + ", region " + story.Region + "\n";
+                      DateAndTimeArgument(story.Evaluation.Input.Now) + ", region " + story.Region +
+                      "\n";
   if (!story.AccountListed) words += "The settings list no account of this name.\n";
   words += "\n" + TellReports(story);
-  words += "\n" + TellHistory(story.Decision);
+  words += "\n" + TellHistory(story.Evaluation.Decision);
   words += "\n" + TellRecord(story);
-  words += "\n" + TellChanges(story.Decision);
-  words += "\n" + TellEffects(story.Effects);
+  words += "\n" + TellChanges(story.Evaluation.Decision);
+  words += "\n" + TellEffects(story.Evaluation.Effects);
   std::transform(words.begin(), words.end(), words.begin(), Printable);
   return ToUtf8(words);
 }

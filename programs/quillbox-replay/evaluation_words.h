@@ -5,7 +5,6 @@
 #include <vector>
 
 #include "evaluation/account_evaluation.h"
-#include "quillbox-replay/evaluation_run.h"
 
 namespace quillbox {
 
@@ -19,9 +18,7 @@ struct EvaluationStory {
   std::string Account;  // code page
   std::string Region;
   bool AccountListed = false;  // in the settings' account list
-  EvaluationInput Input;
-  EvaluationDecision Decision;
-  EvaluationEffects Effects;
+  quillbox::Evaluation Evaluation;
   std::vector<ReportFound> Reports;  // those that DataToDownload selects
 };
 

@@ -1,8 +1,8 @@
 // What the program asks of the fetch program and the browser, and what it makes of the answers.
 #include "config/setting_keys.h"
-#include "evaluation/date_text.h"
 #include "quillbox-replay/operations.h"
 #include "quillbox-replay/request.h"
+#include "region/date_text.h"
 #include "reports/report_data.h"
 #include "reports/report_page.h"
 #include "reports/report_request.h"

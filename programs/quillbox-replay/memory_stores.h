@@ -7,6 +7,7 @@
 #include <string_view>
 #include <utility>
 
+#include "config/settings_store.h"
 #include "platform/files.h"
 #include "platform/per_user_store.h"
 
@@ -79,6 +80,21 @@ class MemoryFiles final : public Files {
 
  private:
   std::map<std::string, std::string_view> files_;
+};
+
+// The program's way to settings, on `settings` alone, which must outlive it.
+struct StoreOnSettings {
+  explicit StoreOnSettings(PerUserStore& settings) : Store(settings, files_, folder_, noProfile_) {}
+  StoreOnSettings(const StoreOnSettings&) = delete;
+  StoreOnSettings& operator=(const StoreOnSettings&) = delete;
+
+ private:
+  MemoryFiles files_;  // none
+  const ApplicationFolder folder_{"", "", '/'};
+  const std::string noProfile_;
+
+ public:
+  SettingsStore Store;
 };
 
 }  // namespace quillbox

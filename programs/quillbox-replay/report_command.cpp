@@ -3,10 +3,10 @@
 #include <memory>
 
 #include "config/atomic_write.h"
-#include "evaluation/date_text.h"
-#include "evaluation/report_cells.h"
+#include "evaluation/report_row.h"
 #include "quillbox-replay/commands.h"
 #include "quillbox-replay/request.h"
+#include "region/date_text.h"
 #include "reports/report_data.h"
 #include "reports/report_page.h"
 #include "system/system_files.h"

@@ -4,8 +4,8 @@
 #include <array>
 #include <charconv>
 
-#include "evaluation/regions.h"
 #include "quillbox-replay/formats/iso_time.h"
+#include "region/regional_settings.h"
 #include "system/system_surroundings.h"
 
 namespace quillbox {

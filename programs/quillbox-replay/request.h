@@ -8,10 +8,10 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/regional_settings.h"
 #include "quillbox-replay/formats/json_reader.h"
 #include "quillbox-replay/formats/json_writer.h"
 #include "quillbox-replay/memory_stores.h"
+#include "region/regional_settings.h"
 
 namespace quillbox {
 

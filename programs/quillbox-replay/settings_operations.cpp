@@ -6,7 +6,6 @@
 
 #include "config/account_list.h"
 #include "config/profile_file.h"
-#include "quillbox-replay/evaluation_run.h"
 #include "quillbox-replay/memory_stores.h"
 #include "quillbox-replay/operations.h"
 #include "quillbox-replay/request.h"
@@ -54,11 +53,8 @@ TemporaryFile::~TemporaryFile() {
 }
 
 void AccountListOf(const Request& request, JsonWriter& answer) {
-  MemoryStore store = SettingsOf(request);
-  MemoryFiles files;
-  const ApplicationFolder folder("", "", '/');
-  const std::string perUser;
-  const AccountList list = LoadAccountList(SettingsStore(store, files, folder, perUser));
+  MemoryStore settings = SettingsOf(request);
+  const AccountList list = LoadAccountList(StoreOnSettings(settings).Store);
   answer.Name("accounts");
   answer.Texts(list.Accounts);
   answer.Name("usernames");

@@ -4,8 +4,8 @@
 #include <string>
 
 #include "config/setting_keys.h"
-#include "evaluation/conversions.h"
-#include "evaluation/failure_rule.h"
+#include "region/conversions.h"
+#include "region/failure_rule.h"
 
 namespace quillbox {
 namespace {

@@ -6,8 +6,7 @@
 #include <string_view>
 
 #include "evaluation/account_stats.h"
-#include "evaluation/cells.h"
-#include "platform/regional_settings.h"
+#include "region/regional_settings.h"
 
 namespace quillbox {
 

@@ -1,4 +1,5 @@
-// The cells that count of a downloaded report: those of its last three lines.
+// The cells of a downloaded report that count: those of its last three lines. Cells are read by
+// position, without knowing the region that wrote them.
 #pragma once
 
 #include <cstddef>
@@ -6,8 +7,8 @@
 #include <string>
 #include <string_view>
 
-#include "evaluation/cells.h"
-#include "platform/regional_settings.h"
+#include "evaluation/account_stats.h"
+#include "region/regional_settings.h"
 
 namespace quillbox {
 
@@ -43,5 +44,28 @@ std::string_view TailOfReport(std::string_view text);
 // cells.
 ReportRow ReadReportRow(const std::optional<std::string>& text, const RowLayout& layout,
                         std::string_view placeholder, const RegionalSettings& region);
+
+// Single cells.
+
+// Puts the region's decimal separator in the place of the first character that isn't a digit:
+// "0.97%" stays or becomes "0,97%", "0%" becomes "0." or "0,".
+void FixPercentCell(std::string& cell, const RegionalSettings& region);
+
+// If the third character from the end isn't a digit, it becomes the region's decimal separator, and
+// every character before it that isn't a digit the group separator, a leading "$" or "-" too. A
+// cell of fewer than three characters stays as it is.
+void FixMoneyCell(std::string& cell, const RegionalSettings& region);
+
+// The same with "." and "," in every region, and without percent signs. Throws ConversionFailed on
+// fewer than three characters.
+std::string NormalizeReportCell(std::string_view cell);
+
+// The region's decimal mark and its group mark, each one character, as seen in 1000.5 written with
+// two decimals: a region without groups gives "0" for the comma.
+std::string PeriodCharacter(const RegionalSettings& region);
+std::string CommaCharacter(const RegionalSettings& region);
+
+// The plain blanks, digits, commas and points of the text, without blanks at either end.
+std::string KeepNumberChars(std::string_view text);
 
 }  // namespace quillbox

@@ -7,10 +7,6 @@
 
 namespace quillbox {
 
-// The tooltip's text for the account; an empty name is replaced, in the caller's variable too, by
-// the primary account. Empty when there is still no name. Lines end in CR LF, but the last.
-std::string BuildStatsText(const ProgramContext& program, std::string& account);
-
 // Puts the account's text into the tooltip if a record is stored for it.
 void UpdateTrayStats(const ProgramContext& program, const std::string& account);
 

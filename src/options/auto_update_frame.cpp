@@ -1,7 +1,7 @@
 #include "options/auto_update_frame.h"
 
-#include "evaluation/failure_rule.h"
 #include "options/stored_field.h"
+#include "region/failure_rule.h"
 
 namespace quillbox {
 

@@ -1,9 +1,9 @@
 #include "options/opts.h"
 
-#include "evaluation/failure_rule.h"
 #include "platform/address_opener.h"
 #include "platform/forms.h"
 #include "platform/host.h"
+#include "region/failure_rule.h"
 
 namespace quillbox {
 namespace {

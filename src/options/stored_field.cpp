@@ -1,6 +1,6 @@
 #include "options/stored_field.h"
 
-#include "evaluation/failure_rule.h"
+#include "region/failure_rule.h"
 
 namespace quillbox {
 

@@ -1,8 +1,8 @@
 #include "reports/fetch_report.h"
 
-#include "evaluation/conversions.h"
-#include "evaluation/failure_rule.h"
 #include "platform/files.h"
+#include "region/conversions.h"
+#include "region/failure_rule.h"
 #include "retrieval/fetch_agent.h"
 
 namespace quillbox {

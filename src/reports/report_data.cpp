@@ -3,9 +3,9 @@
 #include <chrono>
 #include <string_view>
 
-#include "evaluation/date_text.h"
-#include "evaluation/failure_rule.h"
-#include "evaluation/report_cells.h"
+#include "evaluation/report_row.h"
+#include "region/date_text.h"
+#include "region/failure_rule.h"
 #include "reports/channel_list.h"
 #include "text/code_page.h"
 

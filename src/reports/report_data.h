@@ -4,7 +4,7 @@
 #include <optional>
 #include <string>
 
-#include "platform/regional_settings.h"
+#include "region/regional_settings.h"
 #include "reports/report_titles.h"
 
 namespace quillbox {

@@ -3,13 +3,13 @@
 #include <utility>
 
 #include "config/atomic_write.h"
-#include "evaluation/date_text.h"
-#include "evaluation/report_cells.h"
+#include "evaluation/report_row.h"
 #include "platform/clock.h"
 #include "platform/event_pump.h"
 #include "platform/forms.h"
 #include "platform/host.h"
 #include "platform/report_browser.h"
+#include "region/date_text.h"
 #include "reports/page_files.h"
 #include "reports/report_page.h"
 #include "reports/report_titles.h"

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "config/setting_keys.h"
-#include "evaluation/evaluate_account_reports.h"
+#include "evaluation/account_evaluation.h"
 #include "evaluation/tray_stats.h"
 #include "platform/files.h"
 #include "platform/message_boxes.h"
@@ -85,9 +85,10 @@ std::optional<std::string> NameNow(const AppState& state, const Turn& turn) {
 void EvaluateTurn(const ProgramContext& program, const Turn& turn) {
   const std::optional<std::string> name = NameNow(program.State, turn);
   if (!name) return;
-  EvaluateAccountReports(program, ReportFilesOf(Report::kContent, program.Folder).Data,
-                         ReportFilesOf(Report::kSearch, program.Folder).Data,
-                         ReportFilesOf(Report::kReferral, program.Folder).Data, *name);
+  const auto dataOf = [&](Report report) { return ReportFilesOf(report, program.Folder).Data; };
+  EvaluateAccountReports(
+      program, {dataOf(Report::kContent), dataOf(Report::kSearch), dataOf(Report::kReferral)},
+      *name);
 }
 
 void FinishTurn(const ProgramContext& program, Cycle& cycle, const Turn& turn) {

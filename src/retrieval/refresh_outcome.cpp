@@ -1,6 +1,6 @@
 #include "retrieval/refresh_outcome.h"
 
-#include "evaluation/conversions.h"
+#include "region/conversions.h"
 
 namespace quillbox {
 namespace {

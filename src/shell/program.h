@@ -5,7 +5,7 @@
 #include "config/settings_store.h"
 #include "platform/host.h"
 #include "platform/host_events.h"
-#include "platform/regional_settings.h"
+#include "region/regional_settings.h"
 #include "shell/form1.h"
 #include "state/app_state.h"
 #include "state/program_context.h"

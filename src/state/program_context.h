@@ -6,7 +6,7 @@
 #include "config/application_folder.h"
 #include "config/settings_store.h"
 #include "platform/host.h"
-#include "platform/regional_settings.h"
+#include "region/regional_settings.h"
 #include "state/app_state.h"
 
 namespace quillbox {

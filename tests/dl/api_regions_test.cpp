@@ -3,10 +3,10 @@
 
 #include "api/day_range.h"
 #include "api/figure_cells.h"
-#include "evaluation/conversions.h"
-#include "evaluation/date_text.h"
-#include "evaluation/regions.h"
-#include "evaluation/report_cells.h"
+#include "evaluation/report_row.h"
+#include "region/conversions.h"
+#include "region/date_text.h"
+#include "region/regional_settings.h"
 
 namespace quillbox {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "test_region.h"
+#include "region/test_region.h"
 
 namespace quillbox {
 namespace {

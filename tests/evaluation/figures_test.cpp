@@ -3,9 +3,8 @@
 
 #include "evaluation/account_stats.h"
 #include "evaluation/figures.h"
-#include "evaluation/impression_history.h"
 #include "evaluation/report_row.h"
-#include "test_region.h"
+#include "region/test_region.h"
 #include "text/text_list.h"
 
 namespace quillbox {

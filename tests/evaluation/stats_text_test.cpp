@@ -4,9 +4,8 @@
 #include <gmock/gmock.h>
 
 #include "evaluation/tray_stats.h"
+#include "region/test_region.h"
 #include "simulated/context_on_state.h"
-#include "test_region.h"
-#include "tray/tray_menu.h"
 
 namespace quillbox {
 namespace {
@@ -91,10 +90,11 @@ TEST(StatsPopupItems, AreThereForAWholeRecordAlone) {
   }
 }
 
-TEST(AccountStatsPopups, StandInReverseOrderBelowTheFirst) {
+TEST(InsertStatsPopups, InReverseOrderBelowTheFirst) {
   const std::vector<std::string> accounts = {"one", "two", "three"};
   const std::vector<std::string> records = {kFirst, "", kSecond};
-  const Menu menu = AccountStatsPopups(accounts, records, Region("en-US"));
+  Menu menu;
+  InsertStatsPopups(menu, accounts, records, Region("en-US"));
   ASSERT_EQ(menu.size(), 3u);
   EXPECT_EQ(menu[0].Caption + menu[1].Caption + menu[2].Caption, "onethreetwo");
   EXPECT_TRUE(menu[2].Submenu);
@@ -125,7 +125,8 @@ TEST_F(TrayStats, AreOfThePrimaryAccountForAnEmptyNameAndOfAllWhenAllAreDisplaye
     ShowAll(c.displayAll);
     host_.Store.Put("AdSense", "PrimaryAccount", c.primary);
     std::string account = c.account;
-    EXPECT_EQ(BuildStatsText(program_, account), c.text) << c.displayAll << " " << c.account;
+    EXPECT_EQ(BuildStatsText({store_, state_.Accounts, region_, {}}, account), c.text)
+        << c.displayAll << " " << c.account;
     EXPECT_EQ(account, *c.account == '\0' ? c.primary : c.account) << c.account;
   }
 }

@@ -1,7 +1,7 @@
 // Any report under any title: its texts have the shape that the page takes apart, and the channel
 // list is what its definition gives.
-#include "evaluation/regions.h"
 #include "fuzz/fuzz_input.h"
+#include "region/regional_settings.h"
 #include "reports/channel_list.h"
 #include "reports/report_data.h"
 #include "reports/report_page.h"

@@ -2,9 +2,9 @@
 #include <array>
 
 #include "evaluation/account_evaluation.h"
-#include "evaluation/regions.h"
 #include "evaluation/stats_text.h"
 #include "fuzz/fuzz_input.h"
+#include "region/regional_settings.h"
 #include "text/text_list.h"
 
 namespace quillbox {

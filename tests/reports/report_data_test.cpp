@@ -4,7 +4,7 @@
 
 #include <random>
 
-#include "evaluation/regions.h"
+#include "region/regional_settings.h"
 #include "reports/channel_list.h"
 #include "text/text_list.h"
 

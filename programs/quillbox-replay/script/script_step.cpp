@@ -4,10 +4,10 @@
 #include <utility>
 #include <vector>
 
-#include "evaluation/regions.h"
 #include "quillbox-replay/script/script_members.h"
 #include "quillbox-replay/script/script_person.h"
 #include "quillbox-replay/script/script_trace.h"
+#include "region/regional_settings.h"
 #include "simulated/simulated_forms.h"
 #include "text/code_page.h"
 

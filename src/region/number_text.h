@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/regional_settings.h"
+#include "region/regional_settings.h"
 
 namespace quillbox {
 

@@ -4,8 +4,8 @@
 #include <cstdint>
 #include <string_view>
 
-#include "evaluation/exact_decimal.h"
-#include "platform/regional_settings.h"
+#include "region/exact_decimal.h"
+#include "region/regional_settings.h"
 
 namespace quillbox {
 

@@ -1,5 +1,5 @@
 // Exact numbers, and numbers as texts.
-#include "evaluation/number_text.h"
+#include "region/number_text.h"
 
 #include <gtest/gtest.h>
 
@@ -7,8 +7,8 @@
 #include <limits>
 #include <stdexcept>
 
-#include "evaluation/exact_decimal.h"
-#include "test_region.h"
+#include "region/exact_decimal.h"
+#include "region/test_region.h"
 
 namespace quillbox {
 namespace {

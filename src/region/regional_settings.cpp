@@ -1,4 +1,4 @@
-#include "evaluation/regions.h"
+#include "region/regional_settings.h"
 
 namespace quillbox {
 namespace {

@@ -1,11 +1,11 @@
-#include "evaluation/date_text.h"
+#include "region/date_text.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
 #include <vector>
 
-#include "test_region.h"
+#include "region/test_region.h"
 
 namespace quillbox {
 namespace {

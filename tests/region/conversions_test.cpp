@@ -1,4 +1,4 @@
-#include "evaluation/conversions.h"
+#include "region/conversions.h"
 
 #include <gtest/gtest.h>
 
@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "test_region.h"
+#include "region/test_region.h"
 
 namespace quillbox {
 namespace {

@@ -2,10 +2,9 @@
 #include <gmock/gmock.h>
 
 #include "evaluation/account_evaluation.h"
-#include "evaluation/evaluate_account_reports.h"
+#include "region/test_region.h"
 #include "sample_reports.h"
 #include "simulated/context_on_state.h"
-#include "test_region.h"
 
 namespace quillbox {
 namespace {
@@ -81,7 +80,7 @@ struct Evaluation : ContextOnState {
   // What it did to the host.
   std::vector<std::string> Run(const std::string& account = "one") {
     host_.Effects.Clear();
-    EvaluateAccountReports(program_, "/c", "/s", "/r", account);
+    EvaluateAccountReports(program_, {"/c", "/s", "/r"}, account);
     return host_.Trace({"store", "tip", "balloon", "sound"});
   }
 };

@@ -1,10 +1,10 @@
-#include "evaluation/number_text.h"
+#include "region/number_text.h"
 
 #include <algorithm>
 
-#include "evaluation/conversions.h"
-#include "evaluation/exact_decimal.h"
-#include "evaluation/failure_rule.h"
+#include "region/conversions.h"
+#include "region/exact_decimal.h"
+#include "region/failure_rule.h"
 
 namespace quillbox {
 namespace {

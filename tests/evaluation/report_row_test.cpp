@@ -1,9 +1,8 @@
 // A report's rows, and their cells.
 #include <gtest/gtest.h>
 
-#include "evaluation/report_cells.h"
 #include "evaluation/report_row.h"
-#include "test_region.h"
+#include "region/test_region.h"
 
 namespace quillbox {
 namespace {

@@ -4,8 +4,8 @@
 #include <map>
 #include <string>
 
-#include "evaluation/failure_rule.h"
-#include "evaluation/regions.h"
+#include "region/failure_rule.h"
+#include "region/regional_settings.h"
 
 namespace quillbox {
 

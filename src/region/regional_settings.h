@@ -2,7 +2,9 @@
 #pragma once
 
 #include <array>
+#include <optional>
 #include <string>
+#include <string_view>
 
 namespace quillbox {
 
@@ -28,5 +30,9 @@ struct RegionalSettings {
   std::array<std::string, 12> MonthsShort = {"Jan", "Feb", "Mar", "Apr", "May", "Jun",
                                              "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
 };
+
+// The built-in settings of a region, by name: en-US, en-GB, de-DE, fr-FR, de-CH, sv-SE, pt-BR.
+// Nothing for any other name. The value is built anew at each call: keep it.
+std::optional<RegionalSettings> BuiltInRegion(std::string_view name);
 
 }  // namespace quillbox

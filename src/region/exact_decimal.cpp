@@ -1,4 +1,4 @@
-#include "evaluation/exact_decimal.h"
+#include "region/exact_decimal.h"
 
 #include <array>
 #include <charconv>
@@ -6,7 +6,7 @@
 #include <limits>
 #include <system_error>
 
-#include "evaluation/failure_rule.h"
+#include "region/failure_rule.h"
 
 namespace quillbox {
 namespace {
