@@ -2,7 +2,7 @@
 #pragma once
 
 #include "config/application_folder.h"
-#include "platform/files.h"
+#include "platform/storage.h"
 
 namespace quillbox {
 

@@ -8,7 +8,7 @@
 #include <utility>
 #include <vector>
 
-#include "platform/grant_asker.h"
+#include "platform/agents.h"
 
 namespace quillbox {
 

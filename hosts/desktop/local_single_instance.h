@@ -4,8 +4,8 @@
 #include <QSocketNotifier>
 #include <memory>
 
-#include "platform/host_events.h"
-#include "platform/single_instance.h"
+#include "platform/host.h"
+#include "platform/process.h"
 #include "system/instance_gate.h"
 
 namespace quillbox {

@@ -6,7 +6,7 @@
 #include <QString>
 
 #include "config/application_folder.h"
-#include "platform/address_opener.h"
+#include "platform/surroundings.h"
 
 namespace quillbox {
 

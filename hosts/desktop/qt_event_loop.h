@@ -4,9 +4,8 @@
 #include <functional>
 #include <utility>
 
-#include "platform/event_pump.h"
-#include "platform/program_exit.h"
-#include "platform/timers.h"
+#include "platform/process.h"
+#include "platform/timing.h"
 
 namespace quillbox {
 

@@ -4,7 +4,7 @@
 #include <chrono>
 #include <optional>
 
-#include "platform/host_events.h"
+#include "platform/host.h"
 
 namespace quillbox {
 

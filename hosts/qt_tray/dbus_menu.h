@@ -8,7 +8,7 @@
 #include <optional>
 #include <vector>
 
-#include "platform/menu.h"
+#include "platform/tray.h"
 
 namespace quillbox {
 

@@ -3,7 +3,7 @@
 
 #include <QPoint>
 
-#include "platform/cursor.h"
+#include "platform/tooltip_window.h"
 #include "qt_tray/qt_tray_host.h"
 
 namespace quillbox {

@@ -6,8 +6,8 @@
 #include <optional>
 #include <string>
 
-#include "platform/host_events.h"
-#include "platform/tray_host.h"
+#include "platform/host.h"
+#include "platform/tray.h"
 #include "qt_tray/balloon_window.h"
 #include "qt_tray/dbus_menu.h"
 #include "qt_tray/no_tray_notice.h"

@@ -1,8 +1,8 @@
 // The tray menu as a popup of our own, for trays that leave the menu to the program.
 #pragma once
 
-#include "platform/host_events.h"
-#include "platform/tray_menu_host.h"
+#include "platform/host.h"
+#include "platform/tray.h"
 
 namespace quillbox {
 

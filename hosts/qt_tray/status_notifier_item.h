@@ -7,7 +7,7 @@
 #include <QString>
 #include <functional>
 
-#include "platform/host_events.h"
+#include "platform/host.h"
 #include "qt_tray/activations.h"
 
 namespace quillbox {

@@ -4,7 +4,7 @@
 #include <QMenu>
 #include <functional>
 
-#include "platform/menu.h"
+#include "platform/tray.h"
 
 namespace quillbox {
 

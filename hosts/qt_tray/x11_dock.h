@@ -8,7 +8,7 @@
 #include <functional>
 #include <optional>
 
-#include "platform/host_events.h"
+#include "platform/host.h"
 
 namespace quillbox {
 

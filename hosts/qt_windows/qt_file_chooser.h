@@ -1,7 +1,7 @@
 // The desktop's own dialog for choosing a file.
 #pragma once
 
-#include "platform/file_chooser.h"
+#include "platform/forms.h"
 
 namespace quillbox {
 

@@ -1,7 +1,7 @@
 // Message boxes in the look of the person's desktop.
 #pragma once
 
-#include "platform/message_boxes.h"
+#include "platform/forms.h"
 
 namespace quillbox {
 

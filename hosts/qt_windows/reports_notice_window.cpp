@@ -3,7 +3,7 @@
 #include <QFile>
 #include <utility>
 
-#include "platform/address_opener.h"
+#include "platform/surroundings.h"
 #include "qt_base/unicode_text.h"
 #include "qt_windows/choice_panel.h"
 #include "qt_windows/close_watcher.h"

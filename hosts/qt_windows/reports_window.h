@@ -5,7 +5,7 @@
 #include <memory>
 #include <string>
 
-#include "platform/report_browser.h"
+#include "platform/forms.h"
 
 namespace quillbox {
 

@@ -12,7 +12,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/agent_runner.h"
+#include "platform/agents.h"
 #include "simulated/simulated_files.h"
 #include "simulated/simulated_trace.h"
 

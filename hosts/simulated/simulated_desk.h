@@ -8,15 +8,9 @@
 #include <string>
 #include <vector>
 
-#include "platform/address_opener.h"
-#include "platform/cursor.h"
-#include "platform/environment.h"
-#include "platform/network_state.h"
-#include "platform/program_exit.h"
-#include "platform/report_browser.h"
-#include "platform/single_instance.h"
-#include "platform/sounds.h"
-#include "platform/start_up_entry.h"
+#include "platform/forms.h"
+#include "platform/process.h"
+#include "platform/surroundings.h"
 #include "platform/tooltip_window.h"
 #include "simulated/simulated_time.h"
 #include "simulated/simulated_trace.h"

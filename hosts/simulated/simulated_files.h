@@ -12,7 +12,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/files.h"
+#include "platform/storage.h"
 #include "simulated/simulated_trace.h"
 
 namespace quillbox {

@@ -10,7 +10,6 @@
 #include <vector>
 
 #include "platform/host.h"
-#include "platform/host_events.h"
 #include "simulated/simulated_agents.h"
 #include "simulated/simulated_desk.h"
 #include "simulated/simulated_files.h"

@@ -12,9 +12,8 @@
 #include <utility>
 #include <vector>
 
-#include "platform/file_chooser.h"
-#include "platform/grant_asker.h"
-#include "platform/message_boxes.h"
+#include "platform/agents.h"
+#include "platform/forms.h"
 #include "simulated/simulated_time.h"
 #include "simulated/simulated_trace.h"
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/per_user_store.h"
+#include "platform/storage.h"
 #include "simulated/simulated_trace.h"
 #include "text/code_page.h"
 

@@ -9,9 +9,7 @@
 #include <memory>
 #include <vector>
 
-#include "platform/clock.h"
-#include "platform/event_pump.h"
-#include "platform/timers.h"
+#include "platform/timing.h"
 
 namespace quillbox {
 

@@ -8,8 +8,7 @@
 #include <string>
 #include <utility>
 
-#include "platform/tray_host.h"
-#include "platform/tray_menu_host.h"
+#include "platform/tray.h"
 #include "simulated/simulated_time.h"
 #include "simulated/simulated_trace.h"
 

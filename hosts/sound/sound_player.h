@@ -5,8 +5,8 @@
 #include <string>
 
 #include "config/application_folder.h"
-#include "platform/files.h"
-#include "platform/sounds.h"
+#include "platform/storage.h"
+#include "platform/surroundings.h"
 #include "system/agent_processes.h"
 
 namespace quillbox {

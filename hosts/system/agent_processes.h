@@ -6,7 +6,7 @@
 
 #include <sys/types.h>
 
-#include "platform/agent_runner.h"
+#include "platform/agents.h"
 
 namespace quillbox {
 

@@ -5,8 +5,8 @@
 #include <string_view>
 
 #include "config/application_folder.h"
-#include "platform/files.h"
-#include "platform/start_up_entry.h"
+#include "platform/process.h"
+#include "platform/storage.h"
 
 namespace quillbox {
 

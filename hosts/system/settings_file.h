@@ -7,8 +7,7 @@
 #include <string>
 #include <tuple>
 
-#include "platform/files.h"
-#include "platform/per_user_store.h"
+#include "platform/storage.h"
 #include "system/settings_text.h"
 
 namespace quillbox {

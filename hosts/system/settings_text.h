@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/per_user_store.h"
+#include "platform/storage.h"
 #include "text/code_page.h"
 
 namespace quillbox {

@@ -1,9 +1,9 @@
 // What surrounds the program on the machine: its clocks, the environment, the network.
 #pragma once
 
-#include "platform/clock.h"
-#include "platform/environment.h"
-#include "platform/network_state.h"
+#include "platform/process.h"
+#include "platform/surroundings.h"
+#include "platform/timing.h"
 
 namespace quillbox {
 

@@ -8,8 +8,7 @@
 #include <utility>
 
 #include "config/settings_store.h"
-#include "platform/files.h"
-#include "platform/per_user_store.h"
+#include "platform/storage.h"
 
 namespace quillbox {
 

@@ -9,7 +9,7 @@
 #include "desktop/application_folders.h"
 #include "desktop/desktop_host.h"
 #include "desktop/region.h"
-#include "platform/single_instance.h"
+#include "platform/process.h"
 #include "qt_base/icon_picture.h"
 #include "qt_base/window_system.h"
 #include "shell/program.h"

@@ -3,8 +3,8 @@
 
 #include <string>
 
-#include "platform/address_opener.h"
 #include "platform/forms.h"
+#include "platform/surroundings.h"
 #include "state/program_context.h"
 
 namespace quillbox {

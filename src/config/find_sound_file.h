@@ -5,7 +5,7 @@
 #include <string>
 
 #include "config/application_folder.h"
-#include "platform/files.h"
+#include "platform/storage.h"
 
 namespace quillbox {
 

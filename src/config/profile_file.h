@@ -5,8 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/files.h"
-#include "platform/per_user_store.h"
+#include "platform/storage.h"
 
 namespace quillbox {
 

@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "config/application_folder.h"
-#include "platform/files.h"
+#include "platform/storage.h"
 
 namespace quillbox {
 

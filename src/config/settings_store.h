@@ -8,9 +8,8 @@
 
 #include "config/application_folder.h"
 #include "config/setting_keys.h"
-#include "platform/environment.h"
-#include "platform/files.h"
-#include "platform/per_user_store.h"
+#include "platform/process.h"
+#include "platform/storage.h"
 
 namespace quillbox {
 

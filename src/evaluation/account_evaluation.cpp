@@ -4,9 +4,9 @@
 
 #include "evaluation/figures.h"
 #include "evaluation/report_row.h"
-#include "platform/clock.h"
-#include "platform/files.h"
-#include "platform/sounds.h"
+#include "platform/storage.h"
+#include "platform/surroundings.h"
+#include "platform/timing.h"
 #include "region/date_text.h"
 #include "region/failure_rule.h"
 #include "state/program_context.h"

@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "config/settings_store.h"
-#include "platform/menu.h"
+#include "platform/tray.h"
 #include "region/regional_settings.h"
 
 namespace quillbox {

@@ -1,7 +1,7 @@
 #include "evaluation/tray_stats.h"
 
 #include "evaluation/stats_text.h"
-#include "platform/clock.h"
+#include "platform/timing.h"
 #include "tray/tray_icon.h"
 #include "tray/tray_menu.h"
 

@@ -7,7 +7,6 @@
 #include "options/ad_sense_frame.h"
 #include "options/entry_message.h"
 #include "platform/forms.h"
-#include "platform/message_boxes.h"
 #include "retrieval/fetch_agent.h"
 #include "text/code_page.h"
 

@@ -10,8 +10,8 @@
 #include "forms/button.h"
 #include "forms/note_field.h"
 #include "forms/text_field.h"
-#include "platform/grant_asker.h"
-#include "platform/timers.h"
+#include "platform/agents.h"
+#include "platform/timing.h"
 #include "state/program_context.h"
 
 namespace quillbox {

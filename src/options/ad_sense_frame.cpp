@@ -6,7 +6,7 @@
 #include "config/account_list.h"
 #include "config/setting_keys.h"
 #include "evaluation/tray_stats.h"
-#include "platform/message_boxes.h"
+#include "platform/forms.h"
 
 namespace quillbox {
 namespace {

@@ -2,7 +2,7 @@
 
 #include "options/stored_field.h"
 #include "platform/host.h"
-#include "platform/start_up_entry.h"
+#include "platform/process.h"
 
 namespace quillbox {
 

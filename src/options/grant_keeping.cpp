@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "platform/grant_asker.h"
+#include "platform/agents.h"
 #include "retrieval/fetch_agent.h"
 #include "text/grant_name.h"
 

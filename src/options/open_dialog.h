@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/file_chooser.h"
+#include "platform/forms.h"
 
 namespace quillbox {
 

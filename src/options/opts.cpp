@@ -1,8 +1,8 @@
 #include "options/opts.h"
 
-#include "platform/address_opener.h"
 #include "platform/forms.h"
 #include "platform/host.h"
+#include "platform/surroundings.h"
 #include "region/failure_rule.h"
 
 namespace quillbox {

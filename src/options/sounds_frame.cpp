@@ -5,9 +5,9 @@
 
 #include "config/find_sound_file.h"
 #include "options/stored_field.h"
-#include "platform/files.h"
 #include "platform/host.h"
-#include "platform/sounds.h"
+#include "platform/storage.h"
+#include "platform/surroundings.h"
 #include "text/code_page.h"
 
 namespace quillbox {

@@ -2,7 +2,7 @@
 
 #include "options/stored_field.h"
 #include "platform/host.h"
-#include "platform/tray_host.h"
+#include "platform/tray.h"
 #include "tray/tray_icon.h"
 
 namespace quillbox {

@@ -1,4 +1,5 @@
-// The small window beside the tray: measuring its texts, showing it, closing it.
+// The small window beside the tray: measuring its texts, showing it, closing it; and the mouse
+// cursor, over which it appears.
 #pragma once
 
 #include <cstdint>
@@ -7,9 +8,21 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/pixel_geometry.h"
-
 namespace quillbox {
+
+// Places and sizes on a screen, in pixels.
+struct PixelPoint {
+  int X = 0, Y = 0;
+  bool operator==(const PixelPoint&) const = default;
+};
+
+struct PixelRect {
+  int Left = 0, Top = 0, Right = 0, Bottom = 0;
+};
+
+struct PixelSize {
+  double Width = 0, Height = 0;
+};
 
 struct TextSize {  // in twips
   double Width = 0;
@@ -59,6 +72,15 @@ class TooltipWindow {
 
   // Throws the window away.
   virtual void Close() = 0;
+};
+
+// The mouse cursor.
+class Cursor {
+ public:
+  virtual ~Cursor() = default;
+
+  // Where it stands now, in pixels of the whole desktop.
+  virtual PixelPoint Position() = 0;
 };
 
 }  // namespace quillbox

@@ -1,6 +1,6 @@
 #include "reports/fetch_report.h"
 
-#include "platform/files.h"
+#include "platform/storage.h"
 #include "region/conversions.h"
 #include "region/failure_rule.h"
 #include "retrieval/fetch_agent.h"

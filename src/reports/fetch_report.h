@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <optional>
 
-#include "platform/agent_runner.h"
+#include "platform/agents.h"
 #include "reports/report_request.h"
 #include "state/program_context.h"
 

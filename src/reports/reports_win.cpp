@@ -4,11 +4,9 @@
 
 #include "config/atomic_write.h"
 #include "evaluation/report_row.h"
-#include "platform/clock.h"
-#include "platform/event_pump.h"
 #include "platform/forms.h"
 #include "platform/host.h"
-#include "platform/report_browser.h"
+#include "platform/timing.h"
 #include "region/date_text.h"
 #include "reports/page_files.h"
 #include "reports/report_page.h"

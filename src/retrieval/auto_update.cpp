@@ -1,7 +1,7 @@
 #include "retrieval/auto_update.h"
 
 #include "config/setting_keys.h"
-#include "platform/network_state.h"
+#include "platform/surroundings.h"
 #include "retrieval/refresh_cycle.h"
 #include "retrieval/update_schedule.h"
 

@@ -2,9 +2,8 @@
 
 #include <algorithm>
 
-#include "platform/clock.h"
-#include "platform/event_pump.h"
-#include "platform/files.h"
+#include "platform/storage.h"
+#include "platform/timing.h"
 #include "text/code_page.h"
 #include "text/escaping.h"
 

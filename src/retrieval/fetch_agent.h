@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "platform/agent_runner.h"
+#include "platform/agents.h"
 #include "platform/host.h"
 #include "state/program_context.h"
 

@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "config/setting_keys.h"
-#include "platform/address_opener.h"
-#include "platform/message_boxes.h"
+#include "platform/forms.h"
+#include "platform/surroundings.h"
 #include "retrieval/sign_in_address.h"
 #include "text/grant_name.h"
 

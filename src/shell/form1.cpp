@@ -4,9 +4,8 @@
 
 #include "config/setting_keys.h"
 #include "evaluation/tray_stats.h"
-#include "platform/event_pump.h"
-#include "platform/tray_host.h"
-#include "platform/tray_menu_host.h"
+#include "platform/timing.h"
+#include "platform/tray.h"
 #include "retrieval/refresh_cycle.h"
 #include "tray/tray_icon.h"
 #include "update/version_check.h"

@@ -1,7 +1,7 @@
 // What the items of the tray menu and the tray actions do.
 #include "config/setting_keys.h"
 #include "platform/forms.h"
-#include "platform/program_exit.h"
+#include "platform/process.h"
 #include "retrieval/open_account.h"
 #include "retrieval/refresh_cycle.h"
 #include "shell/form1.h"

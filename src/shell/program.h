@@ -4,7 +4,6 @@
 #include "config/application_folder.h"
 #include "config/settings_store.h"
 #include "platform/host.h"
-#include "platform/host_events.h"
 #include "region/regional_settings.h"
 #include "shell/form1.h"
 #include "state/app_state.h"

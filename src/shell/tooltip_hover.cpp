@@ -3,7 +3,6 @@
 #include <chrono>
 
 #include "config/program_files.h"
-#include "platform/cursor.h"
 #include "platform/tooltip_window.h"
 #include "tooltip/tooltip_picture.h"
 

@@ -3,7 +3,7 @@
 
 #include <memory>
 
-#include "platform/timers.h"
+#include "platform/timing.h"
 #include "state/program_context.h"
 
 namespace quillbox {

@@ -4,7 +4,7 @@
 #include <functional>
 #include <memory>
 
-#include "platform/timers.h"
+#include "platform/timing.h"
 #include "state/program_context.h"
 
 namespace quillbox {

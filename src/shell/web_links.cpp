@@ -2,9 +2,9 @@
 
 #include <string>
 
-#include "platform/address_opener.h"
-#include "platform/files.h"
-#include "platform/message_boxes.h"
+#include "platform/forms.h"
+#include "platform/storage.h"
+#include "platform/surroundings.h"
 
 namespace quillbox {
 namespace {

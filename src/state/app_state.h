@@ -6,8 +6,7 @@
 #include <string>
 
 #include "config/account_list.h"
-#include "platform/menu.h"
-#include "platform/tray_icon_record.h"
+#include "platform/tray.h"
 
 namespace quillbox {
 

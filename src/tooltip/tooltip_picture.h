@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/files.h"
+#include "platform/storage.h"
 #include "platform/tooltip_window.h"
 
 namespace quillbox {

@@ -3,7 +3,7 @@
 
 #include <optional>
 
-#include "platform/pixel_geometry.h"
+#include "platform/tooltip_window.h"
 
 namespace quillbox {
 

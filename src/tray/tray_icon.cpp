@@ -1,6 +1,6 @@
 #include "tray/tray_icon.h"
 
-#include "platform/tray_host.h"
+#include "platform/tray.h"
 
 namespace quillbox {
 namespace {

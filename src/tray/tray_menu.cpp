@@ -5,7 +5,7 @@
 #include <string>
 #include <utility>
 
-#include "platform/tray_host.h"
+#include "platform/tray.h"
 
 namespace quillbox {
 namespace {

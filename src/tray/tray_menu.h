@@ -3,7 +3,7 @@
 
 #include <string_view>
 
-#include "platform/menu.h"
+#include "platform/tray.h"
 #include "state/program_context.h"
 
 namespace quillbox {

@@ -4,9 +4,9 @@
 #include <string>
 
 #include "config/setting_keys.h"
-#include "platform/address_opener.h"
-#include "platform/files.h"
-#include "platform/message_boxes.h"
+#include "platform/forms.h"
+#include "platform/storage.h"
+#include "platform/surroundings.h"
 #include "retrieval/fetch_agent.h"
 #include "update/version_decision.h"
 

@@ -3,8 +3,7 @@
 
 #include <string>
 
-#include "platform/files.h"
-#include "platform/per_user_store.h"
+#include "platform/storage.h"
 
 namespace quillbox {
 

@@ -1,15 +1,18 @@
-// Files of the host, by their full paths. Paths are the host's own bytes.
+// What outlives a run: the files of the host, and the store of settings that it keeps for each
+// user.
 #pragma once
 
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace quillbox {
 
-// Whole-file writes of the person's data go through WriteAtomically (config/atomic_write.h), which
-// is made of these steps.
+// Files by their full paths. Paths are the host's own bytes. Whole-file writes of the person's data
+// go through WriteAtomically (config/atomic_write.h), which is made of these steps.
 class Files {
  public:
   virtual ~Files() = default;
@@ -41,6 +44,27 @@ class Files {
   // Names (without the folder) of the files in `folder` that match `pattern`, in which "*" stands
   // for any run of characters and "?" for one. Case is ignored; sorted by name.
   virtual std::vector<std::string> List(const std::string& folder, const std::string& pattern) = 0;
+};
+
+// One change in a batch; no value means that the key goes.
+struct SettingChange {
+  std::string Section;
+  std::string Key;
+  std::optional<std::string> Value;
+};
+
+// Sections, keys and values may hold any characters of the code page. Sections and keys are matched
+// without regard to case. A store that could not keep a value reads back what it has on disk.
+class PerUserStore {
+ public:
+  virtual ~PerUserStore() = default;
+
+  // The value, or the empty text when there is none.
+  virtual std::string Read(std::string_view section, std::string_view key) = 0;
+
+  // All changes, in their order, in one atomic write: whatever happens meanwhile, afterwards either
+  // all or none of them are there. Whether they are.
+  virtual bool Apply(std::span<const SettingChange> changes) = 0;
 };
 
 }  // namespace quillbox
