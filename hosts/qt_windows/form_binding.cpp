@@ -12,13 +12,6 @@
 #include <optional>
 #include <utility>
 
-#include "forms/button.h"
-#include "forms/check_box.h"
-#include "forms/editable_list.h"
-#include "forms/list_field.h"
-#include "forms/note_field.h"
-#include "forms/picture_field.h"
-#include "forms/text_field.h"
 #include "qt_base/icon_picture.h"
 #include "qt_base/unicode_text.h"
 #include "text/text_list.h"

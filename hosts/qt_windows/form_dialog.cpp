@@ -8,7 +8,7 @@
 #include <QShortcut>
 #include <utility>
 
-#include "forms/button.h"
+#include "forms/controls.h"
 #include "qt_base/unicode_text.h"
 #include "qt_windows/form_binding.h"
 

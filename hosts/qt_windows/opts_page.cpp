@@ -7,9 +7,7 @@
 #include <QLineEdit>
 #include <QVBoxLayout>
 
-#include "forms/check_box.h"
-#include "forms/list_field.h"
-#include "forms/text_field.h"
+#include "forms/controls.h"
 #include "qt_windows/form_binding.h"
 #include "qt_windows/own_widgets.h"
 

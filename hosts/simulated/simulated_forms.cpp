@@ -1,11 +1,7 @@
 #include "simulated/simulated_forms.h"
 
 #include "config/setting_keys.h"
-#include "forms/check_box.h"
-#include "forms/editable_list.h"
-#include "forms/list_field.h"
-#include "forms/picture_field.h"
-#include "forms/text_field.h"
+#include "forms/controls.h"
 
 namespace quillbox {
 namespace {

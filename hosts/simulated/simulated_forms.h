@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "about/about_win.h"
-#include "forms/control.h"
+#include "forms/controls.h"
 #include "options/account.h"
 #include "options/opts.h"
 #include "platform/forms.h"

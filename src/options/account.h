@@ -7,9 +7,7 @@
 #include <string>
 #include <string_view>
 
-#include "forms/button.h"
-#include "forms/note_field.h"
-#include "forms/text_field.h"
+#include "forms/controls.h"
 #include "platform/agents.h"
 #include "platform/timing.h"
 #include "state/program_context.h"

@@ -5,8 +5,7 @@
 #include <optional>
 #include <string_view>
 
-#include "forms/button.h"
-#include "forms/list_field.h"
+#include "forms/controls.h"
 #include "options/account.h"
 #include "options/change_mark.h"
 #include "options/grant_keeping.h"

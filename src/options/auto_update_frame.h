@@ -1,8 +1,7 @@
 // The page "Auto Update" of the Options.
 #pragma once
 
-#include "forms/check_box.h"
-#include "forms/list_field.h"
+#include "forms/controls.h"
 #include "options/change_mark.h"
 #include "retrieval/auto_update.h"
 #include "state/program_context.h"

@@ -1,7 +1,7 @@
 // That something on the Options dialog was changed.
 #pragma once
 
-#include "forms/button.h"
+#include "forms/controls.h"
 
 namespace quillbox {
 

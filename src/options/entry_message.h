@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "config/account_entry_check.h"
-#include "forms/text_field.h"
+#include "forms/controls.h"
 
 namespace quillbox {
 

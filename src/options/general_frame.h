@@ -1,7 +1,7 @@
 // The page "General" of the Options.
 #pragma once
 
-#include "forms/check_box.h"
+#include "forms/controls.h"
 #include "options/change_mark.h"
 #include "state/program_context.h"
 

@@ -4,8 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "forms/button.h"
-#include "forms/list_field.h"
+#include "forms/controls.h"
 #include "options/ad_sense_frame.h"
 #include "options/auto_update_frame.h"
 #include "options/change_mark.h"

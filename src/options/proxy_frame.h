@@ -1,8 +1,7 @@
 // The page "Internet" of the Options.
 #pragma once
 
-#include "forms/check_box.h"
-#include "forms/text_field.h"
+#include "forms/controls.h"
 #include "options/change_mark.h"
 #include "state/program_context.h"
 

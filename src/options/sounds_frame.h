@@ -4,9 +4,7 @@
 #include <array>
 #include <string>
 
-#include "forms/button.h"
-#include "forms/editable_list.h"
-#include "forms/list_field.h"
+#include "forms/controls.h"
 #include "options/change_mark.h"
 #include "options/open_dialog.h"
 #include "state/program_context.h"

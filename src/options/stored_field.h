@@ -5,8 +5,7 @@
 #include <string_view>
 
 #include "config/settings_store.h"
-#include "forms/check_box.h"
-#include "forms/list_field.h"
+#include "forms/controls.h"
 
 namespace quillbox {
 

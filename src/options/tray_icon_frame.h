@@ -3,9 +3,7 @@
 
 #include <string>
 
-#include "forms/button.h"
-#include "forms/list_field.h"
-#include "forms/picture_field.h"
+#include "forms/controls.h"
 #include "options/change_mark.h"
 #include "options/open_dialog.h"
 #include "state/program_context.h"

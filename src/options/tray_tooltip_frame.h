@@ -3,8 +3,7 @@
 
 #include <array>
 
-#include "forms/check_box.h"
-#include "forms/list_field.h"
+#include "forms/controls.h"
 #include "options/change_mark.h"
 #include "state/program_context.h"
 

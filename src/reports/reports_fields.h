@@ -1,8 +1,7 @@
 // What stands on the Reports window beside its browser.
 #pragma once
 
-#include "forms/button.h"
-#include "forms/list_field.h"
+#include "forms/controls.h"
 
 namespace quillbox {
 

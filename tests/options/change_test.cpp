@@ -1,10 +1,7 @@
 // Which fields count as a change, and of which page.
 #include <gtest/gtest.h>
 
-#include "forms/button.h"
-#include "forms/check_box.h"
-#include "forms/editable_list.h"
-#include "forms/text_field.h"
+#include "forms/controls.h"
 #include "options/open_options.h"
 
 namespace quillbox {

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "api/json.h"
-#include "text/letter_case.h"
+#include "text/code_page.h"
 
 namespace quillbox {
 namespace {

@@ -2,11 +2,7 @@
 
 #include <algorithm>
 
-#include "forms/button.h"
-#include "forms/check_box.h"
-#include "forms/editable_list.h"
-#include "forms/list_field.h"
-#include "forms/text_field.h"
+#include "forms/controls.h"
 #include "simulated/simulated_forms.h"
 #include "text/grant_name.h"
 

@@ -1,4 +1,4 @@
-#include "forms/list_field.h"
+#include "forms/controls.h"
 
 #include <algorithm>
 
