@@ -4,7 +4,7 @@
 #include <QFrame>
 #include <vector>
 
-#include "reports/window_layout.h"
+#include "reports/reports_fields.h"
 
 class QComboBox;
 class QLabel;
@@ -24,7 +24,7 @@ QFont ReportsFont();
 // Dark on light in every theme, as the page is; in a light theme the controls are the theme's.
 QPalette PaperPalette();
 
-// Places are those of reports/window_layout.h. Where a style wants more room for a text, what
+// Places are those of reports/reports_fields.h. Where a style wants more room for a text, what
 // stands behind or below it moves, and the panel's minimum width grows.
 class ChoicePanel : public QFrame {
  public:

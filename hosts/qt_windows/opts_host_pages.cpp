@@ -3,7 +3,7 @@
 #include <QLabel>
 #include <QPushButton>
 
-#include "options/proxy_frame.h"
+#include "options/general_frames.h"
 #include "options/sounds_frame.h"
 #include "qt_windows/form_binding.h"
 #include "qt_windows/opts_page.h"

@@ -3,8 +3,7 @@
 #include <QPushButton>
 
 #include "options/ad_sense_frame.h"
-#include "options/auto_update_frame.h"
-#include "options/general_frame.h"
+#include "options/general_frames.h"
 #include "qt_windows/form_binding.h"
 #include "qt_windows/opts_page.h"
 #include "qt_windows/opts_pages.h"

@@ -5,8 +5,7 @@
 #include <QLabel>
 #include <QPushButton>
 
-#include "options/tray_icon_frame.h"
-#include "options/tray_tooltip_frame.h"
+#include "options/tray_frames.h"
 #include "qt_windows/form_binding.h"
 #include "qt_windows/opts_page.h"
 #include "qt_windows/opts_pages.h"

@@ -8,7 +8,7 @@
 
 #include "qt_windows/choice_panel.h"
 #include "qt_windows/form_dialog.h"
-#include "reports/window_layout.h"
+#include "reports/reports_fields.h"
 
 namespace quillbox {
 

@@ -9,8 +9,8 @@ namespace quillbox {
 
 class ChoicePanel;
 
-// Choices above, a page below. Places and sizes are those of reports/window_layout.h, scaled to the
-// screen. It deletes itself when it is closed.
+// Choices above, a page below. Places and sizes are those of reports/reports_fields.h, scaled to
+// the screen. It deletes itself when it is closed.
 class ReportsForm : public QWidget {
  public:
   // `fields` must outlive the form, which takes `page` over.

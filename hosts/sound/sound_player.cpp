@@ -3,7 +3,7 @@
 #include <chrono>
 #include <optional>
 
-#include "config/find_sound_file.h"
+#include "config/application_folder.h"
 #include "sound/wave.h"
 
 namespace quillbox {

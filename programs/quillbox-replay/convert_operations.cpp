@@ -7,7 +7,7 @@
 
 #include "config/account_list.h"
 #include "evaluation/report_row.h"
-#include "options/open_dialog.h"
+#include "options/page_parts.h"
 #include "quillbox-replay/formats/iso_time.h"
 #include "quillbox-replay/operations.h"
 #include "quillbox-replay/request.h"
@@ -15,7 +15,7 @@
 #include "region/date_text.h"
 #include "region/failure_rule.h"
 #include "region/number_text.h"
-#include "retrieval/update_schedule.h"
+#include "retrieval/auto_update.h"
 #include "text/escaping.h"
 #include "tooltip/skin.h"
 

@@ -6,10 +6,10 @@
 #include "reports/report_data.h"
 #include "reports/report_page.h"
 #include "reports/report_request.h"
+#include "retrieval/open_account.h"
 #include "retrieval/refresh_commands.h"
-#include "retrieval/refresh_outcome.h"
-#include "retrieval/sign_in_address.h"
-#include "update/version_decision.h"
+#include "retrieval/refresh_cycle.h"
+#include "update/version_check.h"
 
 namespace quillbox {
 namespace {

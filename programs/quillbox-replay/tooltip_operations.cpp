@@ -6,8 +6,7 @@
 #include <vector>
 
 #include "quillbox-replay/operations.h"
-#include "tooltip/tooltip_layout.h"
-#include "tooltip/tooltip_placement.h"
+#include "tooltip/tooltip_picture.h"
 
 namespace quillbox {
 namespace {

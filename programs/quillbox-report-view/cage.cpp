@@ -10,7 +10,7 @@
 #include <QWebEngineUrlRequestJob>
 #include <QWebEngineUrlScheme>
 
-#include "reports/page_files.h"
+#include "reports/report_page.h"
 
 namespace quillbox {
 namespace {

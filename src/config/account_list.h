@@ -1,6 +1,9 @@
-// The watched accounts, and how they and the proxy's credentials are stored.
+// The watched accounts, how they and the proxy's credentials are stored, and whether an account
+// that a person enters can be.
 #pragma once
 
+#include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -16,7 +19,7 @@ struct AccountList {
   std::vector<std::string> Usernames;
   std::vector<std::string> Passwords;  // in clear
 
-  // The entry, or the empty text behind the end of its list.
+  // The entry, or the empty text after the end of its list.
   std::string UsernameAt(std::size_t index) const;
   std::string PasswordAt(std::size_t index) const;
 };
@@ -35,8 +38,8 @@ struct StoredAccountList {
   std::string Passwords;
 };
 
-// The walk goes over Accounts: shorter lists count as filled up with empty entries, what is behind
-// the last account is left out. Not every list comes back as it was (see account_entry_check.h).
+// Goes by Accounts: shorter lists count as filled up with empty entries, and entries after the last
+// account are left out. Not every list comes back as it was (see FindEntryProblem).
 StoredAccountList ToStoredForm(const AccountList& list);
 AccountList FromStoredForm(const StoredAccountList& stored);
 
@@ -52,5 +55,40 @@ std::string ReadProxyUsername(const SettingsStore& store);
 std::string ReadProxyPassword(const SettingsStore& store);
 void SaveProxyUsername(SettingsStore& store, std::string_view username);
 void SaveProxyPassword(SettingsStore& store, std::string_view password);
+
+enum class SettingsMode { kPerUser, kFile };
+
+enum class AccountField {
+  kName,
+  kUsername,
+  kSecret
+};  // a secret is a password or the name of a grant
+
+enum class EntryProblem {
+  kCharacter,      // a control character; a host puts one for what the code page lacks
+  kKeyTaken,       // the statistics would lie under a key that another account uses
+  kNoKey,          // no key of a settings file can be named so
+  kPasswordRange,  // ScrambleText can't carry it
+  kThreeBars,      // the field, or a password's stored form, holds the lists' separator
+  kBarAtEnd,       // the same ends in a bar, which would go to the next account
+  kTooLong         // the joined list, for a settings file
+};
+
+struct EntryFinding {
+  EntryProblem Problem;
+  AccountField Field;
+};
+
+// The first reason why the account `entered`, which is new in `list` or has been edited, can't be
+// stored. The three lists must have the same length. What passes comes back from the store as
+// it is, together with the statistics that are stored under the account's name, whichever others
+// stand before and behind it. The others are not checked: one bad
+// account in the store would then refuse every new one.
+std::optional<EntryFinding> FindEntryProblem(const AccountList& list, std::size_t entered,
+                                             SettingsMode mode);
+
+// The same accounts in an order in which they can be stored: one that can't have another after it,
+// as a store that was edited by hand may hold it, comes last.
+AccountList InStorableOrder(const AccountList& list);
 
 }  // namespace quillbox

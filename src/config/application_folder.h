@@ -1,9 +1,13 @@
-// Where the program's files lie. Nothing else builds paths.
+// Where the program's files lie, and finding those that a person may have replaced. Nothing else
+// builds paths.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
+
+#include "platform/storage.h"
 
 namespace quillbox {
 
@@ -36,5 +40,17 @@ class ApplicationFolder {
   std::string dataFolder_;
   char separator_;
 };
+
+// The full path of the file of that name, in any case: the person's own in the data folder, else
+// the one that came with the program. When neither is there, the path that it would have in the
+// data folder.
+std::string FindProgramFile(Files& files, const ApplicationFolder& folder, std::string_view name);
+
+// The full path of the file that a sound's stored text means. `sound` is "(None)", a file name
+// without a folder, or a full path; the characters of a file are its own bytes or the code page's.
+// A name is one of the application folder, in any case. Nothing when there is no such file, and for
+// a path that depends on the current folder.
+std::optional<std::string> FindSoundFile(Files& files, const ApplicationFolder& folder,
+                                         const std::string& sound);
 
 }  // namespace quillbox

@@ -10,7 +10,7 @@ namespace quillbox {
 // Writes `content` under another name in the same folder, flushes it, renames it to `path` and
 // flushes the folder. False when any step before the renaming failed: `path` is then untouched and
 // nothing else is left behind. The file is for its owner alone, whatever it was before. What a
-// writer that was killed leaves (".new1" to ".new4" behind the name) goes at the next write. So
+// writer that was killed leaves (the name with ".new1" to ".new4") goes at the next write. So
 // only one may write a file at a time: a second one takes the first one's work away.
 bool WriteAtomically(Files& files, const std::string& path, const std::string& content);
 

@@ -64,7 +64,7 @@ std::optional<std::string_view> ValueOf(std::string_view line, std::string_view 
   return line.substr(equals + 1);
 }
 
-// Where a key stands, or behind which line it would go.
+// Where a key stands, or after which line it would go.
 struct Place {
   std::optional<std::string_view> Value;
   Line KeyLine;  // if there is a value
@@ -106,11 +106,6 @@ void InsertLine(std::string& text, std::size_t position, const std::string& line
   text.insert(position, (behindOpenLine ? lineEnd : "") + line + lineEnd);
 }
 
-std::optional<std::string> ReadProfile(Files& files, const std::string& path) {
-  if (files.Size(path).value_or(0) > kLargestProfile) return std::nullopt;
-  return files.Read(path);
-}
-
 }  // namespace
 
 std::string ReadProfileValue(std::string_view text, std::string_view section,
@@ -135,6 +130,11 @@ std::string WithProfileValue(std::string text, std::string_view section, std::st
     InsertLine(text, text.size(), "[" + std::string(section) + "]" + lineEnd + line, lineEnd);
   }
   return text;
+}
+
+std::optional<std::string> ReadProfile(Files& files, const std::string& path) {
+  if (files.Size(path).value_or(0) > kLargestProfile) return std::nullopt;
+  return files.Read(path);
 }
 
 std::string IniRead(Files& files, std::string_view section, std::string_view key,

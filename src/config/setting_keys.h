@@ -1,5 +1,5 @@
-// The catalogue: every section and key of the settings store, its default, and the stored texts of
-// lists. No section or key is written out anywhere else. Stored texts: they must not change.
+// The section and key of every setting, and the texts in which lists are stored. No section or key
+// is spelled anywhere else. Stored texts must not change.
 #pragma once
 
 #include <array>

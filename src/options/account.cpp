@@ -3,9 +3,8 @@
 #include <algorithm>
 #include <chrono>
 
-#include "config/account_entry_check.h"
+#include "config/account_list.h"
 #include "options/ad_sense_frame.h"
-#include "options/entry_message.h"
 #include "platform/forms.h"
 #include "retrieval/fetch_agent.h"
 #include "text/code_page.h"
@@ -23,10 +22,63 @@ void MoveStats(SettingsStore& store, const std::string& oldName, const std::stri
   store.WriteBatch(batch);
 }
 
+constexpr std::string_view kNameExistsMessage = "The entered account name already exists!";
+
+std::string Quoted(std::string_view text) {
+  return '"' + std::string(text) + '"';
+}
+
+std::string NameOf(AccountField field) {
+  switch (field) {
+    case AccountField::kName:
+      return Quoted("Account Name");
+    case AccountField::kUsername:
+      return Quoted("E-mail Address");
+    case AccountField::kSecret:
+      break;
+  }
+  return Quoted("Password");
+}
+
+// The field is empty.
+std::string IncompleteMessage(const TextField& field) {
+  const std::string& label = field.Caption();  // ends in a colon
+  return "You must complete the " + Quoted(label.substr(0, label.size() - 1)) + " field!";
+}
+
+// `account`: the name that was entered.
+std::string EntryMessage(const EntryFinding& finding, std::string_view account) {
+  const std::string field = NameOf(finding.Field);
+  const std::string refused =
+      "The " + field + " of the account " + Quoted(account) + " can't be stored: ";
+  switch (finding.Problem) {
+    case EntryProblem::kCharacter:
+      return "The " + field + " field holds a character that can't be stored!";
+    case EntryProblem::kKeyTaken:
+      return std::string(kNameExistsMessage);
+    case EntryProblem::kNoKey:
+      return "The " + field +
+             " field can't hold \"=\", begin with \"[\" or \";\", or begin or end with a blank!";
+    case EntryProblem::kPasswordRange:
+      return refused + "it is too long, or an accented letter stands too far back in it!";
+    case EntryProblem::kThreeBars:
+      return refused + "it would hold three bars in a row!";
+    case EntryProblem::kBarAtEnd:
+      return refused +
+             "it would get a bar at its end. Please change its last character or its length!";
+    case EntryProblem::kTooLong:
+      break;
+  }
+  return "The " + field + " fields of all accounts together are too long to be stored!";
+}
+
 }  // namespace
 
-Account::Account(std::string caption, const ProgramContext& program, AdSenseFrame& accounts)
-    : Caption(std::move(caption)), program_(program), accounts_(accounts) {
+Account::Account(Mode mode, const ProgramContext& program, AdSenseFrame& accounts)
+    : Caption(mode == Mode::kEdit ? "Edit AdSense Account" : "Add AdSense Account"),
+      mode_(mode),
+      program_(program),
+      accounts_(accounts) {
   Command1.Clicked = [this] { OK_Click(); };
   Command2.Clicked = [this] { program_.Host.Windows.Unload(FormName::kAccount); };
   Connect.Clicked = [this] { Connect_Click(); };

@@ -16,23 +16,21 @@ namespace quillbox {
 
 class AdSenseFrame;
 
-// The two captions; they tell the form its mode.
-inline constexpr std::string_view kAddAccountCaption = "Add AdSense Account";
-inline constexpr std::string_view kEditAccountCaption = "Edit AdSense Account";
-
 class Account {
  public:
-  // `caption` is one of the two above. The other arguments must outlive the form.
-  Account(std::string caption, const ProgramContext& program, AdSenseFrame& accounts);
+  enum class Mode { kAdd, kEdit };
 
-  const std::string Caption;
+  // The arguments must outlive the form.
+  Account(Mode mode, const ProgramContext& program, AdSenseFrame& accounts);
+
+  const std::string Caption;  // tells the person the mode
   TextField Text1{"Text1", "Account Name:"};
   TextField Text2{"Text2", "E-mail Address:"};
   TextField Text3{"Text3", "Password:", TextField::Echo::kStars};
   Button Command1{"Command1", "OK"};
   Button Command2{"Command2", "Cancel"};
-  // Asks for a grant, whose name then stands in Text3. Should it come to stand in no account, it is
-  // forgotten with the Options.
+  // Asks for a grant and puts its name into Text3. If no account holds the grant in the end, it is
+  // forgotten when the Options close.
   Button Connect{"Connect", "Co&nnect..."};
   // While a grant is asked for: what goes on, and the way out of it.
   NoteField Waiting{"Waiting", ""};
@@ -42,7 +40,7 @@ class Account {
 
   bool Loaded() const { return loaded_; }
   void Load();
-  // The window has gone. An asking for a grant is given up.
+  // The window has gone. A request for a grant is given up.
   void Closed();
 
  private:
@@ -53,12 +51,13 @@ class Account {
   void ShowTimeLeft();
   void EndWaiting();
   bool AccountNameExists(std::string_view name) const;
-  bool Edits() const { return Caption == kEditAccountCaption; }
+  bool Edits() const { return mode_ == Mode::kEdit; }
   std::size_t Index() const;          // of the edited or the new account
   AccountList ListWithEntry() const;  // as it would be; three lists of one length
   std::optional<std::string> Refusal(const AccountList& list) const;
   void Take(AccountList list);
 
+  const Mode mode_;
   const ProgramContext& program_;
   AdSenseFrame& accounts_;
   bool loaded_ = false;

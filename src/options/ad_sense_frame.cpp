@@ -1,12 +1,15 @@
 #include "options/ad_sense_frame.h"
 
 #include <algorithm>
+#include <utility>
 
-#include "config/account_entry_check.h"
 #include "config/account_list.h"
 #include "config/setting_keys.h"
 #include "evaluation/tray_stats.h"
+#include "platform/agents.h"
 #include "platform/forms.h"
+#include "retrieval/fetch_agent.h"
+#include "text/grant_name.h"
 
 namespace quillbox {
 namespace {
@@ -28,6 +31,19 @@ AccountList Named(const AccountList& old) {
     list.Passwords.push_back(old.PasswordAt(i));
   }
   return list;
+}
+
+void AddGrantsOf(const AccountList& list, std::set<std::string>& names) {
+  for (const std::string& password : list.Passwords) {
+    if (IsGrantName(password)) names.insert(password);
+  }
+}
+
+// Opening the Options wrote the page to open with: a store without it keeps nothing or can't be
+// read. A list without its passwords could not be unscrambled.
+bool IsCertain(const AccountList& stored, const SettingsStore& store) {
+  return !store.ReadSetting(kLastOption).empty() &&
+         stored.Passwords.size() == stored.Accounts.size();
 }
 
 }  // namespace
@@ -83,7 +99,7 @@ void AdSenseFrame::AccountsEdited() {
 
 void AdSenseFrame::Add_Click() {
   if (AccountForm && AccountForm->Loaded()) return;
-  AccountForm = std::make_unique<Account>(std::string(kAddAccountCaption), program_, *this);
+  AccountForm = std::make_unique<Account>(Account::Mode::kAdd, program_, *this);
   AccountForm->Load();
 }
 
@@ -92,7 +108,7 @@ void AdSenseFrame::Edit_Click() {
   if (!Combo3.Selected()) return;
   const std::optional<std::size_t> index = AccountIndexOf(Combo3.Text());
   if (!index) return;
-  AccountForm = std::make_unique<Account>(std::string(kEditAccountCaption), program_, *this);
+  AccountForm = std::make_unique<Account>(Account::Mode::kEdit, program_, *this);
   AccountForm->AdSenseIndex = static_cast<std::int16_t>(*index);
   AccountForm->Text1.SetText(program_.State.Accounts[*index]);
   AccountForm->Text2.SetText(program_.State.UsernameAt(*index));
@@ -124,6 +140,24 @@ void AdSenseFrame::RemoveSelected(std::size_t entry) {
     Command6.SetEnabled(false);
   }
   mark_.Set(AdSenseChanged);
+}
+
+void GrantKeeping::Opened() {
+  AddGrantsOf(program_.State, noted_);
+  AddGrantsOf(LoadAccountList(program_.Store), noted_);
+}
+
+void GrantKeeping::Closed() {
+  const std::set<std::string> noted = std::exchange(noted_, {});
+  const AccountList stored = LoadAccountList(program_.Store);
+  if (!IsCertain(stored, program_.Store)) return;
+  std::set<std::string> inUse;
+  AddGrantsOf(program_.State, inUse);
+  AddGrantsOf(stored, inUse);
+  for (const std::string& name : noted) {
+    if (inUse.contains(name)) continue;
+    program_.Host.Grants.Forget(name, StoredProxyVariables(program_.Store));
+  }
 }
 
 }  // namespace quillbox

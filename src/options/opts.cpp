@@ -69,8 +69,8 @@ void Opts::Load() {
   program_.Host.Windows.Load(*this);
 }
 
-// What stands in a form that is still open must not become an account later, when its grant is
-// gone.
+// The form of an account that is still open closes too: its entry must not be accepted later, when
+// its grant is gone.
 void Opts::Closed() {
   loaded_ = false;
   program_.Host.Windows.Unload(FormName::kAccount);
@@ -125,7 +125,7 @@ void Opts::Cancel_Click() {
 }
 
 void Opts::Help_Click() {
-  program_.Host.Opener.Open(program_.Build.MakerAddress + "/Forum/index.php?c=19");
+  program_.Host.Opener.Open(program_.Build.ForumAddress());
 }
 
 }  // namespace quillbox

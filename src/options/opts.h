@@ -6,13 +6,10 @@
 
 #include "forms/controls.h"
 #include "options/ad_sense_frame.h"
-#include "options/auto_update_frame.h"
-#include "options/change_mark.h"
-#include "options/general_frame.h"
-#include "options/proxy_frame.h"
+#include "options/general_frames.h"
+#include "options/page_parts.h"
 #include "options/sounds_frame.h"
-#include "options/tray_icon_frame.h"
-#include "options/tray_tooltip_frame.h"
+#include "options/tray_frames.h"
 #include "state/program_context.h"
 
 namespace quillbox {

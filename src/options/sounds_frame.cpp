@@ -3,8 +3,8 @@
 #include <set>
 #include <vector>
 
-#include "config/find_sound_file.h"
-#include "options/stored_field.h"
+#include "config/application_folder.h"
+#include "options/page_parts.h"
 #include "platform/host.h"
 #include "platform/storage.h"
 #include "platform/surroundings.h"
@@ -59,13 +59,14 @@ void SoundsFrame::Sound_Click() {
 void SoundsFrame::Browse_Click() {
   std::string* choice = Choice();
   if (choice == nullptr) return;
-  const FileDialogResult result = dialog_.OpenFileDialog({.Title = "Select Sound",
-                                                          .FilterName = "WAV Files",
-                                                          .Pattern = "*.wav",
-                                                          .Folder = program_.Folder.ProgramFile(""),
-                                                          .File = {}});
-  if (result.Cancelled) return;
-  *choice = result.Folder + result.Files.front();
+  const std::optional<std::string> path =
+      dialog_.OpenFileDialog({.Title = "Select Sound",
+                              .FilterName = "WAV Files",
+                              .Pattern = "*.wav",
+                              .Folder = program_.Folder.ProgramFile(""),
+                              .File = {}});
+  if (!path) return;
+  *choice = *path;
   Event_Click();
 }
 

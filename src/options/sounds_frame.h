@@ -5,8 +5,7 @@
 #include <string>
 
 #include "forms/controls.h"
-#include "options/change_mark.h"
-#include "options/open_dialog.h"
+#include "options/page_parts.h"
 #include "state/program_context.h"
 
 namespace quillbox {

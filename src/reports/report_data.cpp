@@ -2,11 +2,12 @@
 
 #include <chrono>
 #include <string_view>
+#include <unordered_set>
+#include <utility>
 
 #include "evaluation/report_row.h"
 #include "region/date_text.h"
 #include "region/failure_rule.h"
-#include "reports/channel_list.h"
 #include "text/code_page.h"
 
 namespace quillbox {
@@ -70,6 +71,52 @@ void AppendDay(std::string& labels, std::string_view cell, const RegionalSetting
   labels += "<BR>";
   labels += WithShortYear(ShortDate(date, region), static_cast<int>(date.year()));
 }
+
+// The channel names in the order of their first appearance, as the text "^Red^Blue^". A name is in
+// the list when "^name^" occurs there, so a name that holds the mark itself is in it when its parts
+// stand there in a row, and brings all its parts.
+class ChannelList {
+ public:
+  // The text that `name` lies in must outlive the list.
+  void Add(std::string_view name) {
+    if (!known_.insert(name).second) return;
+    if (name.find(kMark) != name.npos && HoldsRun(name)) return;
+    text_ += name;
+    text_ += kMark;
+    AddParts(name);
+  }
+
+  // "Red^Blue"
+  std::string Names() const { return text_.size() > 1 ? text_.substr(1, text_.size() - 2) : ""; }
+
+ private:
+  static constexpr char kMark = '^';
+
+  // A search costs as much as the text is long. Few names need it: of most, the first two parts
+  // have never stood next to each other.
+  bool HoldsRun(std::string_view name) const {
+    const std::string_view firstTwo = name.substr(0, name.find(kMark, name.find(kMark) + 1));
+    return pairs_.contains(std::string(firstTwo)) &&
+           text_.find(kMark + std::string(name) + kMark) != text_.npos;
+  }
+
+  void AddParts(std::string_view name) {
+    for (;;) {
+      const std::size_t end = name.find(kMark);
+      const std::string_view part = name.substr(0, end);
+      known_.insert(part);
+      pairs_.insert(std::string(lastPart_) + kMark + std::string(part));
+      lastPart_ = part;
+      if (end == name.npos) return;
+      name.remove_prefix(end + 1);
+    }
+  }
+
+  std::string text_ = "^";
+  std::unordered_set<std::string_view> known_;  // names that are in the list, and all parts
+  std::unordered_set<std::string> pairs_;       // of parts next to each other, "Red^Blue"
+  std::string_view lastPart_;
+};
 
 class DataBuilder {
  public:

@@ -5,7 +5,7 @@
 #include <string>
 
 #include "region/regional_settings.h"
-#include "reports/report_titles.h"
+#include "reports/report_request.h"
 
 namespace quillbox {
 
@@ -20,7 +20,8 @@ struct ReportData {
 // summaries. `text` (code page) is the whole report, taken as it stands: a carriage return belongs
 // to its cell, and the last two lines are summaries only if each ends in a line feed. A date
 // without a year is in `currentYear`. Never fails: what it can't read stays empty. Takes time in
-// proportion to the text.
+// proportion to the text, unless many channel names consist of
+// the parts of others, with "^" between them.
 std::optional<ReportData> BuildReportData(std::string text, const ReportTitle& title,
                                           const RegionalSettings& region, int currentYear);
 

@@ -1,6 +1,8 @@
 #include "reports/report_page.h"
 
-#include "reports/page_files.h"
+#include <optional>
+
+#include "config/atomic_write.h"
 
 namespace quillbox {
 namespace {
@@ -48,6 +50,15 @@ std::string BuildReportPage(const ReportData& data, std::string_view title, std:
   if (titled("eCPM") || titled("Earnings")) AddProperty(page, "valueHeader", "$");
   page += kEnd;
   return page;
+}
+
+void PutPageFiles(Files& files, const ApplicationFolder& folder) {
+  if (folder.DataFolder() == folder.ProgramFolder()) return;
+  for (const std::string_view name : kPageFiles) {
+    const std::optional<std::string> ours = files.Read(folder.ProgramFile(name));
+    const std::string beside = folder.DataFile(name);
+    if (ours && files.Read(beside) != ours) WriteAtomically(files, beside, *ours);
+  }
 }
 
 }  // namespace quillbox

@@ -8,9 +8,8 @@
 #include "platform/host.h"
 #include "platform/timing.h"
 #include "region/date_text.h"
-#include "reports/page_files.h"
 #include "reports/report_page.h"
-#include "reports/report_titles.h"
+#include "reports/report_request.h"
 #include "retrieval/fetch_agent.h"
 
 namespace quillbox {

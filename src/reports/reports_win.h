@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "reports/fetch_report.h"
 #include "reports/report_data.h"
+#include "reports/report_request.h"
 #include "reports/reports_fields.h"
 #include "state/program_context.h"
 
@@ -30,7 +30,7 @@ class ReportsWin {
 
   bool Loaded() const { return loaded_; }
 
-  // Opens the window with its lists filled anew; nothing when it is open.
+  // Opens the window and fills its lists; does nothing when it is open.
   void Load();
 
   // The window has gone. A report that is being made is given up, and its files go; nothing is

@@ -1,14 +1,25 @@
 #include "retrieval/auto_update.h"
 
+#include <limits>
+
 #include "config/setting_keys.h"
 #include "platform/surroundings.h"
 #include "retrieval/refresh_cycle.h"
-#include "retrieval/update_schedule.h"
 
 namespace quillbox {
 namespace {
 
 constexpr std::chrono::minutes kMinute{1};
+
+// One minute more, kept within 16 signed bits.
+std::int16_t CountMinute(std::int16_t minuteCount) {
+  if (minuteCount == std::numeric_limits<std::int16_t>::max()) return minuteCount;
+  return static_cast<std::int16_t>(minuteCount + 1);
+}
+
+bool RefreshDue(std::int16_t minuteCount, std::int16_t rateMinutes) {
+  return minuteCount > rateMinutes - 1;
+}
 
 }  // namespace
 
@@ -57,6 +68,13 @@ void AutoUpdate::SwapTimers() {
   const bool first = Timer1_->Enabled();
   Timer1_->SetEnabled(!first);
   Timer2_->SetEnabled(first);
+}
+
+std::int16_t RateMinutes(std::string_view rate) {
+  for (const UpdateRate& known : kUpdateRates) {
+    if (known.Text == rate) return static_cast<std::int16_t>(known.Minutes);
+  }
+  return kDefaultUpdateMinutes;
 }
 
 }  // namespace quillbox

@@ -1,7 +1,9 @@
 // Automatic update: the minute clock that starts refreshes at the chosen rate.
 #pragma once
 
+#include <cstdint>
 #include <memory>
+#include <string_view>
 
 #include "platform/timing.h"
 #include "state/program_context.h"
@@ -29,5 +31,8 @@ class AutoUpdate {
   const ProgramContext& program_;
   std::unique_ptr<Timer> Timer1_, Timer2_;  // one minute clock in two halves
 };
+
+// The minutes of a text of Rate; 15 for every other text.
+std::int16_t RateMinutes(std::string_view rate);
 
 }  // namespace quillbox

@@ -5,7 +5,7 @@
 #include "config/setting_keys.h"
 #include "platform/forms.h"
 #include "platform/surroundings.h"
-#include "retrieval/sign_in_address.h"
+#include "text/escaping.h"
 #include "text/grant_name.h"
 
 namespace quillbox {
@@ -34,6 +34,16 @@ void OpenAccount(const ProgramContext& program, std::string name) {
   const auto found = std::find(state.Accounts.begin(), state.Accounts.end(), name);
   if (found == state.Accounts.end()) return;
   OpenAt(program, static_cast<std::size_t>(found - state.Accounts.begin()));
+}
+
+std::string SignInAddress(std::string_view username, std::string_view password,
+                          std::string_view serviceHost) {
+  const std::string service = "https://" + std::string(serviceHost);
+  const std::string landing = service + "/adsense/gaiaauth";
+  return service + "/accounts/ServiceLoginAuth?ltmpl=login&continue=" + landing +
+         "&followup=" + landing +
+         "&service=adsense&nui=3&ifr=true&rm=hide&ltmpl=login&hl=en-US&alwf=true&Email=" +
+         EncodeFormValue(username) + "&Passwd=" + EncodeFormValue(password) + "&null=Sign+in";
 }
 
 }  // namespace quillbox

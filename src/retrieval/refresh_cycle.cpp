@@ -1,8 +1,6 @@
 #include "retrieval/refresh_cycle.h"
 
 #include <cstddef>
-#include <optional>
-#include <string>
 #include <vector>
 
 #include "config/setting_keys.h"
@@ -11,14 +9,30 @@
 #include "platform/forms.h"
 #include "platform/storage.h"
 #include "platform/surroundings.h"
+#include "region/conversions.h"
 #include "retrieval/fetch_agent.h"
 #include "retrieval/refresh_commands.h"
-#include "retrieval/refresh_outcome.h"
 #include "tray/tray_icon.h"
 #include "tray/tray_menu.h"
 
 namespace quillbox {
 namespace {
+
+// The balloon's text when no answer came.
+std::string NoResponseText(std::string_view serviceDomain) {
+  return "No response received from " + std::string(serviceDomain) +
+         "!\r\n\r\nPlease verify that you are connected to the Internet.";
+}
+
+std::string NoConnectionText(std::string_view serviceDomain) {
+  return "Could not connect to " + std::string(serviceDomain) + "!";
+}
+
+std::string RefusedText(std::string_view username) {
+  return "You have entered an incorrect username and/or password for the \"" +
+         std::string(username) +
+         "\" AdSense account in the \"AdSense\" tab of the Quillbox Options window.";
+}
 
 constexpr Report kAllReports[] = {Report::kContent, Report::kSearch, Report::kReferral};
 
@@ -68,9 +82,9 @@ void ReadCodes(const ProgramContext& program, Cycle& cycle) {
   }
 }
 
-// The name that the account has now; nothing when it is watched no more. It may have been removed,
-// moved or renamed in its place while its reports were fetched; what is stored under a name must be
-// that account's, and that is the one with its address.
+// The name that the account has now; nothing when it is no longer watched. It may have been
+// removed, moved or renamed in its place while its reports were fetched; what is stored under a
+// name must be that account's, and that is the one with its address.
 std::optional<std::string> NameNow(const AppState& state, const Turn& turn) {
   for (std::size_t i = 0; i < state.Accounts.size(); ++i) {
     if (state.Accounts[i] == turn.Account && state.UsernameAt(i) == turn.Username) {
@@ -145,6 +159,18 @@ void AskForAccounts(const ProgramContext& program) {
 }
 
 }  // namespace
+
+RefreshOutcome DecideRefreshOutcome(std::string_view contentCode, std::string_view otherCode,
+                                    std::string_view username, std::string_view serviceDomain) {
+  const double content = LeadingNumber(contentCode);
+  if (content == 0 && LeadingNumber(otherCode) == 0) return {true, std::nullopt};
+  if (content == 0 || content == 1 || content == 4) {
+    return {false, NoConnectionText(serviceDomain)};
+  }
+  if (content == 2) return {false, NoResponseText(serviceDomain)};
+  if (content == 3) return {false, RefusedText(username)};
+  return {false, std::nullopt};
+}
 
 void RefreshAllAccounts(const ProgramContext& program) {
   AppState& state = program.State;

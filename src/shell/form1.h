@@ -1,18 +1,18 @@
-// The hidden form: owns the timers and the menu's handlers, and hears what the host reports.
+// The hidden window: has the timers, handles the commands of the tray menu, and is told by the host
+// what happens to the icon.
 #pragma once
 
 #include <memory>
 #include <string>
 
 #include "about/about_win.h"
-#include "options/open_dialog.h"
 #include "options/opts.h"
+#include "options/page_parts.h"
 #include "platform/host.h"
 #include "platform/timing.h"
 #include "reports/reports_win.h"
 #include "retrieval/auto_update.h"
-#include "shell/tooltip_hover.h"
-#include "shell/tray_clicks.h"
+#include "shell/tray_mouse.h"
 #include "state/program_context.h"
 
 namespace quillbox {
@@ -23,11 +23,16 @@ class Form1 final : public HostEvents {
   explicit Form1(const ProgramContext& program);
   ~Form1() override;
 
-  // From here on the form's design-time timer runs.
+  // Starts the timer that fills the menu's account lists.
   void Load();
 
-  // The delayed start: 30 seconds from now, does what `Tag` names ("Refresh", "Check").
-  void StartTimer8(std::string tag);
+  // What is left to do when the start-up pause is over.
+  struct DelayedStart {
+    bool Refresh = false;
+    bool Check = false;  // for a newer version
+  };
+  // Does it 30 seconds from now.
+  void StartTimer8(DelayedStart start);
 
   // Starts automatic refresh at the stored rate.
   void StartTimer1();
@@ -41,7 +46,7 @@ class Form1 final : public HostEvents {
   // A refresh on request; nothing while one is running.
   void RefreshNow_Click();
 
-  // The way out: the icon goes, all forms close, the process ends.
+  // Removes the icon, closes all forms and ends the process.
   void Exit_Click();
 
   // HostEvents
@@ -61,8 +66,8 @@ class Form1 final : public HostEvents {
   AutoUpdate autoUpdate_;
   std::unique_ptr<Timer> Timer3_;  // fills the submenus once
   std::unique_ptr<Timer> Timer8_;  // the delayed start
-  std::string timer8Tag_;
-  std::string trayMenuTag_;  // "Open" while the tray menu is up
+  DelayedStart delayedStart_;
+  bool trayMenuOpen_ = false;
   TooltipHover hover_;
   TrayClicks clicks_;
   OpenDialog openDialog_;

@@ -22,7 +22,9 @@ class Program {
   Program(const Program&) = delete;
   Program& operator=(const Program&) = delete;
 
-  // The start sequence. Returns when it is done; the program then lives in its host's events.
+  // Loads the state, puts the icon into the tray and starts what the settings ask for. Runs once.
+  // Returns when the start is done, and the program then lives in its host's events; or ends the
+  // process if another instance runs. A step that fails is skipped.
   void Main();
 
   // Where the host reports what happens; it may call as soon as Main has begun.

@@ -18,6 +18,8 @@ struct BuildValues {
   std::string MakerAddress;   // base address of the maker's site, without a slash at its end
   std::string MakerEmail;
   std::string Version;  // "1.3.0"
+
+  std::string ForumAddress() const { return MakerAddress + "/Forum/index.php?c=19"; }
 };
 
 // References: all of it outlives every routine that is handed it.

@@ -5,7 +5,6 @@
 
 #include "config/profile_file.h"
 #include "text/text_list.h"
-#include "tooltip/skin_number.h"
 
 namespace quillbox {
 namespace {
@@ -37,9 +36,10 @@ std::optional<SkinColorValue> SkinColor(std::string_view text) {
 }
 
 Skin ReadSkin(Files& files, const std::string& path) {
-  // A person may write "FontSize = 10".
-  const auto read = [&](std::string_view key) {
-    return std::string(Trimmed(IniRead(files, kSection, key, path), kBlankAndTab));
+  const std::string file = ReadProfile(files, path).value_or("");
+  const auto read = [&file](std::string_view key) {
+    const std::string value = ReadProfileValue(file, kSection, key).substr(0, kLongestProfileValue);
+    return std::string(Trimmed(value, kBlankAndTab));  // a person may write "FontSize = 10"
   };
   const auto orDefault = [](const std::string& value, const std::string& whenEmpty) {
     return value.empty() ? whenEmpty : value;

@@ -1,12 +1,15 @@
 // The look of the tooltip window, as its skin file gives it.
 #pragma once
 
+#include <charconv>
 #include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <system_error>
 
 #include "platform/storage.h"
+#include "text/text_list.h"
 
 namespace quillbox {
 
@@ -32,5 +35,17 @@ std::optional<SkinColorValue> SkinColor(std::string_view text);
 // The skin in the file at `path`, blanks round its values left out; a missing file gives the
 // default look.
 Skin ReadSkin(Files& files, const std::string& path);
+
+// A number as a person writes it into a skin file: the whole text, blanks round it and a plus sign
+// allowed; nothing when it isn't one or the type can't hold it.
+template <typename Number>
+std::optional<Number> SkinNumber(std::string_view text) {
+  text = Trimmed(text, kBlankAndTab);
+  if (text.starts_with('+') && !text.starts_with("+-")) text.remove_prefix(1);
+  Number number{};
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+  if (error != std::errc() || end != text.data() + text.size()) return std::nullopt;
+  return number;
+}
 
 }  // namespace quillbox

@@ -5,8 +5,8 @@
 namespace quillbox {
 namespace {
 
-constexpr std::uint32_t kRecordSize = 488;
-constexpr std::uint32_t kMouseMoveMessage = 512;
+constexpr std::uint32_t kRecordSize = 488;        // what a host expects in cbSize
+constexpr std::uint32_t kMouseMoveMessage = 512;  // the code of a mouse move
 constexpr std::uint32_t kBalloonMilliseconds = 30000;
 constexpr std::string_view kBalloonTitle = "Quillbox";
 

@@ -11,7 +11,7 @@ namespace quillbox {
 // Each sets the fields of TrayIconRecord that it names, leaves the rest as they were, and hands the
 // host the whole record. Failures are ignored.
 
-// Whether it stands in a tray now; without one it comes when a tray does.
+// Whether it is in a tray now; without one it comes when a tray does.
 bool AddTrayIcon(const ProgramContext& program);
 
 // Under the title "Quillbox". `text` is the whole text; the record cuts it.

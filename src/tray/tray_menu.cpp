@@ -33,7 +33,7 @@ MenuItem Submenu(std::string name, std::string caption, Menu items) {
   return item;
 }
 
-// The menu as the form was designed; the two submenus of accounts are put in at run time.
+// The menu without the two submenus of accounts, which are put in at run time.
 Menu DesignedTrayMenu() {
   Menu menu = {
       Item("Options", "Options..."),

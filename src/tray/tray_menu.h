@@ -17,7 +17,7 @@ Menu& AccountsMenu(AppState& state);
 // The submenu "Open AdSense Account".
 Menu& OpenAccountMenu(AppState& state);
 
-// The item of that designed name. It must exist.
+// The item of that fixed name. It must exist.
 MenuItem& TrayMenuItem(AppState& state, std::string_view name);
 
 // Refresh Now can be chosen, or is greyed.

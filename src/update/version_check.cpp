@@ -1,17 +1,24 @@
 #include "update/version_check.h"
 
-#include <optional>
-#include <string>
-
 #include "config/setting_keys.h"
 #include "platform/forms.h"
 #include "platform/storage.h"
 #include "platform/surroundings.h"
 #include "retrieval/fetch_agent.h"
-#include "update/version_decision.h"
+#include "text/text_list.h"
 
 namespace quillbox {
 namespace {
+
+constexpr std::size_t kLongestVersion = 20;
+
+// The file's content without the blanks at both ends. Nothing when it is missing or too long.
+std::optional<std::string> PublishedVersion(const std::optional<std::string>& file) {
+  if (!file) return std::nullopt;
+  std::string published(Trimmed(*file, kBlank));
+  if (published.size() > kLongestVersion) return std::nullopt;
+  return published;
+}
 
 constexpr std::string_view kDataFile = "che.wt";
 constexpr std::string_view kLogFile = "chet.wt";
@@ -74,7 +81,7 @@ std::string AnnouncedVersion(const ProgramContext& program,
   return same ? *published : announced;
 }
 
-// Whether the person asked for it is looked at behind the wait, in which they still may.
+// The person may still ask for it while it waits, so that is looked at afterwards.
 void Check(const ProgramContext& program) {
   const std::optional<std::string> file = Download(program);
   const bool asked = program.State.VersionCheckAsked;
@@ -97,9 +104,26 @@ void Check(const ProgramContext& program) {
 
 }  // namespace
 
-void CheckForUpdate(const ProgramContext& program, std::string_view asked) {
+VersionDecision DecideVersion(std::string_view installed, const std::optional<std::string>& file,
+                              bool asked, std::string_view announced) {
+  const std::optional<std::string> published = PublishedVersion(file);
+  if (!published) return {};
+  VersionDecision decision{VersionOutcome::kCurrent, *published, ""};
+  const std::string digits = WithoutText(WithoutText(*published, "."), "\r\n");
+  if (digits <= WithoutText(installed, ".")) return decision;
+  if (!asked && announced == *published) {
+    decision.Outcome = VersionOutcome::kSilent;
+    return decision;
+  }
+  decision.Outcome = VersionOutcome::kAsk;
+  decision.Question = "Quillbox v" + WithoutText(*published, "\r\n") +
+                      " is available!  Would you like to download the setup now?";
+  return decision;
+}
+
+void CheckForUpdate(const ProgramContext& program, CheckedFor whom) {
   AppState& state = program.State;
-  if (asked == "Yes") state.VersionCheckAsked = true;
+  if (whom == CheckedFor::kPerson) state.VersionCheckAsked = true;
   if (state.VersionCheckRunning) return;
   state.VersionCheckRunning = true;
   Check(program);

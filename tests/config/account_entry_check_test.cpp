@@ -1,4 +1,4 @@
-#include "config/account_entry_check.h"
+#include "config/account_list.h"
 
 #include <gmock/gmock.h>
 

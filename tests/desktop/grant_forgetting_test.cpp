@@ -114,7 +114,7 @@ class GrantForgetting : public testing::Test {
   SettingsStore store_{ports_.Store, ports_.Disk, folder_, state_.SettingsProfile};
   const ProgramContext program_{state_, store_, ports_, folder_, region_, build_};
   AutoUpdate autoUpdate_{program_};
-  OpenDialog dialog_{ports_.Chooser, '/'};
+  OpenDialog dialog_{ports_.Chooser};
   Opts options_{program_, autoUpdate_, dialog_};
 };
 

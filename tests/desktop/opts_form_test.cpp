@@ -78,7 +78,7 @@ class OptsFormTest : public ContextOnState {
 
   QtForms forms_;
   AutoUpdate autoUpdate_{program_};
-  OpenDialog dialog_{host_.Chooser, '/'};
+  OpenDialog dialog_{host_.Chooser};
   std::unique_ptr<Opts> model_;
   QPointer<QWidget> window_;
 };

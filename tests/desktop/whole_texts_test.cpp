@@ -174,7 +174,7 @@ class WholeTexts : public ContextOnState {
   ReportsWindow reports_{"/no/program/for/it", host_.Opener};
   QtForms forms_{&reports_};
   AutoUpdate autoUpdate_{program_};
-  OpenDialog dialog_{host_.Chooser, '/'};
+  OpenDialog dialog_{host_.Chooser};
   std::unique_ptr<Opts> opts_;
   std::optional<AboutWin> about_;
   ReportsWin reportsWin_{program_};

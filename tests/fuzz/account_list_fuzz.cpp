@@ -1,10 +1,10 @@
 // Any accounts that a person enters, and any lists that a store may hold: what was taken comes back
 // as it was entered, whatever others are there, and no other one keeps it out.
-#include "config/account_entry_check.h"
+#include "config/account_list.h"
 #include "config/profile_file.h"
 #include "config/setting_keys.h"
 #include "fuzz/fuzz_input.h"
-#include "options/entry_message.h"
+#include "options/account.h"
 #include "text/text_list.h"
 
 namespace {
@@ -41,7 +41,6 @@ AccountList WithAnother(AccountList list, const std::string& name, const std::st
 
 void CheckRefusal(const EntryFinding& finding, const AccountList& list, std::size_t entered,
                   SettingsMode mode) {
-  Require(!EntryMessage(finding, list.Accounts[entered]).empty());
   // Alone it fares no better, but for what two have to share.
   const bool shared =
       finding.Problem == EntryProblem::kKeyTaken || finding.Problem == EntryProblem::kTooLong;

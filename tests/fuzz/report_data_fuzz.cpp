@@ -1,8 +1,6 @@
-// Any report under any title: its texts have the shape that the page takes apart, and the channel
-// list is what its definition gives.
+// Any report under any title: its texts have the shape that the page takes apart.
 #include "fuzz/fuzz_input.h"
 #include "region/regional_settings.h"
-#include "reports/channel_list.h"
 #include "reports/report_data.h"
 #include "reports/report_page.h"
 
@@ -25,22 +23,6 @@ void CheckData(std::string_view text, const ReportTitle& title, const RegionalSe
   Require(page.size() > data->Labels.size() + data->Values.size() + data->Channels.size());
 }
 
-// Each line a name.
-void CheckChannels(std::string_view text, std::size_t mostSearched) {
-  ChannelList list(mostSearched);
-  std::string defined = "^";
-  while (!text.empty()) {
-    const std::size_t end = std::min(text.find('\n'), text.size());
-    const std::string_view name = text.substr(0, end);
-    list.Add(name);
-    if (defined.find("^" + std::string(name) + "^") == defined.npos) {
-      defined += std::string(name) + "^";
-    }
-    text.remove_prefix(std::min(end + 1, text.size()));
-  }
-  Require(list.Names() == (defined.size() > 1 ? defined.substr(1, defined.size() - 2) : ""));
-}
-
 }  // namespace
 }  // namespace quillbox
 
@@ -50,12 +32,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const ReportTitle& title = ReportTitles()[TakeByte(in) % ReportTitles().size()];
   const RegionalSettings region =
       BuiltInRegion(kRegions[TakeByte(in) % std::size(kRegions)]).value();
-  constexpr std::size_t kMostSearched[] = {0, 50, 1'000'000};
-  const unsigned check = TakeByte(in) % 4;
-  if (check == 3) {
-    CheckData(in, title, region);
-  } else {
-    CheckChannels(in, kMostSearched[check]);
-  }
+  CheckData(in, title, region);
   return 0;
 }

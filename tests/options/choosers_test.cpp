@@ -2,8 +2,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "options/open_dialog.h"
 #include "options/open_options.h"
+#include "options/page_parts.h"
 
 namespace quillbox {
 namespace {
@@ -127,7 +127,7 @@ TEST_F(Choosers, ListThePersonsSoundsBeforeTheProgramsAndInItsPlace) {
   const ApplicationFolder folder("/app", "/data", '/');
   const ProgramContext program{state_, store_, ports_, folder, region_, build_};
   ChangeMark mark;
-  OpenDialog dialog(host_.Chooser, '/');
+  OpenDialog dialog(host_.Chooser);
   SoundsFrame page(program, mark, dialog);
   page.LoadSoundsFrame();
   EXPECT_THAT(page.Combo11.Items(),

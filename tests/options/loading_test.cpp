@@ -65,18 +65,6 @@ TEST_F(OpenOptions, ShowsWhatIsStored) {
   }
 }
 
-TEST_F(OpenOptions, FillsItsLists) {
-  Open();
-  EXPECT_EQ(JoinText(Form().TrayIconFrame.Combo5.Items(), "|"),
-            "No Action|Open primary AdSense account|Open Quillbox Options|"
-            "Refresh tooltip information|Visit Tarnwick Works");
-  EXPECT_EQ(Form().TrayIconFrame.Combo1.Items(), Form().TrayIconFrame.Combo5.Items());
-  EXPECT_EQ(JoinText(Form().TrayTooltipFrame.Combo7.Items(), "|"),
-            "AdSense for Content|AdSense for Search|Referrals|All");
-  EXPECT_EQ(Form().AutoUpdateFrame.Combo4.Items().size(), 18U);
-  EXPECT_EQ(Form().SoundsFrame.Combo10.Items().size(), 6U);
-}
-
 TEST_F(OpenOptions, TakesTheProxyFromTheStateAndTheStartUpFromTheSystemToo) {
   state_.ProxyUsername = "ann";
   state_.ProxyPassword = "secret";

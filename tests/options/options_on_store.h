@@ -36,7 +36,7 @@ class OptionsOnStore {
   SettingsStore store_;
   ProgramContext program_{state_, store_, ports_, folder_, region_, build_};
   AutoUpdate autoUpdate_{program_};
-  OpenDialog dialog_{host_.Chooser, '/'};
+  OpenDialog dialog_{host_.Chooser};
   Opts form_{program_, autoUpdate_, dialog_};
 };
 

@@ -5,7 +5,6 @@
 #include <random>
 
 #include "region/regional_settings.h"
-#include "reports/channel_list.h"
 #include "text/text_list.h"
 
 namespace quillbox {
@@ -132,16 +131,16 @@ std::string RandomName(std::mt19937_64& random) {
   return name;
 }
 
-TEST(ChannelList, IsWhatASearchOfTheTextGives) {
+TEST(ReportData, ListsChannelsAsASearchOfTheTextGives) {
   std::mt19937_64 random(5);
   for (int round = 0; round < 300; ++round) {
-    std::vector<std::string> names(static_cast<std::size_t>(round) % 40);
-    for (std::string& name : names) name = RandomName(random);
-    for (const std::size_t mostSearched : {std::size_t{0}, std::size_t{200}, names.max_size()}) {
-      ChannelList list(mostSearched);
-      for (const std::string& name : names) list.Add(name);
-      ASSERT_EQ(list.Names(), Defined(names)) << "round " << round << ", " << mostSearched;
+    std::vector<std::string> names(static_cast<std::size_t>(round) % 40 + 1);
+    std::string days;
+    for (std::string& name : names) {
+      name = RandomName(random);
+      days += "1/1/2007\t" + name + "\t1\t1\n";
     }
+    ASSERT_EQ(Built(Report(days), kChannelClicks)->Channels, Defined(names)) << "round " << round;
   }
 }
 

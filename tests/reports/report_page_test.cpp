@@ -3,7 +3,6 @@
 
 #include <string>
 
-#include "reports/page_files.h"
 #include "reports/report_page.h"
 #include "reports/report_request.h"
 #include "simulated/simulated_files.h"

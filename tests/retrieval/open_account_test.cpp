@@ -6,7 +6,6 @@
 #include <string>
 #include <vector>
 
-#include "retrieval/sign_in_address.h"
 #include "simulated/context_on_state.h"
 
 namespace quillbox {

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "about/about_win.h"
-#include "retrieval/sign_in_address.h"
+#include "retrieval/open_account.h"
 #include "shell/form_on_state.h"
 #include "simulated/used_program.h"
 

@@ -1,4 +1,4 @@
-#include "config/find_sound_file.h"
+#include "config/application_folder.h"
 
 #include <gtest/gtest.h>
 

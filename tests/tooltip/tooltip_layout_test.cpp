@@ -1,8 +1,7 @@
 // What stands where in the window, and where the window stands.
 #include <gtest/gtest.h>
 
-#include "tooltip/tooltip_layout.h"
-#include "tooltip/tooltip_placement.h"
+#include "tooltip/tooltip_picture.h"
 
 namespace quillbox {
 namespace {

@@ -1,4 +1,4 @@
-#include "options/stored_field.h"
+#include "options/page_parts.h"
 
 #include "region/failure_rule.h"
 
@@ -22,6 +22,18 @@ void SelectStored(ListField& list, SettingsStore& store, const SettingKey& key,
   if (!stored.empty()) return SelectEntry(list, stored);
   SelectEntry(list, whenEmpty);
   store.WriteSetting(key, whenEmpty);
+}
+
+std::optional<std::string> OpenDialog::OpenFileDialog(FileQuestion question) {
+  question.File = lastFile_;
+  std::optional<std::string> chosen = chooser_.Choose(question);
+  if (chosen) lastFile_ = *chosen;
+  return chosen;
+}
+
+std::string FileNameOf(std::string_view path, char separator) {
+  const char separators[] = {'\\', separator};
+  return std::string(path.substr(path.find_last_of(std::string_view(separators, 2)) + 1));
 }
 
 }  // namespace quillbox

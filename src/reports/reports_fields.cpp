@@ -1,4 +1,4 @@
-#include "reports/window_layout.h"
+#include "reports/reports_fields.h"
 
 #include <algorithm>
 

@@ -1,8 +1,9 @@
-#include "shell/tooltip_hover.h"
+#include "shell/tray_mouse.h"
 
 #include <chrono>
+#include <utility>
 
-#include "config/program_files.h"
+#include "config/application_folder.h"
 #include "platform/tooltip_window.h"
 #include "tooltip/tooltip_picture.h"
 
@@ -15,6 +16,8 @@ constexpr std::chrono::milliseconds kRest{400};
 PixelPoint LastHover(const AppState& state) {
   return {state.HoverX, state.HoverY};
 }
+
+constexpr std::chrono::milliseconds kDoubleClick{200};
 
 }  // namespace
 
@@ -66,6 +69,31 @@ void TooltipHover::UnloadTooltipWin() {
   program_.State.TooltipShowing = false;
   loaded_ = false;
   program_.Host.Tooltip.Close();
+}
+
+TrayClicks::TrayClicks(const ProgramContext& program, std::function<void(const std::string&)> run)
+    : program_(program), run_(std::move(run)) {
+  Timer4_ = program.Host.TimerSource.NewTimer(kDoubleClick, [this] { Timer4_Timer(); });
+}
+
+TrayClicks::~TrayClicks() = default;
+
+void TrayClicks::LeftDown() {
+  Timer4_->SetEnabled(true);
+}
+
+void TrayClicks::DoubleClick() {
+  if (!Timer4_->Enabled()) return;
+  Timer4_->SetEnabled(false);
+  run_(program_.State.TrayAction);
+}
+
+// Disabled before the action, which may pump events: a double click that comes too late for this
+// click must find it so. Disabled again afterwards, to drop clicks made meanwhile.
+void TrayClicks::Timer4_Timer() {
+  Timer4_->SetEnabled(false);
+  run_(program_.State.TraySingleAction);
+  Timer4_->SetEnabled(false);
 }
 
 }  // namespace quillbox

@@ -1,8 +1,8 @@
-#include "config/find_sound_file.h"
+#include "config/application_folder.h"
 
 #include <filesystem>
+#include <vector>
 
-#include "config/program_files.h"
 #include "config/setting_keys.h"
 #include "text/code_page.h"
 
@@ -26,6 +26,16 @@ std::optional<std::string> FindName(Files& files, const ApplicationFolder& folde
 }
 
 }  // namespace
+
+std::string FindProgramFile(Files& files, const ApplicationFolder& folder, std::string_view name) {
+  const std::string wanted(name);
+  if (std::string path = folder.DataFile(name); files.Exists(path)) return path;
+  for (const std::string& place : {folder.DataFolder(), folder.ProgramFolder()}) {
+    const std::vector<std::string> found = files.List(place, wanted);
+    if (!found.empty()) return place + folder.Separator() + found.front();
+  }
+  return folder.DataFile(name);
+}
 
 std::optional<std::string> FindSoundFile(Files& files, const ApplicationFolder& folder,
                                          const std::string& sound) {
