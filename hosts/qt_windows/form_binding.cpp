@@ -12,6 +12,7 @@
 #include <optional>
 #include <utility>
 
+#include "forms/controls.h"
 #include "qt_base/icon_picture.h"
 #include "qt_base/unicode_text.h"
 #include "text/text_list.h"
