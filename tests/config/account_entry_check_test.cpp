@@ -29,7 +29,7 @@ TEST(AccountEntryCheck, NamesTheProblemAndItsField) {
       {{{"a"}, {"m"}, {"p"}}, kFile, {}},
       {{{"a\tb"}, {"m"}, {"p"}}, kPerUser, kCharacter},
       {{{"a"}, {"m\x1A"}, {"p"}}, kPerUser, kCharacter, kUsername},
-      {{{"a"}, {"m"}, {"\x7F"}}, kPerUser, kCharacter, kPassword},
+      {{{"a"}, {"m"}, {"\x7F"}}, kPerUser, kCharacter, kSecret},
       // keys
       {{{"a", "A IMPRESSIONS"}, {"m", "m"}, {"p", "p"}}, kPerUser, kKeyTaken},
       {{{"a Impressions", "A"}, {"m", "m"}, {"p", "p"}}, kPerUser, kKeyTaken},
@@ -44,18 +44,18 @@ TEST(AccountEntryCheck, NamesTheProblemAndItsField) {
       {{{"a;[] b"}, {" =m "}, {" p "}}, kFile, {}},
       // bars
       {{{"a|||b"}, {"m"}, {"p"}}, kPerUser, kThreeBars},
-      {{{"a"}, {"m"}, {"{zy"}}, kPerUser, kThreeBars, kPassword},  // scrambled
-      {{{"a"}, {"m"}, {"a|||"}}, kPerUser, kThreeBars, kPassword},
+      {{{"a"}, {"m"}, {"{zy"}}, kPerUser, kThreeBars, kSecret},  // scrambled
+      {{{"a"}, {"m"}, {"a|||"}}, kPerUser, kThreeBars, kSecret},
       {{{"||a"}, {"|m"}, {"||p"}}, kFile, {}},
       {{{"a|"}, {"m"}, {"p"}}, kPerUser, kBarAtEnd},
       {{{"a"}, {"m|"}, {"p"}}, kFile, kBarAtEnd, kUsername},
-      {{{"a"}, {"m"}, {"p|"}}, kPerUser, kBarAtEnd, kPassword},
-      {{{"a"}, {"m"}, {"basement"}}, kPerUser, kBarAtEnd, kPassword},
+      {{{"a"}, {"m"}, {"p|"}}, kPerUser, kBarAtEnd, kSecret},
+      {{{"a"}, {"m"}, {"basement"}}, kPerUser, kBarAtEnd, kSecret},
       // others are none of the entered one's fault
       {{{"a|", "b"}, {"m||", "m"}, {"basement", "p"}}, kFile, {}},
       {{{"a", "b"}, {"m", "m"}, {"{zy", "p"}}, kPerUser, {}},
       // range and length
-      {{{"a"}, {"m"}, {tooFar}}, kPerUser, kPasswordRange, kPassword},
+      {{{"a"}, {"m"}, {tooFar}}, kPerUser, kPasswordRange, kSecret},
       {{{"a"}, {a749}, {"p"}}, kFile, {}},
       {{{"a"}, {a749 + "b"}, {"p"}}, kFile, kTooLong, kUsername},
       {{{"a"}, {a749 + "b"}, {"p"}}, kPerUser, {}},
