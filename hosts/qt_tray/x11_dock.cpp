@@ -49,6 +49,7 @@ X11Dock::X11Dock(std::uint32_t tray, std::function<void(TrayMouse)> report)
   setMouseTracking(true);
   setMinimumSize(kSide, kSide);
   resize(kSide, kSide);
+  qApp->installNativeEventFilter(this);
   AskToBeTakenIn(tray);
 }
 
@@ -77,14 +78,23 @@ void X11Dock::AskToBeTakenIn(std::uint32_t tray) {
   xcb_flush(connection);
 }
 
-// Shown before, the icon would lie on the desktop, and some trays would not heed its size.
-bool X11Dock::nativeEvent(const QByteArray& type, void* message, qintptr* result) {
+// Shown before, the icon would lie on the desktop, and some trays would not heed its size. Qt keeps
+// this event from windows, so that it is caught before Qt looks at it.
+bool X11Dock::nativeEventFilter(const QByteArray& type, void* message, qintptr*) {
   const auto* const event = static_cast<const xcb_reparent_notify_event_t*>(message);
   if (type == "xcb_generic_event_t" && (event->response_type & 0x7F) == XCB_REPARENT_NOTIFY &&
-      event->parent != RootWindow(ConnectionOfQt())) {
-    QMetaObject::invokeMethod(this, &QWidget::show, Qt::QueuedConnection);
+      event->window == winId() && event->parent != RootWindow(ConnectionOfQt())) {
+    QMetaObject::invokeMethod(this, &X11Dock::ShowInTray, Qt::QueuedConnection);
   }
-  return QWidget::nativeEvent(type, message, result);
+  return false;
+}
+
+// The tray may have mapped the window already. Qt was deaf to what the server said of it then, and
+// draws nothing until it hears it again.
+void X11Dock::ShowInTray() {
+  show();
+  xcb_clear_area(ConnectionOfQt(), 1, static_cast<xcb_window_t>(winId()), 0, 0, 0, 0);
+  xcb_flush(ConnectionOfQt());
 }
 
 void X11Dock::SetPicture(const QIcon& picture) {

@@ -1,6 +1,7 @@
 // The icon as a window of ours that an X11 tray takes in.
 #pragma once
 
+#include <QAbstractNativeEventFilter>
 #include <QIcon>
 #include <QPoint>
 #include <QWidget>
@@ -13,7 +14,7 @@
 namespace quillbox {
 
 // Every event of the mouse is seen as it happens.
-class X11Dock : public QWidget {
+class X11Dock : public QWidget, QAbstractNativeEventFilter {
  public:
   // `tray` is the tray's window. `report` is called while Qt handles the event, so it must not run
   // an event loop, nor throw the icon away.
@@ -31,10 +32,11 @@ class X11Dock : public QWidget {
  protected:
   bool event(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
-  bool nativeEvent(const QByteArray& type, void* message, qintptr* result) override;
 
  private:
+  bool nativeEventFilter(const QByteArray& type, void* message, qintptr* result) override;
   void AskToBeTakenIn(std::uint32_t tray);
+  void ShowInTray();
 
   const std::function<void(TrayMouse)> report_;
   const bool seeThrough_;  // the tray mixes the icon's pixels with its own

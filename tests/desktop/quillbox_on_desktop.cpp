@@ -1,5 +1,6 @@
 #include "desktop/quillbox_on_desktop.h"
 
+#include <QImage>
 #include <QThread>
 #include <cstdlib>
 #include <utility>
@@ -55,6 +56,7 @@ void QuillboxOnDesktop::DockIcon() {
   desktop_.StartTray();
   quillbox_ = StartQuillbox();
   ASSERT_TRUE(IconComes());
+  EXPECT_TRUE(ComesAbout([&] { return IconIsDrawn(); })) << "the tray holds an empty window";
 }
 
 bool QuillboxOnDesktop::IconComes() {
@@ -63,6 +65,22 @@ bool QuillboxOnDesktop::IconComes() {
     return DockedIcons(desktop_).size() == 1;
   });
 }
+
+bool QuillboxOnDesktop::IconIsDrawn() {
+  const std::vector<QPoint> icons = DockedIcons(desktop_);
+  if (icons.empty()) return false;
+  const QString file = QString::fromStdString(Path("icon.png"));
+  desktop_.Output("import", {"-window", "root", "-crop",
+                             QString("16x16+%1+%2").arg(icons[0].x() - 8).arg(icons[0].y() - 8),
+                             "+repage", file});
+  const QImage picture(file);
+  for (int i = 0; i < picture.width() * picture.height(); ++i) {
+    const QColor dot = picture.pixelColor(i % picture.width(), i / picture.width());
+    if (dot.green() > dot.red() + 60) return true;  // of the quill's feather
+  }
+  return false;
+}
+
 bool QuillboxOnDesktop::IconGoes() {
   return ComesAbout([&] { return DockedIcons(desktop_).empty(); });
 }

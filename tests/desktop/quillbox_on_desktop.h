@@ -38,6 +38,7 @@ class QuillboxOnDesktop : public testing::Test {
   void DockIcon();
 
   bool IconComes();
+  bool IconIsDrawn();
   bool IconGoes();
 
   // Windows of any program, by their whole title. One comes when it is shown and gets the keys; one
