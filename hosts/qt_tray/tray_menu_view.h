@@ -9,7 +9,7 @@
 namespace quillbox {
 
 // Appends these items. `onChosen` gets a copy of the item that the person chooses. An item's
-// designed name is its action's object name.
+// fixed name is its action's object name.
 void FillMenu(QMenu& menu, const Menu& items, const std::function<void(const MenuItem&)>& onChosen);
 
 }  // namespace quillbox

@@ -33,7 +33,7 @@ QJsonObject FieldMessage(const ListField& field);
 QJsonObject FieldMessage(const Button& field);
 void TakeField(const QJsonObject& message, ReportsFields& fields);
 
-// The list of that designed name; null when there is none.
+// The list of that fixed name; null when there is none.
 ListField* FindList(ReportsFields& fields, const QString& name);
 
 // Calls `act` for each list of the window.

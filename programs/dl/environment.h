@@ -9,7 +9,7 @@
 
 namespace quillbox {
 
-// Where the service of today is. Each address is of https and has neither query nor slash at its
+// Where the current API is. Each address is of https and has neither query nor slash at its
 // end.
 struct ServiceAddresses {
   std::string Consent;  // the page on which a person consents

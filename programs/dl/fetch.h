@@ -14,7 +14,7 @@ struct Fetched {
   std::string Body;  // as received; has meaning with kSuccess alone
 };
 
-// Where the password is a grant's name, the report is fetched from the service of today, in the
+// Where the password is a grant's name, the report is fetched from the current API, in the
 // same form. A signed-in request whose address is not https sends nothing and gives kNotSecure; an
 // address that can't be understood gives kNoConnection.
 Fetched Fetch(Session& session, const AgentRequest& request);

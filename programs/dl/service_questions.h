@@ -1,4 +1,4 @@
-// Questions to the service of today, each put again when a moment may help.
+// Questions to the current API, each put again when a moment may help.
 #pragma once
 
 #include <string>

@@ -1,4 +1,4 @@
-// What answers of the reporting service become: reports of old, result codes, accounts, tokens.
+// What answers of the reporting service become: legacy reports, result codes, accounts, tokens.
 #include <gtest/gtest.h>
 
 #include "api/channel_cells.h"

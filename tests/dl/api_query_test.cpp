@@ -1,4 +1,4 @@
-// What the addresses of the program become at the reporting service of today.
+// What the addresses of the program become at the current API.
 #include "api/report_query.h"
 
 #include <gtest/gtest.h>

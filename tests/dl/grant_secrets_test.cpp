@@ -1,4 +1,4 @@
-// A service of today that wants more than it should get, or answers in ways of its own: where
+// A service that wants more than it should get, or answers in ways of its own: where
 // grants and tokens go, and how often it is asked.
 #include <gmock/gmock.h>
 

@@ -1,4 +1,4 @@
-// `dl` with a grant in the place of the password, against the demo's service of today.
+// `dl` with a grant in the place of the password, against the demo's current API.
 #include <gmock/gmock.h>
 
 #include <sys/stat.h>

@@ -1,4 +1,4 @@
-// Which columns of the reporting service make the columns of a report of old.
+// Which columns of the reporting service make the columns of a legacy report.
 #pragma once
 
 #include <string_view>

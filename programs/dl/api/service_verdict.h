@@ -1,4 +1,4 @@
-// What an answer of the service of today means for the run.
+// What an answer of the current API means for the run.
 #pragma once
 
 #include <string>

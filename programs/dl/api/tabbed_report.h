@@ -1,4 +1,4 @@
-// An answer of the reporting service in the form of a report of old.
+// An answer of the reporting service in the form of a legacy report.
 #pragma once
 
 #include <cstddef>

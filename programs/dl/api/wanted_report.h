@@ -1,4 +1,4 @@
-// What the program asks for: the address of a report of old, read.
+// What the program asks for: the address of a legacy report, read.
 #pragma once
 
 #include <optional>
