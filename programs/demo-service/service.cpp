@@ -10,10 +10,6 @@
 #include <stdexcept>
 #include <string_view>
 
-#include "error_answers.h"
-#include "reports/report_query.h"
-#include "reports/report_table.h"
-
 namespace quillbox {
 namespace {
 
@@ -59,7 +55,7 @@ Service::Service(const ServiceOptions& options)
       good_(authority_.Issue({.Names = kNames})),
       wrongName_(authority_.Issue({.Names = "DNS:elsewhere.example.test"})),
       untrusted_(ThrowawayAuthority("Quillbox demo authority").Issue({.Names = kNames})),
-      signIns_(options.Accounts),
+      legacy_(options, clock_),
       grants_(options.Api.Grants, options.Api.TokenLife, options.Api.Refreshes,
               options.Api.Revokes),
       consent_(options.Api, EmailsOf(options), grants_),
@@ -78,9 +74,64 @@ Service::Service(const ServiceOptions& options)
   server_.set_socket_options(ReuseAddressAlone);
   server_.new_task_queue = [] { return new httplib::ThreadPool(kWorkers); };
   server_.set_keep_alive_timeout(1);
-  AddOldRoutes();
+  AddLegacyRoutes();
   AddApiRoutes();
   AddFaultRoute();
+}
+
+void Service::AddLegacyRoutes() {
+  const Maker signIn = [this](const auto& request, const auto& account) {
+    return legacy_.SignIn(account, request.get_param_value("Passwd"));
+  };
+  const Maker report = [this](const auto& request, const auto& account) {
+    return legacy_.Report(request.params, account);
+  };
+  AddRoute("POST", "/accounts/ServiceLoginAuth", signIn);
+  AddRoute("GET", "/accounts/ServiceLoginAuth", signIn);
+  AddRoute("GET", "/adsense/gaiaauth", [](const auto&, const std::string& account) {
+    return account.empty() ? SignInPage() : PlainPage(200, "Welcome, you are signed in.");
+  });
+  AddRoute("GET", "/adsense/report/aggregate", report);
+  AddRoute("GET", "/adsense/report/referrals", report);
+  // Without a line end: readers of the version count each character.
+  AddRoute("GET", "/versionqb.txt", [this](const auto&, const auto&) {
+    return GoodAnswer{200, options_.VersionText, "text/plain"};
+  });
+}
+
+void Service::AddApiRoutes() {
+  AddRoute("GET", "/authorize",
+           [this](const auto& request, const auto&) { return consent_.Ask(request.params); });
+  AddRoute("POST", "/authorize",
+           [this](const auto& request, const auto&) { return consent_.Decide(request.params); });
+  AddRoute("POST", "/token",
+           [this](const auto& request, const auto&) { return tokens_.Token(request.params); });
+  AddRoute("POST", "/revoke",
+           [this](const auto& request, const auto&) { return tokens_.Revoke(request.params); });
+  AddRoute("GET", "/v2/accounts", [this](const auto& request, const auto& account) {
+    return api_.Accounts(QueryFields(request.target), account);
+  });
+  AddRoute("GET", "/v2/accounts/([^/]+)/reports:generate",
+           [this](const auto& request, const auto& account) {
+             return api_.Report(QueryFields(request.target), request.matches[1], account);
+           });
+  AddRoute("GET", "/v2/.*",
+           [](const auto&, const auto&) { return ApiError(404, "There is no such method."); });
+}
+
+void Service::AddFaultRoute() {
+  const auto switchFault = [this](const httplib::Request& request, httplib::Response& response) {
+    SwitchFault(request, response);
+  };
+  server_.Get("/demo/fail", switchFault);
+  server_.Post("/demo/fail", switchFault);
+}
+
+void Service::AddRoute(const char* method, const char* path, const Maker& make) {
+  const auto handler = [this, make](const httplib::Request& request, httplib::Response& response) {
+    AnswerRequest(make, request, response);
+  };
+  std::string_view(method) == "POST" ? server_.Post(path, handler) : server_.Get(path, handler);
 }
 
 int Service::ChooseCertificate(SSL* connection) const {
@@ -135,25 +186,7 @@ std::string Service::AccountOf(const httplib::Request& request) const {
     const std::string header = request.get_header_value("Authorization");
     return header.starts_with(kBearer) ? grants_.AccountOf(header.substr(kBearer.size())) : "";
   }
-  return signIns_.AccountOf(request.get_header_value("Cookie"));
-}
-
-GoodAnswer Service::SignIn(const httplib::Request& request, const std::string& account) {
-  const std::string cookie = signIns_.Open(account, request.get_param_value("Passwd"));
-  if (cookie.empty()) return SignInPage();
-  return {302,
-          "OK\n",
-          "text/plain",
-          {{"Set-Cookie", kCookiePrefix + cookie + "; Path=/; Secure; HttpOnly"},
-           {"Location", "/adsense/gaiaauth"}}};
-}
-
-GoodAnswer Service::Report(const httplib::Request& request, const std::string& account) const {
-  if (account.empty()) return SignInPage();
-  const auto query = ParseReportQuery(request.params);
-  if (!query) return {400, "No such report\n", "text/plain"};
-  return {200, ReportTable(*query, options_.Seed, account, clock_.Now()),
-          "text/tab-separated-values"};
+  return legacy_.AccountOf(request.get_header_value("Cookie"));
 }
 
 void Service::SwitchFault(const httplib::Request& request, httplib::Response& response) {

@@ -6,16 +6,14 @@
 #include <functional>
 #include <string>
 
+#include "answers.h"
 #include "api_pages.h"
-#include "certificates/throwaway_authority.h"
-#include "consent_page.h"
-#include "demo_clock.h"
-#include "faults/fault_switch.h"
-#include "faulty_answer.h"
-#include "oauth/grants.h"
+#include "faults.h"
+#include "figures.h"
+#include "grants.h"
+#include "legacy_pages.h"
 #include "service_options.h"
-#include "sign_ins.h"
-#include "token_pages.h"
+#include "throwaway_authority.h"
 
 namespace quillbox {
 
@@ -42,7 +40,7 @@ class Service {
   using Maker =
       std::function<GoodAnswer(const httplib::Request& request, const std::string& account)>;
 
-  void AddOldRoutes();
+  void AddLegacyRoutes();
   void AddApiRoutes();
   void AddFaultRoute();
   void AddRoute(const char* method, const char* path, const Maker& make);
@@ -51,8 +49,6 @@ class Service {
   std::string AccountOf(const httplib::Request& request) const;
   int ChooseCertificate(SSL* connection) const;
 
-  GoodAnswer SignIn(const httplib::Request& request, const std::string& account);
-  GoodAnswer Report(const httplib::Request& request, const std::string& account) const;
   void SwitchFault(const httplib::Request& request, httplib::Response& response);
 
   const ServiceOptions options_;
@@ -62,7 +58,7 @@ class Service {
   const Certificate wrongName_;
   const Certificate untrusted_;
   FaultSwitch faults_;
-  SignIns signIns_;
+  LegacyPages legacy_;
   Grants grants_;
   ConsentPage consent_;
   TokenPages tokens_;

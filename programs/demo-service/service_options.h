@@ -8,9 +8,9 @@
 #include <string>
 #include <vector>
 
-#include "api/report_request.h"
-#include "faults/fault_rule.h"
-#include "oauth/grants.h"
+#include "faults.h"
+#include "grants.h"
+#include "report_request.h"
 
 namespace CLI {
 class App;

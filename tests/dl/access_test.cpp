@@ -1,8 +1,8 @@
 // Access to the demo service's API: who is let in, and for how long.
 #include <gtest/gtest.h>
 
-#include "oauth/authorization.h"
-#include "oauth/grants.h"
+#include "authorization.h"
+#include "grants.h"
 
 namespace quillbox {
 namespace {

@@ -1,13 +1,13 @@
 // The reports of the demo service's API: the same figures as in the old ones, in today's form.
-#include "api/report_rows.h"
+#include "report_answer.h"
 
 #include <gmock/gmock.h>
 
 #include <cstdio>
 
-#include "oauth/form_fields.h"
-#include "reports/day_figures.h"
-#include "reports/report_table.h"
+#include "authorization.h"
+#include "figures.h"
+#include "legacy_report.h"
 #include "text/text_list.h"
 
 namespace quillbox {

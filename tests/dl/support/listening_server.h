@@ -12,7 +12,7 @@
 #include <utility>
 #include <vector>
 
-#include "certificates/throwaway_authority.h"
+#include "throwaway_authority.h"
 
 namespace quillbox {
 

@@ -13,8 +13,8 @@
 #include <string_view>
 #include <thread>
 
-#include "certificates/throwaway_authority.h"
 #include "dl/support/listening_program.h"
+#include "throwaway_authority.h"
 
 namespace quillbox {
 
