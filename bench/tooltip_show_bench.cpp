@@ -12,7 +12,7 @@
 #include <string>
 #include <vector>
 
-#include "qt_tray/qt_tooltip_window.h"
+#include "qt_tray/tooltip_window.h"
 #include "system/system_files.h"
 #include "tooltip/tooltip_picture.h"
 

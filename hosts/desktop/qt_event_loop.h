@@ -1,11 +1,15 @@
-// Qt's event loop: its timers, pumping in it, and the way out of the process.
+// Ports on Qt's event loop: timers, pumping, single instance, and the way out of the process.
 #pragma once
 
+#include <QSocketNotifier>
 #include <functional>
+#include <memory>
 #include <utility>
 
+#include "platform/host.h"
 #include "platform/process.h"
 #include "platform/timing.h"
+#include "system/instance_gate.h"
 
 namespace quillbox {
 
@@ -17,14 +21,12 @@ class QtTimers : public Timers {
                                   std::function<void()> onTick) override;
 };
 
-// Pumping in Qt's event loop.
 class QtEventPump : public EventPump {
  public:
   void PumpEvents() override;
   void Sleep(std::chrono::milliseconds duration) override;
 };
 
-// The way out of the process.
 class QtProgramExit : public ProgramExit {
  public:
   // `lastActs` ends what must not outlive the process.
@@ -34,6 +36,26 @@ class QtProgramExit : public ProgramExit {
 
  private:
   std::function<void()> lastActs_;
+};
+
+// Through the gate in the user's runtime folder.
+class LocalSingleInstance : public SingleInstance {
+ public:
+  LocalSingleInstance();
+
+  // Where QuillboxLaunched is reported.
+  void Connect(HostEvents& events) { events_ = &events; }
+
+  bool AnotherInstanceRuns() override;
+  void WakeRunningInstance() override;
+
+  // Later starts find nobody to wake.
+  void Close();
+
+ private:
+  InstanceGate gate_;
+  std::unique_ptr<QSocketNotifier> knocks_;
+  HostEvents* events_ = nullptr;
 };
 
 }  // namespace quillbox

@@ -1,8 +1,11 @@
 // The tray menu as an object on the bus, for hosts that show it themselves.
 #pragma once
 
+#include <QDBusArgument>
 #include <QDBusMessage>
+#include <QDBusVariant>
 #include <QDBusVirtualObject>
+#include <QStringList>
 #include <QVariant>
 #include <functional>
 #include <optional>
@@ -11,6 +14,50 @@
 #include "platform/tray.h"
 
 namespace quillbox {
+
+// What com.canonical.dbusmenu sends over the bus.
+
+// (ia{sv}av): an item with what it opens.
+struct MenuLayout {
+  int Id = 0;
+  QVariantMap Properties;
+  QVariantList Children;
+};
+
+// (ia{sv})
+struct MenuItemProperties {
+  int Id = 0;
+  QVariantMap Properties;
+};
+
+// (ias)
+struct MenuItemNames {
+  int Id = 0;
+  QStringList Names;
+};
+
+// (isvu)
+struct MenuEvent {
+  int Id = 0;
+  QString Event;
+  QDBusVariant Data;
+  uint Time = 0;
+};
+
+QDBusArgument& operator<<(QDBusArgument& out, const MenuLayout& value);
+const QDBusArgument& operator>>(const QDBusArgument& in, MenuLayout& value);
+QDBusArgument& operator<<(QDBusArgument& out, const MenuItemProperties& value);
+const QDBusArgument& operator>>(const QDBusArgument& in, MenuItemProperties& value);
+QDBusArgument& operator<<(QDBusArgument& out, const MenuItemNames& value);
+const QDBusArgument& operator>>(const QDBusArgument& in, MenuItemNames& value);
+QDBusArgument& operator<<(QDBusArgument& out, const MenuEvent& value);
+const QDBusArgument& operator>>(const QDBusArgument& in, MenuEvent& value);
+
+// Before any of them is sent or received.
+void RegisterMenuTypes();
+
+// The interface's description, in XML.
+extern const char kMenuInterface[];
 
 // Speaks com.canonical.dbusmenu. Hosts are told of a change when it is made, and of nothing else:
 // some close an open menu whenever they hear that its layout is another one. A menu with items of

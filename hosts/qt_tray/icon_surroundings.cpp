@@ -2,14 +2,107 @@
 
 #include <QCursor>
 #include <QGuiApplication>
+#include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <optional>
+#include <vector>
 
 #include "qt_tray/panel_rectangle.h"
-#include "qt_tray/x11_panel.h"
+#include "qt_tray/x11_server.h"
 
 namespace quillbox {
 namespace {
+
+struct X11Panel {
+  QRect Area;                          // on the server's screen, in its pixels
+  std::optional<ScreenEdge> KeptEdge;  // the one that it keeps from other windows, if it says so
+};
+
+class Windows {
+ public:
+  explicit Windows(xcb_connection_t* connection) : connection_(connection) {}
+
+  // From the one that lies on the desktop to the innermost.
+  std::vector<xcb_window_t> BelowPointer() const {
+    std::vector<xcb_window_t> windows;
+    xcb_window_t window = RootWindow(connection_);
+    while (true) {
+      const auto pointer = Owned(
+          xcb_query_pointer_reply(connection_, xcb_query_pointer(connection_, window), nullptr));
+      if (!pointer || pointer->child == XCB_WINDOW_NONE) return windows;
+      window = pointer->child;
+      windows.push_back(window);
+    }
+  }
+
+  bool IsDock(xcb_window_t window) const {
+    const auto types = Numbers(window, "_NET_WM_WINDOW_TYPE", XCB_ATOM_ATOM);
+    const xcb_atom_t dock = AtomNamed(connection_, "_NET_WM_WINDOW_TYPE_DOCK");
+    return std::find(types.begin(), types.end(), dock) != types.end();
+  }
+
+  std::optional<ScreenEdge> KeptEdge(xcb_window_t window) const {
+    // Left, right, top, bottom; what follows in the longer one is where along the edge.
+    auto widths = Numbers(window, "_NET_WM_STRUT_PARTIAL", XCB_ATOM_CARDINAL);
+    if (widths.size() < 4) widths = Numbers(window, "_NET_WM_STRUT", XCB_ATOM_CARDINAL);
+    if (widths.size() < 4) return std::nullopt;
+    const auto widest = std::max_element(widths.begin(), widths.begin() + 4);
+    if (*widest == 0) return std::nullopt;
+    constexpr ScreenEdge kOrder[] = {ScreenEdge::kLeft, ScreenEdge::kRight, ScreenEdge::kTop,
+                                     ScreenEdge::kBottom};
+    return kOrder[widest - widths.begin()];
+  }
+
+  // Whether this program made it.
+  bool IsOurs(xcb_window_t window) const {
+    const xcb_setup_t* const setup = xcb_get_setup(connection_);
+    return (window & ~setup->resource_id_mask) == setup->resource_id_base;
+  }
+
+  QRect Area(xcb_window_t window) const {
+    const auto size =
+        Owned(xcb_get_geometry_reply(connection_, xcb_get_geometry(connection_, window), nullptr));
+    const auto corner = Owned(xcb_translate_coordinates_reply(
+        connection_, xcb_translate_coordinates(connection_, window, RootWindow(connection_), 0, 0),
+        nullptr));
+    if (!size || !corner) return {};
+    return {corner->dst_x, corner->dst_y, size->width, size->height};
+  }
+
+ private:
+  std::vector<std::uint32_t> Numbers(xcb_window_t window, std::string_view name,
+                                     xcb_atom_t type) const {
+    const auto property = Owned(xcb_get_property_reply(
+        connection_,
+        xcb_get_property(connection_, 0, window, AtomNamed(connection_, name), type, 0, 12),
+        nullptr));
+    if (!property || property->format != 32) return {};
+    const auto* const first =
+        static_cast<const std::uint32_t*>(xcb_get_property_value(property.get()));
+    return {first, first + property->value_len};
+  }
+
+  xcb_connection_t* connection_;
+};
+
+// The window below the pointer that says of itself that it is a panel, or that has taken in the
+// tray icon of this program. Nothing when there is none, and on other window systems.
+std::optional<X11Panel> PanelBelowPointer() {
+  xcb_connection_t* const connection = ConnectionOfQt();
+  if (connection == nullptr) return std::nullopt;
+  const Windows windows(connection);
+  const std::vector<xcb_window_t> chain = windows.BelowPointer();
+  for (const xcb_window_t window : chain) {
+    const std::optional<ScreenEdge> edge = windows.KeptEdge(window);
+    if (edge || windows.IsDock(window)) return X11Panel{windows.Area(window), edge};
+  }
+  // Not all trays say what they are. A window of ours inside another program's is the icon.
+  if (chain.size() > 1 && !windows.IsOurs(chain.front()) && windows.IsOurs(chain.back())) {
+    return X11Panel{windows.Area(chain.front()), std::nullopt};
+  }
+  return std::nullopt;
+}
 
 // The server counts in the screen's real pixels; both agree on the screen's corner. Rounded
 // outwards, so that a window beside it covers nothing of it.

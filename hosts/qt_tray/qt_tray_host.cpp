@@ -1,11 +1,40 @@
 #include "qt_tray/qt_tray_host.h"
 
+#include <QCursor>
+#include <QGuiApplication>
+#include <QMessageBox>
+#include <QScreen>
 #include <utility>
 
 #include "qt_base/icon_picture.h"
 #include "qt_base/unicode_text.h"
 
 namespace quillbox {
+
+NoTrayNotice::NoTrayNotice(std::chrono::milliseconds wait) {
+  timer_.setSingleShot(true);
+  timer_.setInterval(wait);
+  QObject::connect(&timer_, &QTimer::timeout, [this] { Show(); });
+}
+
+void NoTrayNotice::Begin() {
+  if (!told_ && !timer_.isActive()) timer_.start();
+}
+
+void NoTrayNotice::Show() {
+  told_ = true;
+  auto* const box = new QMessageBox(
+      QMessageBox::Information, "Quillbox",
+      "Quillbox is running, but this desktop has no notification area for its icon.\n\n"
+      "Add one to your panel (it is often called \"Notification Area\", \"System Tray\" or "
+      "\"Status Tray Plugin\"; on GNOME it is the extension \"AppIndicator and KStatusNotifierItem "
+      "Support\"). The icon then appears by itself; you need not start Quillbox again.");
+  box->setObjectName("NoTrayNotice");
+  box->setTextFormat(Qt::PlainText);
+  box->setAttribute(Qt::WA_DeleteOnClose);
+  box->setModal(false);
+  box->show();
+}
 
 QtTrayHost::QtTrayHost()
     : presence_([this] { TrayChanged(); }),
@@ -114,6 +143,19 @@ void QtTrayHost::ShowBalloon(const TrayIconRecord& record) {
 
 bool QtTrayHost::CanShowPicture(const std::string& path) {
   return !PictureFromFile(path).isNull();
+}
+
+PixelPoint DevicePixel(QPoint place, QPoint origin, double ratio) {
+  const QPoint pixel = origin + (QPointF(place - origin) * ratio).toPoint();
+  return {pixel.x(), pixel.y()};
+}
+
+PixelPoint QtCursor::Position() {
+  const QPoint cursor = QCursor::pos();
+  const QPoint place = tray_.LastPlaceOverIcon(cursor).value_or(cursor);
+  const QScreen* const screen = QGuiApplication::screenAt(place);
+  if (screen == nullptr) return {place.x(), place.y()};
+  return DevicePixel(place, screen->geometry().topLeft(), screen->devicePixelRatio());
 }
 
 }  // namespace quillbox

@@ -1,22 +1,41 @@
-// The icon in the tray: its picture, tip, menu and balloons.
+// The icon in the tray: its picture, tip, menu and balloons, the notice that there is no tray, and
+// the cursor over it.
 #pragma once
 
 #include <QObject>
+#include <QPoint>
+#include <QTimer>
+#include <chrono>
 #include <memory>
 #include <optional>
 #include <string>
 
 #include "platform/host.h"
+#include "platform/tooltip_window.h"
 #include "platform/tray.h"
-#include "qt_tray/balloon_window.h"
+#include "qt_tray/balloons.h"
 #include "qt_tray/dbus_menu.h"
-#include "qt_tray/no_tray_notice.h"
-#include "qt_tray/notification_service.h"
 #include "qt_tray/status_notifier_item.h"
 #include "qt_tray/tray_presence.h"
-#include "qt_tray/x11_dock.h"
+#include "qt_tray/x11_tray.h"
 
 namespace quillbox {
+
+// Tells the person, once, that there is no place for the icon.
+class NoTrayNotice {
+ public:
+  explicit NoTrayNotice(std::chrono::milliseconds wait = std::chrono::seconds(10));
+
+  // The person is told when the wait is over, unless Cancel comes first. At most once a run.
+  void Begin();
+  void Cancel() { timer_.stop(); }
+
+ private:
+  void Show();
+
+  QTimer timer_;
+  bool told_ = false;
+};
 
 // Speaks the protocols of both kinds of tray itself: the toolkit's own class waits for an answer of
 // the StatusNotifier service, which may be silent, and decides once a process which kind there is.
@@ -60,5 +79,22 @@ class QtTrayHost : public TrayHost {
   bool wanted_ = false;                      // the program has added its icon and not removed it
   bool shown_ = false;                       // it is in the current tray
 };
+
+// Over the icon it stands where the program was last told: one that moves on within the icon must
+// not seem to have left it, only because the news of the move is still on its way.
+class QtCursor : public Cursor {
+ public:
+  // The tray must outlive this.
+  explicit QtCursor(const QtTrayHost& tray) : tray_(tray) {}
+
+  PixelPoint Position() override;
+
+ private:
+  const QtTrayHost& tray_;
+};
+
+// The device's pixel of a place in Qt's own, on a screen that begins at `origin` in both and has
+// `ratio` of the device's pixels to one of Qt's.
+PixelPoint DevicePixel(QPoint place, QPoint origin, double ratio);
 
 }  // namespace quillbox

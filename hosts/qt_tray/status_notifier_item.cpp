@@ -9,7 +9,6 @@
 #include <QPixmap>
 #include <QStyleHints>
 #include <QtEndian>
-#include <chrono>
 #include <utility>
 
 #include "qt_base/window_system.h"

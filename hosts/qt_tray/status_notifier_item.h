@@ -5,12 +5,30 @@
 #include <QDBusVirtualObject>
 #include <QIcon>
 #include <QString>
+#include <chrono>
 #include <functional>
+#include <optional>
 
 #include "platform/host.h"
-#include "qt_tray/activations.h"
 
 namespace quillbox {
+
+// Tells a double click from the activations of which alone some trays tell.
+class Activations {
+ public:
+  using Clock = std::chrono::steady_clock;
+
+  // What this activation stands for: the second one within the time of a double click is one, and
+  // the next one after it begins anew.
+  TrayMouse Next(Clock::time_point now, std::chrono::milliseconds doubleClickTime) {
+    const bool second = first_ && now - *first_ <= doubleClickTime;
+    first_ = second ? std::nullopt : std::optional(now);
+    return second ? TrayMouse::kLeftDoubleClick : TrayMouse::kLeftDown;
+  }
+
+ private:
+  std::optional<Clock::time_point> first_;
+};
 
 // A StatusNotifier host reports no movement, and of the left button only that the icon was
 // activated; a click with the middle button stands for the cursor that comes over the icon.

@@ -6,7 +6,6 @@
 #include <QKeyEvent>
 #include <QPushButton>
 #include <QShortcut>
-#include <utility>
 
 #include "forms/controls.h"
 #include "qt_base/unicode_text.h"
@@ -70,6 +69,17 @@ QDialogButtonBox* NewOkCancelBox(QDialog* form, Button& ok, Button& cancel) {
   // By itself a dialog takes Escape for its close box.
   OnUnusedEscape(form, [cancelButton] { cancelButton->click(); });
   return box;
+}
+
+void CentreWindow(QWidget* window, const QRect& area) {
+  const QWidget* const owner = window->parentWidget();
+  const QSize frame = owner == nullptr
+                          ? QSize(0, 0)
+                          : owner->window()->frameGeometry().size() - owner->window()->size();
+  window->adjustSize();
+  const QSize size = window->size() + frame;
+  window->move(area.x() + (area.width() - size.width()) / 2,
+               area.y() + (area.height() - size.height()) / 2);
 }
 
 }  // namespace quillbox

@@ -1,9 +1,15 @@
 // The seven pages of the Options dialog on this desktop.
 #pragma once
 
+#include <QIcon>
+#include <QString>
+
 class QWidget;
 
 namespace quillbox {
+
+// The picture by the name of its drawing in assets/pages.
+QIcon PagePicture(const QString& name);
 
 class AdSenseFrame;
 class AutoUpdateFrame;

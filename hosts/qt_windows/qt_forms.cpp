@@ -5,11 +5,10 @@
 
 #include "options/account.h"
 #include "options/opts.h"
-#include "qt_base/spare_memory.h"
+#include "qt_base/own_process.h"
 #include "qt_windows/about_form.h"
-#include "qt_windows/account_form.h"
-#include "qt_windows/close_watcher.h"
 #include "qt_windows/form_binding.h"
+#include "qt_windows/form_dialog.h"
 #include "qt_windows/opts_form.h"
 #include "qt_windows/reports_window.h"
 #include "reports/reports_win.h"

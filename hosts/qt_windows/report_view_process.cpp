@@ -4,7 +4,7 @@
 #include <chrono>
 #include <utility>
 
-#include "qt_base/end_with_parent.h"
+#include "qt_base/own_process.h"
 #include "qt_base/unicode_text.h"
 #include "reports/reports_win.h"
 

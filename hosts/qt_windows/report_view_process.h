@@ -7,8 +7,8 @@
 #include <memory>
 #include <string>
 
+#include "platform/forms.h"
 #include "qt_windows/report_messages.h"
-#include "qt_windows/reports_window.h"
 
 namespace quillbox {
 
@@ -18,7 +18,7 @@ enum class ReportViewEnd { kGone, kNeverReady };
 
 // Starts the process at once. It is ended when this object goes: told to close, and killed when it
 // doesn't. A process that doesn't answer for some 15 seconds is killed too.
-class ReportViewProcess : public ShownReports {
+class ReportViewProcess : public ReportBrowser {
  public:
   // `ended` is called from the event loop, once, when the process has ended by itself; it may
   // destroy this object. `form` must outlive it.

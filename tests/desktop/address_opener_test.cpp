@@ -3,7 +3,7 @@
 #include <sys/stat.h>
 
 #include "desktop/fake_bus_service.h"
-#include "desktop/qt_address_opener.h"
+#include "desktop/started_programs.h"
 #include "system/temporary_folder.h"
 
 namespace quillbox {

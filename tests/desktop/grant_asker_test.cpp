@@ -1,5 +1,5 @@
 // Asking for grants and forgetting them, with a stand-in for the fetch program.
-#include "desktop/fetch_program.h"
+#include "desktop/started_programs.h"
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>

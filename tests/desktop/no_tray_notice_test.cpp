@@ -5,7 +5,7 @@
 #include <QMessageBox>
 
 #include "desktop/fake_bus_service.h"
-#include "qt_tray/no_tray_notice.h"
+#include "qt_tray/qt_tray_host.h"
 
 namespace quillbox {
 namespace {

@@ -1,4 +1,4 @@
-#include "qt_tray/notification_service.h"
+#include "qt_tray/balloons.h"
 
 #include <gtest/gtest.h>
 

@@ -8,7 +8,7 @@
 #include <thread>
 
 #include "desktop/fake_bus_service.h"
-#include "desktop/local_single_instance.h"
+#include "desktop/qt_event_loop.h"
 #include "support/child_process.h"
 #include "support/rounds.h"
 #include "system/instance_gate.h"

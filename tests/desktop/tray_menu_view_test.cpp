@@ -1,4 +1,4 @@
-#include "qt_tray/tray_menu_view.h"
+#include "qt_tray/tray_menu.h"
 
 #include <gmock/gmock.h>
 

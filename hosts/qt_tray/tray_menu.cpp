@@ -1,6 +1,9 @@
-#include "qt_tray/tray_menu_view.h"
+#include "qt_tray/tray_menu.h"
+
+#include <QCursor>
 
 #include "qt_base/unicode_text.h"
+#include "qt_base/window_system.h"
 #include "text/text_list.h"
 
 namespace quillbox {
@@ -48,6 +51,23 @@ void FillMenu(QMenu& menu, const Menu& items, const OnChosen& onChosen) {
       AddItem(menu, item, onChosen);
     }
   }
+}
+
+// There is no window of ours to bring there, and on X11 no need for one: the menu takes the mouse
+// and the keyboard by itself, and a click elsewhere closes it. Where a menu can't, nothing opens it
+// but the tray's host, so the answer only keeps the promise.
+bool QtTrayMenuHost::BringToForeground() {
+  return OnX11();
+}
+
+// A menu of its own each time: what is chosen may pump events for minutes, and the person may open
+// the next one meanwhile.
+void QtTrayMenuHost::PopUp() {
+  if (events_ == nullptr) return;
+  QMenu menu;
+  FillMenu(menu, events_->TrayMenu(),
+           [this](const MenuItem& item) { events_->MenuItemChosen(item); });
+  menu.exec(QCursor::pos());
 }
 
 }  // namespace quillbox

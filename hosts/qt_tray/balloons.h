@@ -1,6 +1,7 @@
-// Balloons through the desktop's notification service.
+// Balloons: through the desktop's notification service, or in a window of our own.
 #pragma once
 
+#include <QFrame>
 #include <QIcon>
 #include <QMap>
 #include <QObject>
@@ -38,5 +39,15 @@ class NotificationService {
 
 // What the service is to be told, plain text in a form that it shows as it is.
 QString BodyFor(const QString& text, bool serviceReadsMarkup);
+
+// For desktops without a notification service. Goes when its time is over or it is clicked.
+class BalloonWindow : public QFrame {
+ public:
+  // `icon`: of the tray's icon, on the screen.
+  BalloonWindow(const Balloon& balloon, const QRect& icon);
+
+ protected:
+  void mousePressEvent(QMouseEvent*) override { hide(); }
+};
 
 }  // namespace quillbox

@@ -1,4 +1,4 @@
-#include "desktop/fetch_program.h"
+#include "desktop/started_programs.h"
 
 #include <sys/stat.h>
 #include <unistd.h>
@@ -6,14 +6,22 @@
 #include <QFile>
 #include <QProcess>
 #include <QProcessEnvironment>
-#include <utility>
+#include <string_view>
 
-#include "qt_base/end_with_parent.h"
+#include "qt_base/own_process.h"
 #include "qt_base/unicode_text.h"
 #include "text/grant_name.h"
 
 namespace quillbox {
 namespace {
+
+struct HandOver {
+  QString Program;   // full path of the fetch program
+  QString Command;   // its argument
+  std::string Line;  // its input, without the line end
+  QProcessEnvironment Environment = QProcessEnvironment::systemEnvironment();
+  mode_t FileMask = 0;  // under which it starts
+};
 
 // It is for the case that the program can't be started, or doesn't read.
 constexpr int kLongestMs = 2000;
@@ -31,8 +39,9 @@ void SetUp(QProcess& process, const HandOver& handOver) {
   });
 }
 
-}  // namespace
-
+// Starts it; it goes on when this program ends. The line has left this program when this returns,
+// since the program may end right then; it is to be short enough for a pipe (64 KiB), or this waits
+// until it is read, two seconds at most. That it can't be started shows nothing.
 // Nobody owns the process: destroying it would end what runs.
 void HandToFetchProgram(const HandOver& handOver) {
   auto* const process = new QProcess;
@@ -44,8 +53,6 @@ void HandToFetchProgram(const HandOver& handOver) {
   process->waitForBytesWritten(kLongestMs);
   if (process->state() == QProcess::NotRunning) process->deleteLater();
 }
-
-namespace {
 
 constexpr char kNoProgram[] =
     "The program \"dl\", which asks for access, is missing or has broken down.";
@@ -139,6 +146,48 @@ void QtGrantAsker::Forget(const std::string& name, const Variables& environment)
                       .Line = name,
                       .Environment = ChangedEnvironment(environment),
                       .FileMask = fileMask_});
+}
+
+namespace {
+
+bool IsAddress(const std::string& target) {
+  for (const std::string_view scheme : {"https://", "http://", "mailto:"}) {
+    if (target.starts_with(scheme)) return true;
+  }
+  return false;
+}
+
+}  // namespace
+
+void QtAddressOpener::Open(const std::string& target) {
+  if (IsAddress(target)) HandToDesktop(ToUnicode(target));
+  if (IsOwnFile(target)) HandToDesktop(QFile::decodeName(target.c_str()));
+}
+
+void QtAddressOpener::OpenPrivately(const std::string& address) {
+  HandToFetchProgram({.Program = QFile::decodeName(folder_.ProgramFile("dl").c_str()),
+                      .Command = "open",
+                      .Line = address,
+                      .FileMask = fileMask_});
+}
+
+// Qt's own way to open an address writes it to the session's log when that fails, and recodes it.
+void QtAddressOpener::HandToDesktop(const QString& target) const {
+  QProcess opener;
+  opener.setProgram("xdg-open");
+  opener.setArguments({target});
+  opener.setStandardInputFile(QProcess::nullDevice());
+  opener.setStandardOutputFile(QProcess::nullDevice());
+  opener.setStandardErrorFile(QProcess::nullDevice());
+  // Qt changes nothing in a process that it detaches; nothing else creates files meanwhile.
+  const mode_t own = ::umask(fileMask_);
+  opener.startDetached();
+  ::umask(own);
+}
+
+bool QtAddressOpener::IsOwnFile(const std::string& path) const {
+  if (path.find("/../") != std::string::npos) return false;
+  return path.starts_with(folder_.ProgramFile("")) || path.starts_with(folder_.DataFile(""));
 }
 
 }  // namespace quillbox

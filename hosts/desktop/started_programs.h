@@ -1,29 +1,19 @@
-// The fetch program on errands with secrets: it makes grants, gives them back, and opens addresses.
+// Programs that are started for the person: the fetch program on errands with secrets, and the
+// desktop's own opener of addresses and files.
 #pragma once
 
 #include <sys/types.h>
 
-#include <QProcessEnvironment>
+#include <QString>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "config/application_folder.h"
 #include "platform/agents.h"
+#include "platform/surroundings.h"
 
 namespace quillbox {
-
-struct HandOver {
-  QString Program;   // full path of the fetch program
-  QString Command;   // its argument
-  std::string Line;  // its input, without the line end
-  QProcessEnvironment Environment = QProcessEnvironment::systemEnvironment();
-  mode_t FileMask = 0;  // under which it starts
-};
-
-// Starts it; it goes on when this program ends. The line has left this program when this returns,
-// since the program may end right then; it is to be short enough for a pipe (64 KiB), or this waits
-// until it is read, two seconds at most. That it can't be started shows nothing.
-void HandToFetchProgram(const HandOver& handOver);
 
 // Grants by the fetch program, which opens the consent page and gives grants back.
 // Each asking is a run of `dl authorize`; it ends with the program, however that ends. Each
@@ -43,6 +33,26 @@ class QtGrantAsker : public GrantAsker {
 
  private:
   const std::string program_;
+  const mode_t fileMask_;
+};
+
+// Hands https, http and mailto addresses and files of the application's folders, and nothing else,
+// to the desktop's own opener (xdg-open), byte for byte but for the encoding; addresses that hold a
+// secret by way of the fetch program (`dl open`). What those write goes nowhere.
+class QtAddressOpener : public AddressOpener {
+ public:
+  // What is opened runs with this file mask, whatever the program's own is.
+  QtAddressOpener(ApplicationFolder folder, mode_t fileMask)
+      : folder_(std::move(folder)), fileMask_(fileMask) {}
+
+  void Open(const std::string& target) override;
+  void OpenPrivately(const std::string& address) override;
+
+ private:
+  void HandToDesktop(const QString& target) const;
+  bool IsOwnFile(const std::string& path) const;
+
+  const ApplicationFolder folder_;
   const mode_t fileMask_;
 };
 

@@ -1,16 +1,59 @@
-#include "qt_windows/qt_file_chooser.h"
+#include "qt_windows/qt_boxes.h"
 
 #include <QApplication>
 #include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QMessageBox>
 #include <QPointer>
 #include <QScreen>
 
 #include "qt_base/unicode_text.h"
-#include "qt_windows/window_place.h"
+#include "qt_windows/form_dialog.h"
 
 namespace quillbox {
+namespace {
+
+QMessageBox::Icon Picture(BoxIcon icon) {
+  switch (icon) {
+    case BoxIcon::kInformation:
+      return QMessageBox::Information;
+    case BoxIcon::kExclamation:
+      return QMessageBox::Warning;
+    case BoxIcon::kNone:
+      break;
+  }
+  return QMessageBox::NoIcon;
+}
+
+BoxAnswer Answer(BoxButtons buttons, int clicked) {
+  if (buttons == BoxButtons::kOk) return BoxAnswer::kOk;
+  return clicked == QMessageBox::Yes ? BoxAnswer::kYes : BoxAnswer::kNo;
+}
+
+}  // namespace
+
+BoxAnswer QtMessageBoxes::Show(const Message& message) {
+  QMessageBox box;
+  box.setObjectName("MessageBox");
+  box.setWindowTitle(ToUnicode(message.Title));
+  box.setTextFormat(Qt::PlainText);
+  box.setText(ToUnicodeLines(message.Text));
+  box.setIcon(Picture(message.Icon));
+  if (message.Buttons == BoxButtons::kYesNo) {
+    box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
+    box.setDefaultButton(QMessageBox::Yes);
+    box.setEscapeButton(QMessageBox::No);
+  }
+  if (message.InForeground) {
+    box.setWindowFlag(Qt::WindowStaysOnTopHint);
+    box.show();
+    box.raise();
+    box.activateWindow();
+  }
+  return Answer(message.Buttons, box.exec());
+}
+
 namespace {
 
 QWidget* OptionsWindow() {
