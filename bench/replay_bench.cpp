@@ -8,7 +8,7 @@
 #include <string>
 
 #include "quillbox-replay/batch.h"
-#include "quillbox-replay/formats/json_writer.h"
+#include "quillbox-replay/formats/json.h"
 
 namespace quillbox {
 namespace {

@@ -19,7 +19,7 @@ endif()
 
 # quillbox_library(<folder name> <include root> [LINKS <target>...])
 # One folder is one static library. LINKS is its permission to include: scripts/check-rooms fails
-# when a file includes a header of a folder that is not reachable through its links.
+# when a file includes a header of a folder that its links don't name.
 function(quillbox_library name root)
   cmake_parse_arguments(ARG "" "" "LINKS" ${ARGN})
   file(GLOB sources CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/*.cpp")

@@ -6,8 +6,8 @@
 
 #include <iostream>
 
-#include "quillbox-replay/formats/json_reader.h"
-#include "quillbox-replay/operations.h"
+#include "quillbox-replay/formats/json.h"
+#include "quillbox-replay/request.h"
 #include "system/system_files.h"
 
 namespace quillbox {

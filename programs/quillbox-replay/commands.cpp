@@ -6,9 +6,17 @@
 #include <iostream>
 #include <memory>
 
+#include "config/atomic_write.h"
+#include "evaluation/report_row.h"
 #include "quillbox-replay/batch.h"
+#include "quillbox-replay/request.h"
 #include "quillbox-replay/script/script_run.h"
+#include "region/date_text.h"
 #include "region/regional_settings.h"
+#include "reports/report_data.h"
+#include "reports/report_page.h"
+#include "system/system_files.h"
+#include "system/system_surroundings.h"
 
 namespace quillbox {
 namespace {
@@ -37,6 +45,62 @@ void AddScriptCommand(CLI::App& program, std::optional<int>& exitCode) {
 void AddBatchCommand(CLI::App& program, std::optional<int>& exitCode) {
   program.add_subcommand("batch", "Answer JSON requests, one a line on standard input")
       ->final_callback([&exitCode] { exitCode = RunBatch(STDIN_FILENO, STDOUT_FILENO); });
+}
+
+namespace {
+
+struct Wish {
+  std::string Title;
+  std::string ReportFile;
+  std::string Region;
+  std::string PageFile;
+};
+
+const ReportTitle& TitleNamed(const std::string& text) {
+  const ReportTitle* const title = FindReportTitle(text);
+  if (title != nullptr) return *title;
+  std::string titles;
+  for (const ReportTitle& known : ReportTitles()) {
+    titles += (titles.empty() ? "" : "; ") + std::string(known.Text);
+  }
+  throw UsageError("unknown report title " + text + "; the titles are: " + titles);
+}
+
+ReportData DataOf(const std::string& file, const ReportTitle& title,
+                  const RegionalSettings& region) {
+  std::optional<std::string> text = SystemFiles().Read(file);
+  if (!text) throw UsageError("can't read the report " + file);
+  std::optional<ReportData> data =
+      BuildReportData(*std::move(text), title, region, YearOf(SystemClock().LocalTime()));
+  if (!data) throw UsageError("there is no data in the report " + file);
+  return *std::move(data);
+}
+
+int MakePage(const Wish& wish) {
+  const ReportTitle& title = TitleNamed(wish.Title);
+  const RegionalSettings region = RegionNamed(wish.Region);
+  const ReportData data = DataOf(wish.ReportFile, title, region);
+  const std::string page =
+      BuildReportPage(data, title.Text, PeriodCharacter(region), CommaCharacter(region));
+  SystemFiles files;
+  if (!WriteAtomically(files, wish.PageFile, page)) {
+    throw UsageError("can't write the page " + wish.PageFile);
+  }
+  std::cout << "Page written to " << wish.PageFile << '\n';
+  return 0;
+}
+
+}  // namespace
+
+void AddReportCommand(CLI::App& program, std::optional<int>& exitCode) {
+  CLI::App* const command = program.add_subcommand("report", "Make the page of a saved report");
+  const auto wish = std::make_shared<Wish>();
+  AddText(*command, "--title", wish->Title, "Title of the report, as the Reports window lists it")
+      ->required();
+  AddText(*command, "--reports", wish->ReportFile, "File of the saved report")->required();
+  AddRegion(*command, wish->Region);
+  AddText(*command, "--out", wish->PageFile, "File of the page, Report.html")->required();
+  command->final_callback([wish, &exitCode] { exitCode = MakePage(*wish); });
 }
 
 CLI::Option* AddText(CLI::App& command, const std::string& name, std::string& text,

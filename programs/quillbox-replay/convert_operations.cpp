@@ -9,7 +9,6 @@
 #include "evaluation/report_row.h"
 #include "options/page_parts.h"
 #include "quillbox-replay/formats/iso_time.h"
-#include "quillbox-replay/operations.h"
 #include "quillbox-replay/request.h"
 #include "region/conversions.h"
 #include "region/date_text.h"

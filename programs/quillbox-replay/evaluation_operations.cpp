@@ -3,7 +3,6 @@
 
 #include "evaluation/account_evaluation.h"
 #include "quillbox-replay/memory_stores.h"
-#include "quillbox-replay/operations.h"
 #include "quillbox-replay/request.h"
 
 namespace quillbox {

@@ -1,6 +1,5 @@
 // What the program asks of the fetch program and the browser, and what it makes of the answers.
 #include "config/setting_keys.h"
-#include "quillbox-replay/operations.h"
 #include "quillbox-replay/request.h"
 #include "region/date_text.h"
 #include "reports/report_data.h"

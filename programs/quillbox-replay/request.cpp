@@ -5,7 +5,6 @@
 #include <charconv>
 
 #include "quillbox-replay/formats/iso_time.h"
-#include "region/regional_settings.h"
 #include "system/system_surroundings.h"
 
 namespace quillbox {

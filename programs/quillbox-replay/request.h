@@ -1,15 +1,15 @@
-// Typed access to what a request holds.
+// What a batch is asked: typed access to what a request holds, and the operations that it names.
 #pragma once
 
 #include <chrono>
 #include <cstdint>
+#include <span>
 #include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "quillbox-replay/formats/json_reader.h"
-#include "quillbox-replay/formats/json_writer.h"
+#include "quillbox-replay/formats/json.h"
 #include "quillbox-replay/memory_stores.h"
 #include "region/regional_settings.h"
 
@@ -66,5 +66,19 @@ MemoryStore SettingsOf(const Request& request);
 
 // The whole store in the same form.
 void WriteSettings(JsonWriter& answer, const MemoryStore& store);
+
+// What a batch knows. Writes the members of its answer. Throws RequestError when the request can't
+// be answered; what it has written by then is dropped.
+struct Operation {
+  std::string_view Name;
+  void (*Run)(const Request& request, JsonWriter& answer);
+};
+
+// One group a file.
+std::span<const Operation> ConvertOperations();
+std::span<const Operation> SettingsOperations();
+std::span<const Operation> EvaluationOperations();
+std::span<const Operation> FetchOperations();
+std::span<const Operation> TooltipOperations();
 
 }  // namespace quillbox

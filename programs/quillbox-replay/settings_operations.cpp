@@ -7,7 +7,6 @@
 #include "config/account_list.h"
 #include "config/profile_file.h"
 #include "quillbox-replay/memory_stores.h"
-#include "quillbox-replay/operations.h"
 #include "quillbox-replay/request.h"
 #include "system/system_files.h"
 

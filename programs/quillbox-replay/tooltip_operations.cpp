@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "quillbox-replay/operations.h"
+#include "quillbox-replay/request.h"
 #include "tooltip/tooltip_picture.h"
 
 namespace quillbox {

@@ -1,17 +1,38 @@
-// The window: a copy of the program's fields above, the caged page below.
+// The window, a copy of the program's fields above and the caged page below, and its link to the
+// program.
 #pragma once
 
+#include <QJsonObject>
 #include <QPointer>
+#include <QSocketNotifier>
 #include <QWebEngineProfile>
 #include <QWebEngineView>
+#include <functional>
 
 #include "cage.h"
-#include "caged_page.h"
-#include "program_link.h"
+#include "qt_windows/report_messages.h"
 #include "qt_windows/reports_form.h"
 #include "reports/reports_fields.h"
 
 namespace quillbox {
+
+// The two pipes to the program.
+class ProgramLink {
+ public:
+  // `take` gets each message of the program, `gone` tells that it has ended.
+  ProgramLink(std::function<void(const QJsonObject&)> take, std::function<void()> gone);
+
+  // What can't be sent because the program has ended is dropped.
+  static void Send(const QJsonObject& message);
+
+ private:
+  void Read();
+
+  std::function<void(const QJsonObject&)> take_;
+  std::function<void()> gone_;
+  ReportMessages messages_;
+  QSocketNotifier notifier_;
+};
 
 class ViewWindow {
  public:

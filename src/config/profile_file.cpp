@@ -113,6 +113,18 @@ std::string ReadProfileValue(std::string_view text, std::string_view section,
   return std::string(FindPlace(text, section, Trimmed(key, kBlankAndTab)).Value.value_or(""));
 }
 
+std::string_view ProfileSection(std::string_view text, std::string_view section) {
+  std::optional<std::size_t> begin;
+  Line line;
+  for (std::size_t at = 0; at < text.size(); at = line.Next) {
+    line = LineAt(text, at);
+    const auto name = SectionName(text.substr(line.Begin, line.End - line.Begin));
+    if (name && begin) return text.substr(*begin, at - *begin);
+    if (name && EqualIgnoringCase(*name, section)) begin = at;
+  }
+  return begin ? text.substr(*begin) : std::string_view();
+}
+
 std::string WithProfileValue(std::string text, std::string_view section, std::string_view key,
                              std::string_view value) {
   key = Trimmed(key, kBlankAndTab);

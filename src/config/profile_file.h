@@ -23,6 +23,10 @@ inline constexpr std::size_t kLargestProfile = 2U << 20U;
 // line that begins with ";" is a comment; text after the "]" of a section line is ignored.
 std::string ReadProfileValue(std::string_view text, std::string_view section, std::string_view key);
 
+// The part of a file's whole text that ReadProfileValue reads for that section, for who wants
+// several of its keys; empty when there is no such section.
+std::string_view ProfileSection(std::string_view text, std::string_view section);
+
 // `text` with the key's line replaced, or added after its section's last line that isn't blank, or
 // with the section added at the end. The key goes out in upper case. All else keeps its bytes, the
 // replaced line's end too; new lines take the file's own line ends (its first one), CR LF in a file

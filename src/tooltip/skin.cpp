@@ -37,8 +37,10 @@ std::optional<SkinColorValue> SkinColor(std::string_view text) {
 
 Skin ReadSkin(Files& files, const std::string& path) {
   const std::string file = ReadProfile(files, path).value_or("");
-  const auto read = [&file](std::string_view key) {
-    const std::string value = ReadProfileValue(file, kSection, key).substr(0, kLongestProfileValue);
+  const std::string_view section = ProfileSection(file, kSection);
+  const auto read = [section](std::string_view key) {
+    const std::string value =
+        ReadProfileValue(section, kSection, key).substr(0, kLongestProfileValue);
     return std::string(Trimmed(value, kBlankAndTab));  // a person may write "FontSize = 10"
   };
   const auto orDefault = [](const std::string& value, const std::string& whenEmpty) {

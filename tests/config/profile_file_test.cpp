@@ -47,6 +47,8 @@ TEST(ProfileText, Reads) {
   for (const Case& c : kCases) {
     EXPECT_EQ(ReadProfileValue(c.Text, c.Section, c.Key), c.Value)
         << ::testing::PrintToString(c.Text) << " " << c.Section << "/" << c.Key;
+    EXPECT_EQ(ReadProfileValue(ProfileSection(c.Text, c.Section), c.Section, c.Key), c.Value)
+        << ::testing::PrintToString(c.Text) << " " << c.Section << "/" << c.Key;
   }
 }
 

@@ -2,7 +2,7 @@
 // the request's id to the letter.
 #include "fuzz/fuzz_input.h"
 #include "quillbox-replay/batch.h"
-#include "quillbox-replay/formats/json_reader.h"
+#include "quillbox-replay/formats/json.h"
 
 namespace {
 

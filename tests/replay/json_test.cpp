@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "quillbox-replay/formats/json_reader.h"
-#include "quillbox-replay/formats/json_writer.h"
+#include "quillbox-replay/formats/json.h"
 #include "text/text_list.h"
 
 namespace quillbox {

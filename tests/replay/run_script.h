@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "quillbox-replay/formats/json_reader.h"
+#include "quillbox-replay/formats/json.h"
 #include "quillbox-replay/script/script_run.h"
 #include "text/code_page.h"
 

@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "platform/forms.h"
-#include "quillbox-replay/formats/json_reader.h"
+#include "quillbox-replay/formats/json.h"
 #include "text/code_page.h"
 
 namespace quillbox {

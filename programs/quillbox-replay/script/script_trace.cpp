@@ -5,7 +5,7 @@
 #include <string>
 
 #include "quillbox-replay/formats/iso_time.h"
-#include "quillbox-replay/formats/json_writer.h"
+#include "quillbox-replay/formats/json.h"
 
 namespace quillbox {
 namespace {
