@@ -17,7 +17,7 @@
 #include <QVariantMap>
 #include <algorithm>
 
-#include "qt_tray/panel_rectangle.h"
+#include "qt_tray/icon_surroundings.h"
 
 namespace quillbox {
 

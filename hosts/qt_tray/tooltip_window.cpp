@@ -9,7 +9,6 @@
 #include "qt_base/own_process.h"
 #include "qt_base/unicode_text.h"
 #include "qt_tray/icon_surroundings.h"
-#include "qt_tray/panel_rectangle.h"
 
 namespace quillbox {
 namespace {

@@ -1,8 +1,8 @@
 // How what a tray and a screen report becomes the program's own codes and pixels.
 #include <gtest/gtest.h>
 
-#include "qt_tray/status_notifier_item.h"
 #include "qt_tray/qt_tray_host.h"
+#include "qt_tray/status_notifier_item.h"
 
 namespace quillbox {
 namespace {

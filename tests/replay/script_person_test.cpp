@@ -110,12 +110,5 @@ TEST(MouseScript, DoesWhatThePersonDoes) {
   }
 }
 
-TEST(MouseScript, IsRefusedWithACursorOffTheScreen) {
-  for (const char* step : {"'do':'hover','x':40000", "'do':'leave','y':-1", "'do':'right','item':4",
-                           "'do':'left','x':4"}) {
-    EXPECT_THAT(Refusal(Step(step)), StartsWith("line 1: "));
-  }
-}
-
 }  // namespace
 }  // namespace quillbox

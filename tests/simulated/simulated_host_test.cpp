@@ -45,37 +45,5 @@ TEST(SimulatedHost, HasNoSecretsInItsTrace) {
                   "store AdSense/Accounts=one", "store AdSense/Passwords=...", "unset Misc/Old"));
 }
 
-TEST(SimulatedHost, ItsStoreMayLoseWritesWithTheProgram) {
-  SimulatedStore store;
-  store.Put("General", "Pause", "old");
-  store.SetKeeps(StoreKeeps::kWhileItRuns);
-  store.Apply(std::vector<SettingChange>{{"General", "Pause", "new"}});
-  EXPECT_EQ(store.Read("General", "Pause"), "new");
-  store.ProgramEnded();
-  EXPECT_EQ(store.Read("General", "Pause"), "old");
-}
-
-TEST(SimulatedHost, ItsAgentsMayWriteAnEmptyLogBeforeTheFullOne) {
-  SimulatedHost host;
-  AgentBehaviour agent = Answers("0");
-  agent.EmptyLogAfter = 350ms;
-  host.Agents.Always(agent);
-  host.Agents.Start({"Email=a&Passwd=b%#%https://h/|/d/a.dat|/d/a.log", {}});
-  host.RunFor(399ms);
-  EXPECT_EQ(host.Files.Read("/d/a.log"), "");
-  host.RunFor(1ms);
-  EXPECT_EQ(host.Files.Read("/d/a.log"), "0");
-}
-
-TEST(AgentText, IsCutFromTheRight) {
-  const AgentText read =
-      ReadAgentText("Email=%61%40%62&Passwd=%31|%#%2%#%https://h/p?q|/app/a b.dat|/app/a.log");
-  EXPECT_EQ(read.Username, "a@b");
-  EXPECT_EQ(read.Password, "1|%#%2");
-  EXPECT_EQ(read.Address, "https://h/p?q");
-  EXPECT_EQ(read.DataPath, "/app/a b.dat");
-  EXPECT_EQ(read.LogPath, "/app/a.log");
-}
-
 }  // namespace
 }  // namespace quillbox

@@ -1,4 +1,4 @@
-#include "qt_tray/panel_rectangle.h"
+#include "qt_tray/icon_surroundings.h"
 
 #include <gtest/gtest.h>
 
