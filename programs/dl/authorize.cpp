@@ -1,25 +1,23 @@
-#include "authorize.h"
+#include "commands.h"
 
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdio>
+#include <optional>
+#include <span>
 #include <utility>
 #include <vector>
 
-#include "account_choice.h"
-#include "browser.h"
+#include "browser/browser.h"
 #include "consent_exchange.h"
 #include "consent_secrets.h"
 #include "environment.h"
 #include "grant_files.h"
-#include "grant_lock.h"
-#include "loopback_server.h"
-#include "no_grant.h"
 #include "oauth/browser_pages.h"
-#include "oauth/consent_address.h"
-#include "oauth/consent_answer.h"
-#include "watchdog.h"
-#include "words.h"
+#include "oauth/consent.h"
+#include "service_questions.h"
+#include "system/watchdog.h"
 
 namespace quillbox {
 namespace {
@@ -41,15 +39,34 @@ void Tell(const std::string& words) {
   std::fputs((words + "\n").c_str(), stderr);
 }
 
-// The consent page's answer, and then the grant; each step that fails throws NoGrant.
+// Asks the person in the browser that waits for a page of `server`. The question is shown again to
+// whoever brings `state` alone (a page that is loaded anew); an account that isn't one of them is
+// sent away. Nothing once the time is up. After a choice the browser waits for another page.
+std::optional<PublisherAccount> AskForAccount(LoopbackServer& server, const std::string& state,
+                                              std::span<const PublisherAccount> accounts,
+                                              LoopbackServer::Clock::time_point end) {
+  auto chosen = accounts.end();
+  const auto isOurs = [&](const QueryFields& query) {
+    chosen = std::ranges::find(accounts, FieldOf(query, "account"), &PublisherAccount::Name);
+    const bool fits = chosen != accounts.end() || !query.contains("account");
+    return fits && FieldOf(query, "state") == state;
+  };
+  do {
+    server.Show(ChoicePage(state, accounts));
+    if (!server.Await(isOurs, end)) return std::nullopt;
+  } while (chosen == accounts.end());
+  return *chosen;
+}
+
+// The consent page's answer, and then the grant; each step that fails throws an Outcome.
 class Authorization {
  public:
   Authorization(const CryptoLibrary& crypto, const CurlLibrary& curl, ClientIdentity client)
       : curl_(curl), client_(std::move(client)) {
     const auto secrets = MakeConsentSecrets(crypto);
     const auto name = MakeGrantName(crypto);
-    if (!secrets || !name) throw NoGrant{ResultCode::kNoAnswer, "No random numbers to be had."};
-    if (!server_.Listens()) throw NoGrant{ResultCode::kNoConnection, LoopbackServer::kNoPort};
+    if (!secrets || !name) throw Outcome{ResultCode::kNoAnswer, "No random numbers to be had."};
+    if (!server_.Listens()) throw Outcome{ResultCode::kNoConnection, LoopbackServer::kNoPort};
     secrets_ = *secrets;
     name_ = *name;
   }
@@ -61,7 +78,7 @@ class Authorization {
       MakeAndKeep(AwaitCode());
       server_.Show(SentencePage("Quillbox is connected: you can close this page."));
       return name_;
-    } catch (const NoGrant& none) {
+    } catch (const Outcome& none) {
       server_.Show(SentencePage(none.Code == ResultCode::kRefused
                                     ? "Quillbox got no access: you can close this page."
                                     : "Quillbox is not connected: its window says why."));
@@ -82,7 +99,7 @@ class Authorization {
          "\n\nWaiting five minutes for your answer there ...");
     if (OpenInBrowser(server_, secrets_.Page, address, end_, fileMask)) return;
     // Who has started us without a terminal shows no address.
-    if (::isatty(STDERR_FILENO) == 0) throw NoGrant{ResultCode::kNoConnection, kNoBrowser};
+    if (::isatty(STDERR_FILENO) == 0) throw Outcome{ResultCode::kNoConnection, kNoBrowser};
     Tell("(The browser could not be opened.)");
   }
 
@@ -93,10 +110,10 @@ class Authorization {
           return answer && answer->State == secrets_.State;
         },
         end_);
-    if (!query) throw NoGrant{ResultCode::kNoAnswer, kNoAnswerCame};
+    if (!query) throw Outcome{ResultCode::kNoAnswer, kNoAnswerCame};
     const ConsentAnswer answer = ReadConsent(*query).value();
     if (answer.Code.empty()) {
-      throw NoGrant{ResultCode::kRefused, "Access was not granted (" + Plain(answer.Error) + ")."};
+      throw Outcome{ResultCode::kRefused, "Access was not granted (" + Plain(answer.Error) + ")."};
     }
     return answer.Code;
   }
@@ -113,7 +130,7 @@ class Authorization {
     if (accounts.size() == 1) return accounts.front();
     Tell("There are several publisher accounts. Choose one in the browser ...");
     const auto chosen = AskForAccount(server_, secrets_.State, accounts, end_);
-    if (!chosen) throw NoGrant{ResultCode::kNoAnswer, kNoAnswerCame};
+    if (!chosen) throw Outcome{ResultCode::kNoAnswer, kNoAnswerCame};
     return *chosen;
   }
 
@@ -121,12 +138,12 @@ class Authorization {
   // same person has granted before.
   void MakeAndKeep(const std::string& code) {
     const std::string folder = GrantFolder();
-    const NoGrant notKept{ResultCode::kNoConnection, "The grant could not be kept in " + folder};
+    const Outcome notKept{ResultCode::kNoConnection, "The grant could not be kept in " + folder};
     GrantPlace place(folder, name_);
     if (!place.IsMade()) throw notKept;
     const GrantFolderLock lock(folder, GrantFolderLock::Sharing::kShared, TheLimits().Total / 2);
     if (lock.State() == LockState::kTaken) {
-      throw NoGrant{ResultCode::kNoAnswer, "Another grant is being given back. Try again."};
+      throw Outcome{ResultCode::kNoAnswer, "Another grant is being given back. Try again."};
     }
     const Grant grant = MakeGrant(code);
     EndWatch();  // what is kept is told
@@ -160,7 +177,7 @@ int Authorize(const std::string& email, unsigned fileMask) {
     const std::string name = Authorization(crypto, curl, client).Run(email, fileMask);
     std::puts(name.c_str());
     return std::fflush(stdout) == 0 ? 0 : static_cast<int>(ResultCode::kNoConnection);
-  } catch (const NoGrant& none) {
+  } catch (const Outcome& none) {
     EndWatch();
     Tell("\n" + none.Words);
     return static_cast<int>(none.Code);

@@ -1,4 +1,4 @@
-#include "check.h"
+#include "commands.h"
 
 #include <unistd.h>
 
@@ -11,11 +11,11 @@
 #include "fetch.h"
 #include "grant_files.h"
 #include "granted_report.h"
+#include "service_questions.h"
+#include "system/unseen_prompt.h"
+#include "system/watchdog.h"
 #include "text/code_page.h"
 #include "text/grant_name.h"
-#include "unseen_prompt.h"
-#include "watchdog.h"
-#include "words.h"
 
 namespace quillbox {
 namespace {
@@ -24,11 +24,6 @@ constexpr const char* kThisMonth =
     "/adsense/report/aggregate?product=afc&dateRange.dateRangeType=simple"
     "&dateRange.simpleDate=thismonth&reportType=property&groupByPref=date"
     "&outputFormat=TSV_EXCEL&unitPref=page";
-
-struct Finding {
-  ResultCode Code;
-  std::string Words;
-};
 
 std::string AnswerInWords(const Grant& grant, const ReportAnswer& answer) {
   std::string words = "\nThe service answered with a report of " +
@@ -57,7 +52,7 @@ std::string Advice(const ServiceVerdict& verdict) {
   return refused ? "\nConnect the account again to get a new grant." : "";
 }
 
-Finding CheckGrant(Session& session, const std::string& name) {
+Outcome CheckGrant(Session& session, const std::string& name) {
   const std::string folder = GrantFolder();
   auto grant = LoadGrant(folder, name);
   if (!grant) return {ResultCode::kRefused, "There is no such grant in " + folder + "."};
@@ -72,7 +67,7 @@ Finding CheckGrant(Session& session, const std::string& name) {
   return {report.Verdict.Code, words};
 }
 
-Finding CheckPassword(Session& session, const std::string& email, const std::string& password) {
+Outcome CheckPassword(Session& session, const std::string& email, const std::string& password) {
   const auto emailText = FromUtf8(email);
   const auto passwordText = FromUtf8(password);
   if (!emailText || !passwordText) {
@@ -91,7 +86,7 @@ Finding CheckPassword(Session& session, const std::string& email, const std::str
   return {fetched.Code, words};
 }
 
-Finding CheckAccount(const std::string& email) {
+Outcome CheckAccount(const std::string& email) {
   const std::string secret = ReadSecret("Password: ");
   WatchCommand("No answer came in time.", STDOUT_FILENO, TheLimits().Total);
   const CurlLibrary curl = LoadCurl();
@@ -103,10 +98,10 @@ Finding CheckAccount(const std::string& email) {
 }  // namespace
 
 int Check(const std::string& email) {
-  const Finding finding = CheckAccount(email);
+  const Outcome outcome = CheckAccount(email);
   EndWatch();
-  std::puts(finding.Words.c_str());
-  return static_cast<int>(finding.Code);
+  std::puts(outcome.Words.c_str());
+  return static_cast<int>(outcome.Code);
 }
 
 }  // namespace quillbox

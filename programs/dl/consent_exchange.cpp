@@ -4,11 +4,9 @@
 #include <iterator>
 #include <utility>
 
-#include "api/token_answer.h"
+#include "api/tokens.h"
 #include "environment.h"
-#include "no_grant.h"
 #include "service_questions.h"
-#include "words.h"
 
 namespace quillbox {
 namespace {
@@ -17,7 +15,7 @@ constexpr int kMostPages = 100;  // of accounts
 
 void Require(const ServiceVerdict& verdict, const std::string& address) {
   if (verdict.Code == ResultCode::kSuccess) return;
-  throw NoGrant{verdict.Code, WordsFor(verdict, address)};
+  throw Outcome{verdict.Code, WordsFor(verdict, address)};
 }
 
 TokenAnswer FetchTokens(Session& session, const std::string& address, const std::string& form) {
@@ -25,10 +23,10 @@ TokenAnswer FetchTokens(Session& session, const std::string& address, const std:
   Require(reply.Verdict, address);
   auto tokens = ReadTokenAnswer(reply.Body);
   if (!tokens || tokens->RefreshToken.empty()) {
-    throw NoGrant{ResultCode::kNoAnswer, "The service gave no lasting access."};
+    throw Outcome{ResultCode::kNoAnswer, "The service gave no lasting access."};
   }
   if (!HoldsScope(tokens->Scope, TheScope())) {
-    throw NoGrant{ResultCode::kRefused, "Access to the reports was left out of the consent."};
+    throw Outcome{ResultCode::kRefused, "Access to the reports was left out of the consent."};
   }
   return std::move(*tokens);
 }
@@ -41,7 +39,7 @@ std::vector<PublisherAccount> FetchAccounts(Session& session, const std::string&
     const ServiceReply reply = AskWithToken(session, api + AccountsPath(next), token);
     Require(reply.Verdict, api);
     auto page = ReadAccountPage(reply.Body);
-    if (!page) throw NoGrant{ResultCode::kNoAnswer, "The list of accounts can't be understood."};
+    if (!page) throw Outcome{ResultCode::kNoAnswer, "The list of accounts can't be understood."};
     std::ranges::move(page->Accounts, std::back_inserter(accounts));
     next = page->NextPage;
     if (next.empty()) break;
@@ -58,7 +56,7 @@ ExchangedCode ExchangeCode(const CurlLibrary& curl, const ClientIdentity& client
   const TokenAnswer tokens = FetchTokens(session, addresses.Token, CodeForm(client, consent));
   auto accounts = OpenAccounts(FetchAccounts(session, addresses.Api, tokens.AccessToken));
   if (accounts.empty()) {
-    throw NoGrant{ResultCode::kRefused, "This sign-in has no publisher account that is open."};
+    throw Outcome{ResultCode::kRefused, "This sign-in has no publisher account that is open."};
   }
   return {tokens.RefreshToken, std::move(accounts)};
 }

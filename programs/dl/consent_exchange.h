@@ -5,8 +5,8 @@
 #include <vector>
 
 #include "api/publisher_accounts.h"
-#include "api/token_forms.h"
-#include "curl_library.h"
+#include "api/tokens.h"
+#include "curl.h"
 
 namespace quillbox {
 
@@ -15,8 +15,8 @@ struct ExchangedCode {
   std::vector<PublisherAccount> Accounts;  // those that it can be for, at least one
 };
 
-// Asks the service within one run's limits, which begin here. Throws NoGrant. `curl` must be
-// loaded.
+// Asks the service within one run's limits, which begin here. Throws the Outcome of the step that
+// failed. `curl` must be loaded.
 ExchangedCode ExchangeCode(const CurlLibrary& curl, const ClientIdentity& client,
                            const ConsentCode& consent);
 

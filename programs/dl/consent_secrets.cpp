@@ -3,6 +3,7 @@
 #include <array>
 #include <span>
 
+#include "system/shared_library.h"
 #include "text/grant_name.h"
 
 namespace quillbox {
@@ -21,6 +22,15 @@ std::string Base64Url(const CryptoLibrary& crypto, std::span<const unsigned char
 }
 
 }  // namespace
+
+CryptoLibrary LoadCrypto() {
+  const SharedLibrary library("libcrypto", "3");
+  CryptoLibrary crypto;
+  const bool found =
+      library.Find("RAND_bytes", crypto.Random) && library.Find("EVP_Digest", crypto.Digest) &&
+      library.Find("EVP_sha256", crypto.Sha256) && library.Find("EVP_EncodeBlock", crypto.Base64);
+  return found ? crypto : CryptoLibrary{};
+}
 
 std::optional<std::string> RandomText(const CryptoLibrary& crypto) {
   Bytes32 bytes{};

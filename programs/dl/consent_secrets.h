@@ -1,12 +1,33 @@
 // The secrets of one consent (PKCE, RFC 7636) and the names of grants.
 #pragma once
 
+#include <openssl/evp.h>
+#include <openssl/rand.h>
 #include <optional>
 #include <string>
 
-#include "crypto_library.h"
-
 namespace quillbox {
+
+// libcrypto, loaded when a grant is made and not before.
+
+// The functions that we call. All are null when it could not be loaded.
+struct CryptoLibrary {
+  decltype(&::RAND_bytes) Random = nullptr;
+  decltype(&::EVP_Digest) Digest = nullptr;
+  decltype(&::EVP_sha256) Sha256 = nullptr;
+  decltype(&::EVP_EncodeBlock) Base64 = nullptr;
+
+  bool Loaded() const { return Base64 != nullptr; }
+};
+
+// For a person, when it isn't loaded.
+inline constexpr const char* kNoCrypto =
+    "libcrypto can't be loaded: it must be installed, version 3 (libcrypto.so.3).";
+
+// It stays loaded until the process ends.
+CryptoLibrary LoadCrypto();
+
+// The secrets of one consent (PKCE, RFC 7636) and the names of grants.
 
 struct ConsentSecrets {
   std::string Verifier;   // told to the token endpoint alone; proves that we asked

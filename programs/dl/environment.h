@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "api/token_forms.h"
+#include "api/tokens.h"
 #include "request/limits.h"
 #include "session.h"
 

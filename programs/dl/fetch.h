@@ -1,4 +1,4 @@
-// The steps of one run: sign in if asked, then fetch the address.
+// One run of the fetch program: an address in, a data file and a log file out.
 #pragma once
 
 #include <string>
@@ -9,14 +9,13 @@
 
 namespace quillbox {
 
-struct Fetched {
-  ResultCode Code = ResultCode::kNoAnswer;
-  std::string Body;  // as received; has meaning with kSuccess alone
-};
-
 // Where the password is a grant's name, the report is fetched from the current API, in the
 // same form. A signed-in request whose address is not https sends nothing and gives kNotSecure; an
 // address that can't be understood gives kNoConnection.
 Fetched Fetch(Session& session, const AgentRequest& request);
+
+// `text`: the argument, in one of its two forms. Gives the exit status: 0 when the log was written,
+// 1 when it could not be, 2 when the text names no two files.
+int RunFetch(const std::string& text);
 
 }  // namespace quillbox

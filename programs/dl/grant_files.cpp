@@ -2,16 +2,17 @@
 
 #include <dirent.h>
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
 #include <cstdlib>
+#include <thread>
 #include <utility>
 #include <vector>
 
-#include "grant_lock.h"
 #include "text/grant_name.h"
 
 namespace quillbox {
@@ -73,6 +74,39 @@ bool MakeFolder(const std::string& folder) {
     if (::mkdir(part.c_str(), S_IRWXU) != 0 && errno != EEXIST) return false;
     if (end == std::string::npos) return true;
   }
+}
+
+using Clock = std::chrono::steady_clock;
+
+constexpr std::chrono::milliseconds kPause(10);
+
+// For writing: a network folder locks nothing else.
+int Open(const std::string& path) {
+  return ::open(path.c_str(), O_RDWR | O_NOFOLLOW | O_CLOEXEC | O_NONBLOCK);
+}
+
+LockState TryLock(int file, int kind) {
+  while (::flock(file, kind | LOCK_NB) != 0) {
+    if (errno != EINTR) return errno == EWOULDBLOCK ? LockState::kTaken : LockState::kNone;
+  }
+  return LockState::kOurs;
+}
+
+LockState LockUntil(int file, int kind, Clock::time_point end) {
+  for (;;) {
+    const LockState state = TryLock(file, kind);
+    if (state != LockState::kTaken || Clock::now() >= end) return state;
+    std::this_thread::sleep_for(kPause);
+  }
+}
+
+// Who had the lock before may have put another file there.
+bool StillStands(int file, const std::string& path) {
+  struct stat ours {};
+  struct stat there {};
+  if (::fstat(file, &ours) != 0) return true;
+  return ::lstat(path.c_str(), &there) == 0 && ours.st_dev == there.st_dev &&
+         ours.st_ino == there.st_ino;
 }
 
 }  // namespace
@@ -140,6 +174,38 @@ bool RemoveGrant(const std::string& folder, std::string_view name) {
   if (folder.empty() || !IsGrantName(name)) return true;
   RemoveLeftPlaces(folder);
   return ::unlink(GrantPath(folder, name).c_str()) == 0 || errno == ENOENT || errno == ENOTDIR;
+}
+
+GrantLock::GrantLock(const std::string& folder, std::string_view name,
+                     std::chrono::milliseconds patience) {
+  const std::string path = GrantPath(folder, name);
+  const Clock::time_point end = Clock::now() + patience;
+  for (file_ = Open(path); file_ >= 0; file_ = Open(path)) {
+    state_ = LockUntil(file_, LOCK_EX, end);
+    if (state_ == LockState::kTaken || StillStands(file_, path)) return;
+    ::close(file_);
+  }
+}
+
+GrantLock::~GrantLock() {
+  if (file_ >= 0) ::close(file_);
+}
+
+GrantFolderLock::GrantFolderLock(const std::string& folder, Sharing sharing,
+                                 std::chrono::milliseconds patience)
+    : folder_(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
+  if (folder_ < 0) return;
+  const int kind = sharing == Sharing::kAlone ? LOCK_EX : LOCK_SH;
+  state_ = LockUntil(folder_, kind, Clock::now() + patience);
+}
+
+GrantFolderLock::~GrantFolderLock() {
+  if (folder_ >= 0) ::close(folder_);
+}
+
+LockState TryLockAt(int file, const std::string& path) {
+  const LockState state = TryLock(file, LOCK_EX);
+  return StillStands(file, path) ? state : LockState::kTaken;
 }
 
 }  // namespace quillbox

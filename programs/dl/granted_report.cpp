@@ -2,13 +2,110 @@
 
 #include <utility>
 
+#include "api/publisher_accounts.h"
+#include "api/report_parts.h"
 #include "api/report_query.h"
 #include "api/tabbed_report.h"
 #include "grant_files.h"
-#include "whole_report.h"
+#include "request/limits.h"
 
 namespace quillbox {
 namespace {
+
+constexpr const char* kOther = "the answer is not the report that was asked for";
+
+ServiceReply Ask(GrantedService& service, const std::string& query) {
+  return service.Get(ReportPath(service.Granted().Account, query));
+}
+
+// What to say of an answer that came but isn't usable; `asked`: who gave it.
+ServiceVerdict NotUsable(const std::string& why, const std::string& asked) {
+  ServiceVerdict verdict{ResultCode::kNoAnswer, false, why};
+  verdict.Asked = asked;
+  return verdict;
+}
+
+// `query`: of a question for `report`. The answer may be cut short.
+GrantedReport AskForReport(GrantedService& service, const WantedReport& report,
+                           const std::string& query) {
+  const ServiceReply reply = Ask(service, query);
+  if (reply.Verdict.Code != ResultCode::kSuccess) return {reply.Verdict, {}};
+  auto answer = ReadReportAnswer(reply.Body, report);
+  if (!answer) return {NotUsable(kOther, reply.Verdict.Asked), {}};
+  return {reply.Verdict, std::move(*answer)};
+}
+
+// The days of an answer to any query.
+GrantedReport AskForDays(GrantedService& service, const std::string& query) {
+  const ServiceReply reply = Ask(service, query);
+  if (reply.Verdict.Code != ResultCode::kSuccess) return {reply.Verdict, {}};
+  const auto days = ReadDays(reply.Body);
+  if (!days) return {NotUsable(kOther, reply.Verdict.Asked), {}};
+  GrantedReport report{reply.Verdict, {}};
+  report.Answer.Days = *days;
+  return report;
+}
+
+// The service allows a hundred a minute. Half of them, each with half of what an answer can hold,
+// make a table of the size that is the limit anyway.
+constexpr std::size_t kMostQuestions = 64;
+
+// Lines as they come in, part by part.
+class Parts {
+ public:
+  Parts(GrantedService& service, const WantedReport& report) : service_(service), report_(report) {}
+
+  // The whole of what `cut` is a part of.
+  GrantedReport Join(GrantedReport cut) {
+    const std::vector<DayRange> parts = PartsOf(cut.Answer);
+    whole_.Answer = WithoutFigures(std::move(cut.Answer));
+    whole_.Verdict = cut.Verdict;
+    ServiceVerdict verdict = AddAll(parts);
+    if (verdict.Code != ResultCode::kSuccess) return {verdict, {}};
+    return std::move(whole_);
+  }
+
+ private:
+  ServiceVerdict TooLong() const {
+    return NotUsable("the report is too long", whole_.Verdict.Asked);
+  }
+
+  ServiceVerdict AddAll(const std::vector<DayRange>& parts) {
+    if (parts.empty() || asked_ + parts.size() > kMostQuestions) return TooLong();
+    for (const DayRange& days : parts) {
+      ServiceVerdict verdict = Add(days);
+      if (verdict.Code != ResultCode::kSuccess) return verdict;
+    }
+    return whole_.Verdict;
+  }
+
+  ServiceVerdict Add(const DayRange& days) {
+    if (++asked_ > kMostQuestions) return TooLong();
+    GrantedReport part = AskForReport(service_, report_, PartQuery(report_, days));
+    if (part.Verdict.Code != ResultCode::kSuccess) return part.Verdict;
+    if (part.Answer.Days != days)
+      return NotUsable("the answer is for other days", whole_.Verdict.Asked);
+    if (!part.Answer.IsWhole()) {
+      const std::vector<DayRange> parts = PartsOf(part.Answer);
+      part = {};  // its lines come again
+      return AddAll(parts);
+    }
+    AddPart(whole_.Answer, std::move(part.Answer));
+    return BytesOf(whole_.Answer.Lines) > Limits{}.BodyBytes ? TooLong() : whole_.Verdict;
+  }
+
+  GrantedService& service_;
+  const WantedReport& report_;
+  GrantedReport whole_;
+  std::size_t asked_ = 1;  // the first answer came before
+};
+
+// Asks again, for parts of the days, until every part came whole, and puts them together. `first`:
+// the answer for the whole range; one that is whole already, and a failure, come back as they are.
+GrantedReport MadeWhole(GrantedService& service, const WantedReport& report, GrantedReport first) {
+  if (first.Verdict.Code != ResultCode::kSuccess || first.Answer.IsWhole()) return first;
+  return Parts(service, report).Join(std::move(first));
+}
 
 constexpr long kBadRequest = 400;  // also for a day that lies too long ago
 

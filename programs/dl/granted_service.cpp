@@ -2,9 +2,9 @@
 
 #include <utility>
 
-#include "api/token_answer.h"
-#include "grant_lock.h"
-#include "watchdog.h"
+#include "api/tokens.h"
+#include "grant_files.h"
+#include "system/watchdog.h"
 
 namespace quillbox {
 

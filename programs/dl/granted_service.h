@@ -4,8 +4,8 @@
 #include <chrono>
 #include <string>
 
+#include "api/grant.h"
 #include "environment.h"
-#include "grant/grant.h"
 #include "grant_files.h"
 #include "service_questions.h"
 #include "session.h"

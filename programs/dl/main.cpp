@@ -6,12 +6,9 @@
 #include <optional>
 #include <string>
 
-#include "authorize.h"
-#include "check.h"
-#include "fetch_run.h"
-#include "open.h"
-#include "revoke.h"
-#include "secrecy.h"
+#include "commands.h"
+#include "fetch.h"
+#include "system/process.h"
 
 namespace quillbox {
 namespace {

@@ -1,15 +1,15 @@
-#include "open.h"
+#include "commands.h"
 
 #include <algorithm>
 #include <cstdio>
 #include <string>
 
-#include "browser.h"
+#include "browser/browser.h"
+#include "browser/loopback_server.h"
 #include "consent_secrets.h"
 #include "environment.h"
-#include "loopback_server.h"
 #include "request/answer.h"
-#include "unseen_prompt.h"
+#include "system/unseen_prompt.h"
 
 namespace quillbox {
 namespace {

@@ -1,4 +1,4 @@
-#include "revoke.h"
+#include "commands.h"
 
 #include <unistd.h>
 
@@ -6,16 +6,13 @@
 #include <optional>
 #include <string>
 
-#include "api/token_answer.h"
-#include "api/token_forms.h"
+#include "api/tokens.h"
 #include "environment.h"
 #include "grant_files.h"
-#include "grant_lock.h"
 #include "service_questions.h"
+#include "system/unseen_prompt.h"
+#include "system/watchdog.h"
 #include "text/grant_name.h"
-#include "unseen_prompt.h"
-#include "watchdog.h"
-#include "words.h"
 
 namespace quillbox {
 namespace {
@@ -25,11 +22,6 @@ constexpr const char* kTakeItAway =
     "take it away there, where your account lists the programs that may read its reports.";
 constexpr const char* kTimeIsUp =
     "No answer came in time, so that the grant's access may still stand at the service: ";
-
-struct Outcome {
-  ResultCode Code;
-  std::string Words;
-};
 
 // Nobody signs in here, so that a refusal has other words.
 std::string Reason(const ServiceVerdict& verdict, const std::string& address) {

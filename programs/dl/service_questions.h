@@ -1,12 +1,27 @@
-// Questions to the current API, each put again when a moment may help.
+// Questions to the current API, each put again when a moment may help, and what came of them in
+// words.
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "api/service_verdict.h"
 #include "session.h"
 
 namespace quillbox {
+
+// How a command, or a step of it, ended: the code, and words for the person.
+struct Outcome {
+  ResultCode Code;
+  std::string Words;
+};
+
+// A service's text fit for a terminal: its control characters are blanks, and it has an end.
+std::string Plain(std::string_view text);
+
+// A sentence or two; with kNoConnection the verdict's words are our own. `address`: whom we asked,
+// of which the host is named.
+std::string WordsFor(const ServiceVerdict& verdict, const std::string& address);
 
 struct ServiceReply {
   ServiceVerdict Verdict;

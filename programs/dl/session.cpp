@@ -5,8 +5,7 @@
 #include <optional>
 
 #include "body_collector.h"
-#include "curl_headers.h"
-#include "curl_outcome.h"
+#include "curl.h"
 #include "unpack/unpacker.h"
 
 namespace quillbox {

@@ -4,10 +4,10 @@
 #include <chrono>
 #include <string>
 
-#include "curl_library.h"
+#include "curl.h"
 #include "request/answer.h"
 #include "request/limits.h"
-#include "unpack/zlib_library.h"
+#include "unpack/unpacker.h"
 
 namespace quillbox {
 

@@ -1,12 +1,11 @@
 // What answers of the reporting service become: legacy reports, result codes, accounts, tokens.
 #include <gtest/gtest.h>
 
-#include "api/channel_cells.h"
 #include "api/publisher_accounts.h"
 #include "api/report_parts.h"
 #include "api/service_verdict.h"
 #include "api/tabbed_report.h"
-#include "api/token_answer.h"
+#include "api/tokens.h"
 
 namespace quillbox {
 namespace {

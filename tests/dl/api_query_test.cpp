@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "api/patience.h"
+#include "request/limits.h"
 
 namespace quillbox {
 namespace {

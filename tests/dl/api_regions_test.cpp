@@ -1,8 +1,8 @@
 // A report made of the reporting service's answer is read alike in every region.
 #include <gtest/gtest.h>
 
-#include "api/day_range.h"
-#include "api/figure_cells.h"
+#include "api/tabbed_report.h"
+#include "api/wanted_report.h"
 #include "evaluation/report_row.h"
 #include "region/conversions.h"
 #include "region/date_text.h"

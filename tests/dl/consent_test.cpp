@@ -2,7 +2,7 @@
 #include <gmock/gmock.h>
 
 #include "oauth/browser_pages.h"
-#include "oauth/consent_answer.h"
+#include "oauth/consent.h"
 
 namespace quillbox {
 namespace {

@@ -3,8 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include "api/grant.h"
 #include "config/account_list.h"
-#include "grant/grant.h"
 #include "text/escaping.h"
 #include "text/text_list.h"
 

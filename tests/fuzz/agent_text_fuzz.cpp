@@ -3,7 +3,6 @@
 #include "fuzz/fuzz_input.h"
 #include "request/agent_text.h"
 #include "request/limits.h"
-#include "request/sign_in_form.h"
 #include "request/web_address.h"
 #include "text/escaping.h"
 

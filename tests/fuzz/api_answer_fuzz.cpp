@@ -1,13 +1,13 @@
 // Anything that a service, a browser or a file may say to the fetch program: whatever is understood
 // stays within what is promised.
+#include "api/grant.h"
 #include "api/publisher_accounts.h"
 #include "api/report_query.h"
 #include "api/service_verdict.h"
 #include "api/tabbed_report.h"
-#include "api/token_answer.h"
+#include "api/tokens.h"
 #include "fuzz/fuzz_input.h"
-#include "grant/grant.h"
-#include "oauth/consent_answer.h"
+#include "oauth/consent.h"
 #include "text/grant_name.h"
 
 namespace {

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <iterator>
 
-#include "api/day_range.h"
 #include "api/json.h"
+#include "api/wanted_report.h"
 #include "text/escaping.h"
 
 namespace quillbox {

@@ -4,7 +4,7 @@
 #include <tuple>
 
 #include "api/json.h"
-#include "api/report_columns.h"
+#include "api/report_query.h"
 
 namespace quillbox {
 namespace {

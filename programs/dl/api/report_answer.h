@@ -9,7 +9,6 @@
 #include <string_view>
 #include <vector>
 
-#include "api/day_range.h"
 #include "api/wanted_report.h"
 
 namespace quillbox {

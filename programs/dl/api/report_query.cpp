@@ -1,9 +1,7 @@
 #include "api/report_query.h"
 
-#include <string_view>
 #include <utility>
 
-#include "api/report_columns.h"
 #include "text/escaping.h"
 
 namespace quillbox {
@@ -66,6 +64,15 @@ std::string AskingFor(const WantedReport& report, std::string query) {
 }
 
 }  // namespace
+
+RateColumns RateColumnsOf(const WantedReport& report) {
+  // For search an ad request is a query, which is what the search report counts.
+  if (report.Product == WantedProduct::kSearch) {
+    return {"AD_REQUESTS", "AD_REQUESTS_CTR", "AD_REQUESTS_RPM"};
+  }
+  if (report.Unit == CountedBy::kPage) return {"PAGE_VIEWS", "PAGE_VIEWS_CTR", "PAGE_VIEWS_RPM"};
+  return {"IMPRESSIONS", "IMPRESSIONS_CTR", "IMPRESSIONS_RPM"};
+}
 
 std::string TodayQuery() {
   std::string query;

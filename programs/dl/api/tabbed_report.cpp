@@ -1,13 +1,54 @@
 #include "api/tabbed_report.h"
 
 #include <algorithm>
+#include <cstdio>
+#include <map>
+#include <set>
 #include <string_view>
 
-#include "api/channel_cells.h"
-#include "api/figure_cells.h"
+#include "text/code_page.h"
+#include "text/text_list.h"
 
 namespace quillbox {
 namespace {
+
+// The bytes of the first character; one byte where the text is no UTF-8.
+std::size_t CharacterLength(std::string_view utf8) {
+  std::size_t length = 1;
+  while (length < utf8.size() && (static_cast<unsigned char>(utf8[length]) & 0xC0) == 0x80) {
+    ++length;
+  }
+  return length;
+}
+
+bool HasOtherMeaning(char c) {
+  return static_cast<unsigned char>(c) < 0x20 || c == '\x7F' ||
+         std::string_view("\"^<>&").find(c) != std::string_view::npos;
+}
+
+std::string CellOf(std::string_view name) {
+  std::string cell;
+  while (!name.empty()) {
+    const std::size_t length = CharacterLength(name);
+    cell += FromUtf8(name.substr(0, length)).value_or("?");
+    name.remove_prefix(length);
+  }
+  for (char& c : cell) c = HasOtherMeaning(c) ? ' ' : c;
+  const std::string_view trimmed = Trimmed(cell, kBlank);
+  return trimmed.empty() ? "?" : std::string(trimmed);
+}
+
+// Beyond what any account earns; keeps a cell short whatever the service writes.
+constexpr double kMost = 1e15;
+
+// A number that isn't above zero, be it minus zero, is zero. The program sets no locale, so the
+// mark is the point.
+std::string Fixed(double number, int decimals) {
+  char text[64];
+  const double shown = number > 0 ? std::min(number, kMost) : 0;
+  std::snprintf(text, sizeof text, "%.*f", decimals, shown);
+  return text;
+}
 
 using std::chrono::days;
 using std::chrono::sys_days;
@@ -62,6 +103,32 @@ sys_days FirstDay(const WantedReport& report, const ReportAnswer& answer) {
 }
 
 }  // namespace
+
+std::vector<std::string> ChannelCells(const std::vector<std::string>& names) {
+  std::vector<std::string> cells;
+  std::set<std::string> taken;
+  std::map<std::string, int> last;  // number given to a cell; there may be very many alike
+  for (const std::string& name : names) {
+    const std::string cell = CellOf(name);
+    std::string own = cell;
+    int& number = last.try_emplace(cell, 1).first->second;
+    while (!taken.insert(own).second) own = cell + " (" + std::to_string(++number) + ")";
+    cells.push_back(own);
+  }
+  return cells;
+}
+
+std::string CountCell(double count) {
+  return Fixed(count, 0);
+}
+
+std::string PercentCell(double fraction) {
+  return Fixed(fraction * 100, 2) + "%";
+}
+
+std::string MoneyCell(double amount) {
+  return Fixed(amount, 2);
+}
 
 std::optional<std::string> TabbedReport(const WantedReport& report, const ReportAnswer& answer,
                                         std::size_t mostBytes) {

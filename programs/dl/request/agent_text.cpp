@@ -1,5 +1,6 @@
 #include "request/agent_text.h"
 
+#include "text/code_page.h"
 #include "text/escaping.h"
 
 namespace quillbox {
@@ -44,6 +45,11 @@ std::optional<AgentRequest> ParseAgentRequest(std::string_view request) {
   if (request.empty()) return std::nullopt;
   parsed.Address = std::string(request);
   return parsed;
+}
+
+std::string SignInForm(const Credentials& credentials) {
+  return "Email=" + PercentEncode(ToUtf8(credentials.Email)) +
+         "&Passwd=" + PercentEncode(ToUtf8(credentials.Password));
 }
 
 }  // namespace quillbox

@@ -33,4 +33,10 @@ struct AgentRequest {
 // data lack one of their two names or there is no address.
 std::optional<AgentRequest> ParseAgentRequest(std::string_view request);
 
+// The body of the sign-in, as a form that any web service can read.
+
+// "Email=...&Passwd=..." with both values in UTF-8, all bytes but letters, digits and - . _ ~ as
+// "%" and two capital hexadecimal digits.
+std::string SignInForm(const Credentials& credentials);
+
 }  // namespace quillbox

@@ -28,6 +28,12 @@ struct Answer {
   std::chrono::seconds RetryAfter{};  // how long the server wants us to wait, 0 if it doesn't say
 };
 
+// What a run brings.
+struct Fetched {
+  ResultCode Code = ResultCode::kNoAnswer;
+  std::string Body;  // as received; has meaning with kSuccess alone
+};
+
 // kSuccess when the answer's status is 200 to 299.
 ResultCode JudgeAnswer(const Answer& answer);
 

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <charconv>
-#include <optional>
 
 namespace quillbox {
 namespace {
@@ -37,6 +36,19 @@ Limits ShortenedLimits(std::string_view text) {
     ++numbers;
   }
   return text.empty() ? shortened : whole;
+}
+
+std::optional<std::chrono::milliseconds> PauseBefore(int repeat, std::chrono::milliseconds wholeRun,
+                                                     std::chrono::milliseconds left,
+                                                     std::chrono::seconds wanted) {
+  // In seconds: what a server writes can be too much for milliseconds.
+  if (repeat > kMostRepeats || wanted > std::chrono::floor<std::chrono::seconds>(left)) {
+    return std::nullopt;
+  }
+  const std::chrono::milliseconds own = wholeRun * (repeat == 1 ? 1 : 3) / 100;
+  const auto pause =
+      std::max<std::chrono::milliseconds>(own, std::max(wanted, std::chrono::seconds(0)));
+  return pause < left ? std::optional(pause) : std::nullopt;
 }
 
 }  // namespace quillbox

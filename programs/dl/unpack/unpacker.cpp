@@ -2,6 +2,8 @@
 
 #include <array>
 
+#include "system/shared_library.h"
+
 namespace quillbox {
 namespace {
 
@@ -20,6 +22,15 @@ int FormatOf(ContentCoding coding, char first) {
 }
 
 }  // namespace
+
+ZlibLibrary LoadZlib() {
+  const SharedLibrary library("libz", "1");
+  ZlibLibrary zlib;
+  const bool found = library.Find("inflateInit2_", zlib.Begin) &&
+                     library.Find("inflateReset", zlib.BeginAgain) &&
+                     library.Find("inflate", zlib.Inflate) && library.Find("inflateEnd", zlib.End);
+  return found ? zlib : ZlibLibrary{};
+}
 
 Unpacker::Unpacker(const ZlibLibrary& zlib, ContentCoding coding) : zlib_(zlib), coding_(coding) {}
 

@@ -1,13 +1,30 @@
 // A body unpacked while it arrives.
 #pragma once
 
+#include <zlib.h>
 #include <functional>
 #include <string_view>
 
 #include "unpack/content_coding.h"
-#include "unpack/zlib_library.h"
 
 namespace quillbox {
+
+// zlib, loaded for a conversation with servers and not before.
+
+// The functions that unpack. All are null when it could not be loaded.
+struct ZlibLibrary {
+  decltype(&::inflateInit2_) Begin = nullptr;
+  decltype(&::inflateReset) BeginAgain = nullptr;
+  decltype(&::inflate) Inflate = nullptr;
+  decltype(&::inflateEnd) End = nullptr;
+
+  bool Loaded() const { return End != nullptr; }
+};
+
+// It stays loaded until the process ends.
+ZlibLibrary LoadZlib();
+
+// A body unpacked while it arrives.
 
 class Unpacker {
  public:

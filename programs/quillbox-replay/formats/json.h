@@ -55,8 +55,8 @@ struct JsonLine {
 // JSON; a second half alone counts as a character that the code page lacks.
 JsonLine ReadJsonLine(std::string_view line);
 
-// Writes JSON. Texts come in the code page and go out as UTF-8. The caller keeps the shape right: each Begin has
-// its End, and inside an object every value follows its Name.
+// Writes JSON. Texts come in the code page and go out as UTF-8. The caller keeps the shape right:
+// each Begin has its End, and inside an object every value follows its Name.
 class JsonWriter {
  public:
   // Appends to `out`, which must outlive the writer.
