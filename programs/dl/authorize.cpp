@@ -1,7 +1,5 @@
 #include "commands.h"
 
-#include <unistd.h>
-
 #include <algorithm>
 #include <cstdio>
 #include <optional>
@@ -17,6 +15,8 @@
 #include "oauth/browser_pages.h"
 #include "oauth/consent.h"
 #include "service_questions.h"
+#include "system/file_locks.h"
+#include "system/terminal.h"
 #include "system/watchdog.h"
 
 namespace quillbox {
@@ -61,7 +61,7 @@ std::optional<PublisherAccount> AskForAccount(LoopbackServer& server, const std:
 // The consent page's answer, and then the grant; each step that fails throws an Outcome.
 class Authorization {
  public:
-  Authorization(const CryptoLibrary& crypto, const CurlLibrary& curl, ClientIdentity client)
+  Authorization(const Crypto& crypto, const CurlLibrary& curl, ClientIdentity client)
       : curl_(curl), client_(std::move(client)) {
     const auto secrets = MakeConsentSecrets(crypto);
     const auto name = MakeGrantName(crypto);
@@ -99,7 +99,7 @@ class Authorization {
          "\n\nWaiting five minutes for your answer there ...");
     if (OpenInBrowser(server_, secrets_.Page, address, end_, fileMask)) return;
     // Who has started us without a terminal shows no address.
-    if (::isatty(STDERR_FILENO) == 0) throw Outcome{ResultCode::kNoConnection, kNoBrowser};
+    if (!ErrorsAreSeen()) throw Outcome{ResultCode::kNoConnection, kNoBrowser};
     Tell("(The browser could not be opened.)");
   }
 
@@ -141,7 +141,7 @@ class Authorization {
     const Outcome notKept{ResultCode::kNoConnection, "The grant could not be kept in " + folder};
     GrantPlace place(folder, name_);
     if (!place.IsMade()) throw notKept;
-    const GrantFolderLock lock(folder, GrantFolderLock::Sharing::kShared, TheLimits().Total / 2);
+    const FolderLock lock(folder, Sharing::kShared, TheLimits().Total / 2);
     if (lock.State() == LockState::kTaken) {
       throw Outcome{ResultCode::kNoAnswer, "Another grant is being given back. Try again."};
     }
@@ -166,13 +166,13 @@ int Authorize(const std::string& email, unsigned fileMask) {
     std::fputs(kNoClient, stderr);
     return 2;
   }
-  const CryptoLibrary crypto = LoadCrypto();
+  const Crypto crypto;
   const CurlLibrary curl = LoadCurl();
   if (!crypto.Loaded() || !curl.Loaded()) {
     Tell(crypto.Loaded() ? kNoCurl : kNoCrypto);
     return static_cast<int>(ResultCode::kNoConnection);
   }
-  WatchCommand(std::string("\n") + kNoEnd, STDERR_FILENO, TheLimits().Person + TheLimits().Total);
+  WatchCommand(std::string("\n") + kNoEnd, kStandardErrors, TheLimits().Person + TheLimits().Total);
   try {
     const std::string name = Authorization(crypto, curl, client).Run(email, fileMask);
     std::puts(name.c_str());

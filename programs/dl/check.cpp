@@ -1,7 +1,5 @@
 #include "commands.h"
 
-#include <unistd.h>
-
 #include <cstdio>
 #include <optional>
 #include <utility>
@@ -12,7 +10,7 @@
 #include "grant_files.h"
 #include "granted_report.h"
 #include "service_questions.h"
-#include "system/unseen_prompt.h"
+#include "system/terminal.h"
 #include "system/watchdog.h"
 #include "text/code_page.h"
 #include "text/grant_name.h"
@@ -88,7 +86,7 @@ Outcome CheckPassword(Session& session, const std::string& email, const std::str
 
 Outcome CheckAccount(const std::string& email) {
   const std::string secret = ReadSecret("Password: ");
-  WatchCommand("No answer came in time.", STDOUT_FILENO, TheLimits().Total);
+  WatchCommand("No answer came in time.", kStandardOutput, TheLimits().Total);
   const CurlLibrary curl = LoadCurl();
   if (!curl.Loaded()) return {ResultCode::kNoConnection, kNoCurl};
   Session session = OpenSession(curl);

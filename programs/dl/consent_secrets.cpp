@@ -3,19 +3,14 @@
 #include <array>
 #include <span>
 
-#include "system/shared_library.h"
 #include "text/grant_name.h"
 
 namespace quillbox {
 namespace {
 
-using Bytes32 = std::array<unsigned char, 32>;
-
 // Without padding, with "-" and "_": RFC 4648, 5.
-std::string Base64Url(const CryptoLibrary& crypto, std::span<const unsigned char> bytes) {
-  std::array<unsigned char, 64> text{};
-  const int length = crypto.Base64(text.data(), bytes.data(), static_cast<int>(bytes.size()));
-  std::string encoded(text.begin(), text.begin() + length);
+std::string Base64Url(const Crypto& crypto, std::span<const unsigned char> bytes) {
+  std::string encoded = crypto.Base64(bytes);
   std::erase(encoded, '=');
   for (char& c : encoded) c = c == '+' ? '-' : c == '/' ? '_' : c;
   return encoded;
@@ -23,32 +18,18 @@ std::string Base64Url(const CryptoLibrary& crypto, std::span<const unsigned char
 
 }  // namespace
 
-CryptoLibrary LoadCrypto() {
-  const SharedLibrary library("libcrypto", "3");
-  CryptoLibrary crypto;
-  const bool found =
-      library.Find("RAND_bytes", crypto.Random) && library.Find("EVP_Digest", crypto.Digest) &&
-      library.Find("EVP_sha256", crypto.Sha256) && library.Find("EVP_EncodeBlock", crypto.Base64);
-  return found ? crypto : CryptoLibrary{};
-}
-
-std::optional<std::string> RandomText(const CryptoLibrary& crypto) {
-  Bytes32 bytes{};
-  if (crypto.Random(bytes.data(), static_cast<int>(bytes.size())) != 1) return std::nullopt;
+std::optional<std::string> RandomText(const Crypto& crypto) {
+  std::array<unsigned char, 32> bytes{};
+  if (!crypto.FillRandomly(bytes)) return std::nullopt;
   return Base64Url(crypto, bytes);
 }
 
-std::optional<std::string> ChallengeOf(const CryptoLibrary& crypto, const std::string& verifier) {
-  Bytes32 digest{};
-  unsigned size = 0;
-  if (crypto.Digest(verifier.data(), verifier.size(), digest.data(), &size, crypto.Sha256(),
-                    nullptr) != 1) {
-    return std::nullopt;
-  }
-  return Base64Url(crypto, digest);
+std::optional<std::string> ChallengeOf(const Crypto& crypto, const std::string& verifier) {
+  const auto digest = crypto.Sha256(verifier);
+  return digest ? std::optional(Base64Url(crypto, *digest)) : std::nullopt;
 }
 
-std::optional<ConsentSecrets> MakeConsentSecrets(const CryptoLibrary& crypto) {
+std::optional<ConsentSecrets> MakeConsentSecrets(const Crypto& crypto) {
   const auto verifier = RandomText(crypto);
   const auto state = RandomText(crypto);
   const auto page = RandomText(crypto);
@@ -58,9 +39,9 @@ std::optional<ConsentSecrets> MakeConsentSecrets(const CryptoLibrary& crypto) {
   return ConsentSecrets{*verifier, *challenge, *state, *page};
 }
 
-std::optional<std::string> MakeGrantName(const CryptoLibrary& crypto) {
+std::optional<std::string> MakeGrantName(const Crypto& crypto) {
   std::array<unsigned char, kGrantNameLetters> bytes{};
-  if (crypto.Random(bytes.data(), static_cast<int>(bytes.size())) != 1) return std::nullopt;
+  if (!crypto.FillRandomly(bytes)) return std::nullopt;
   return GrantName(bytes);
 }
 

@@ -11,7 +11,7 @@
 #include "granted_report.h"
 #include "request/agent_text.h"
 #include "request/web_address.h"
-#include "system/result_files.h"
+#include "system/own_files.h"
 #include "system/watchdog.h"
 #include "text/grant_name.h"
 

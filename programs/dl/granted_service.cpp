@@ -4,6 +4,7 @@
 
 #include "api/tokens.h"
 #include "grant_files.h"
+#include "system/file_locks.h"
 #include "system/watchdog.h"
 
 namespace quillbox {
@@ -35,8 +36,8 @@ ServiceReply GrantedService::Ask(const std::string& path) {
 // time exchanges it, from the reading of the file to the writing. What the answer may bring has its
 // place on the disk before the question.
 ServiceVerdict GrantedService::FetchToken() {
-  const GrantLock lock(grant_.Folder, grant_.Name, session_.TimeLeft() / 2);
-  if (!lock.IsOurs()) return {ResultCode::kNoAnswer, false, ""};
+  const FileLock lock(GrantPath(grant_.Folder, grant_.Name), session_.TimeLeft() / 2);
+  if (lock.State() == LockState::kTaken) return {ResultCode::kNoAnswer, false, ""};
   auto grant = LoadGrant(grant_.Folder, grant_.Name);
   if (!grant) return {ResultCode::kRefused, false, ""};
   grant_.Content = std::move(*grant);

@@ -9,7 +9,7 @@
 #include "consent_secrets.h"
 #include "environment.h"
 #include "request/answer.h"
-#include "system/unseen_prompt.h"
+#include "system/terminal.h"
 
 namespace quillbox {
 namespace {
@@ -30,7 +30,7 @@ bool IsOpenable(const std::string& address) {
 int Open(unsigned fileMask) {
   const std::string address = ReadSecret("Address: ");
   if (!IsOpenable(address)) return Fail(ResultCode::kNoConnection, "That is no https address.");
-  const CryptoLibrary crypto = LoadCrypto();
+  const Crypto crypto;
   if (!crypto.Loaded()) return Fail(ResultCode::kNoConnection, kNoCrypto);
   const auto page = RandomText(crypto);
   if (!page) return Fail(ResultCode::kNoAnswer, "No random numbers to be had.");

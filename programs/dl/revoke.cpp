@@ -1,7 +1,5 @@
 #include "commands.h"
 
-#include <unistd.h>
-
 #include <cstdio>
 #include <optional>
 #include <string>
@@ -10,7 +8,8 @@
 #include "environment.h"
 #include "grant_files.h"
 #include "service_questions.h"
-#include "system/unseen_prompt.h"
+#include "system/file_locks.h"
+#include "system/terminal.h"
 #include "system/watchdog.h"
 #include "text/grant_name.h"
 
@@ -82,7 +81,7 @@ struct Taken {
 // Not in the middle of a fetch that puts a new grant into the file, which would bring it back.
 Taken TakeFromFolder(const std::string& folder, const std::string& name) {
   if (!IsGrantName(name)) return {};
-  const GrantLock lock(folder, name, TheLimits().Total / 4);
+  const FileLock lock(GrantPath(folder, name), TheLimits().Total / 4);
   Taken taken{LoadGrant(folder, name)};
   taken.FileIsGone = RemoveGrant(folder, name);
   return taken;
@@ -91,7 +90,7 @@ Taken TakeFromFolder(const std::string& folder, const std::string& name) {
 // While the service takes it back no run adds a grant that would go along.
 Outcome RevokeNamed(const std::string& name) {
   const std::string folder = GrantFolder();
-  const GrantFolderLock lock(folder, GrantFolderLock::Sharing::kAlone, TheLimits().Total / 4);
+  const FolderLock lock(folder, Sharing::kAlone, TheLimits().Total / 4);
   const Taken taken = TakeFromFolder(folder, name);
   if (!taken.Content) return {ResultCode::kRefused, "There is no such grant in " + folder + "."};
   const bool isLast =
@@ -104,7 +103,7 @@ Outcome RevokeNamed(const std::string& name) {
 
 int Revoke() {
   const std::string name = ReadSecret("Name of the grant: ");
-  WatchCommand(std::string(kTimeIsUp) + kTakeItAway, STDOUT_FILENO, TheLimits().Total);
+  WatchCommand(std::string(kTimeIsUp) + kTakeItAway, kStandardOutput, TheLimits().Total);
   const Outcome outcome = RevokeNamed(name);
   EndWatch();
   std::puts(outcome.Words.c_str());

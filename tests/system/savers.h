@@ -8,7 +8,7 @@
 #include "config/atomic_write.h"
 #include "config/profile_file.h"
 #include "system/autostart_entry.h"
-#include "system/result_files.h"
+#include "system/own_files.h"
 #include "system/settings_file.h"
 #include "system/system_files.h"
 

@@ -1,22 +1,8 @@
 #include "browser/browser.h"
 
-#include <fcntl.h>
-#include <signal.h>
-#include <spawn.h>
-#include <sys/stat.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
 #include <algorithm>
-#include <cerrno>
-#include <chrono>
-#include <optional>
-#include <string_view>
-#include <vector>
 
-#ifdef __APPLE__
-extern char** environ;
-#endif
+#include "system/opener.h"
 
 namespace quillbox {
 namespace {
@@ -28,63 +14,10 @@ using Clock = LoopbackServer::Clock;
 constexpr auto kWatching = 2000ms;
 constexpr auto kLookEvery = 10ms;
 
-#ifdef __APPLE__
-constexpr const char* kOpener = "open";
-#else
-constexpr const char* kOpener = "xdg-open";
-#endif
-
-// A proxy whose password we were given; the browser would keep it, for all its children, as long as
-// it runs.
-bool HoldsPassword(std::string_view variable) {
-  const std::size_t cut = variable.find('=');
-  if (cut == std::string_view::npos) return false;
-  const std::string_view name = variable.substr(0, cut);
-  return (name.ends_with("_proxy") || name.ends_with("_PROXY")) &&
-         variable.find('@', cut) != std::string_view::npos;
-}
-
-std::vector<char*> EnvironmentOfBrowser() {
-  std::vector<char*> variables;
-  for (char** variable = environ; *variable != nullptr; ++variable) {
-    if (!HoldsPassword(*variable)) variables.push_back(*variable);
-  }
-  variables.push_back(nullptr);
-  return variables;
-}
-
-// Our outputs belong to the name of the grant and to our own words, and the browser outlives
-// whoever reads them. What we ignore isn't its matter either.
-std::optional<pid_t> Spawn(char* const* arguments) {
-  posix_spawn_file_actions_t actions;
-  posix_spawnattr_t attributes;
-  ::posix_spawn_file_actions_init(&actions);
-  ::posix_spawnattr_init(&attributes);
-  ::posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
-  for (const int output : {STDOUT_FILENO, STDERR_FILENO}) {
-    ::posix_spawn_file_actions_addopen(&actions, output, "/dev/null", O_WRONLY, 0);
-  }
-  sigset_t usual;
-  ::sigemptyset(&usual);
-  ::sigaddset(&usual, SIGPIPE);
-  ::sigaddset(&usual, SIGXFSZ);
-  ::posix_spawnattr_setsigdefault(&attributes, &usual);
-  ::posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSIGDEF);
-  pid_t child = -1;
-  const int failed = ::posix_spawnp(&child, kOpener, &actions, &attributes, arguments,
-                                    EnvironmentOfBrowser().data());
-  ::posix_spawnattr_destroy(&attributes);
-  ::posix_spawn_file_actions_destroy(&actions);
-  return failed == 0 ? std::optional(child) : std::nullopt;
-}
-
-bool FailsSoon(pid_t opener, LoopbackServer& server) {
+bool FailsSoon(const Opener& opener, LoopbackServer& server) {
   for (const auto end = Clock::now() + kWatching; Clock::now() < end;) {
     if (server.AwaitOffered(Clock::now() + kLookEvery)) return false;
-    int status = 0;
-    const pid_t ended = ::waitpid(opener, &status, WNOHANG);
-    if (ended == opener) return status != 0;
-    if (ended < 0 && errno != EINTR) return false;  // nobody tells how it ended
+    if (const auto failed = opener.Failed()) return *failed;
   }
   return false;
 }
@@ -93,12 +26,9 @@ bool FailsSoon(pid_t opener, LoopbackServer& server) {
 
 bool OpenInBrowser(LoopbackServer& server, const std::string& page, const std::string& address,
                    Clock::time_point end, unsigned fileMask) {
-  const std::string shown = server.Offer(page, address, std::min(end, Clock::now() + kOffered));
-  char* const arguments[] = {const_cast<char*>(kOpener), const_cast<char*>(shown.c_str()), nullptr};
-  const mode_t own = ::umask(static_cast<mode_t>(fileMask));
-  const auto opener = Spawn(arguments);
-  ::umask(own);
-  return opener && !FailsSoon(*opener, server);
+  const Opener opener(server.Offer(page, address, std::min(end, Clock::now() + kOffered)),
+                      fileMask);
+  return opener.Started() && !FailsSoon(opener, server);
 }
 
 }  // namespace quillbox

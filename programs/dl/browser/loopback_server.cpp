@@ -1,17 +1,11 @@
 #include "browser/loopback_server.h"
 
-#include <netinet/in.h>
-#include <poll.h>
-#include <sys/socket.h>
-#include <unistd.h>
-
 #include <algorithm>
-#include <cerrno>
 #include <string_view>
 #include <utility>
 
 #include "oauth/browser_pages.h"
-#include "system/peer_user.h"
+#include "system/sockets.h"
 
 namespace quillbox {
 namespace {
@@ -21,8 +15,8 @@ using namespace std::chrono_literals;
 constexpr std::size_t kMostVisitors = 16;
 constexpr int kMostAtOnce = 64;  // before those who were let in are heard
 constexpr std::size_t kMostBytes = 16 << 10;
-constexpr std::chrono::duration<int, std::milli> kReading = 1s;  // of the next part of a page
-constexpr auto kVisit = 10s;  // browsers also connect ahead and say nothing
+constexpr auto kReading = 1s;  // of the next part of a page
+constexpr auto kVisit = 10s;   // browsers also connect ahead and say nothing
 
 // `fields`: more lines of the head, each with its end.
 std::string Reply(const std::string& status, const std::string& page,
@@ -36,47 +30,19 @@ std::string Reply(const std::string& status, const std::string& page,
 }
 
 // A long list of accounts is more than a socket takes at once; who doesn't read gets a part of it.
-void SendWhole(int socket, std::string_view bytes) {
-  pollfd writable{socket, POLLOUT, 0};
-  while (!bytes.empty() && ::poll(&writable, 1, kReading.count()) > 0) {
-    const ssize_t sent = ::send(socket, bytes.data(), bytes.size(), MSG_NOSIGNAL);
-    if (sent < 0) return;
-    bytes.remove_prefix(static_cast<std::size_t>(sent));
-  }
-}
-
 void SayGoodbye(int socket, const std::string& reply) {
-  SendWhole(socket, reply);
-  ::shutdown(socket, SHUT_WR);
-  ::close(socket);
-}
-
-// With a reset, so that nothing of it stays, and no number of these takes away all the ports.
-void Refuse(int socket) {
-  const linger none{1, 0};
-  ::setsockopt(socket, SOL_SOCKET, SO_LINGER, &none, sizeof none);
-  ::close(socket);
+  SendWhole(socket, reply, kReading);
+  CloseSocket(socket);
 }
 
 }  // namespace
 
-LoopbackServer::LoopbackServer()
-    : listener_(::socket(AF_INET, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0)) {
-  sockaddr_in address{};
-  address.sin_family = AF_INET;
-  address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-  auto* const general = reinterpret_cast<sockaddr*>(&address);
-  socklen_t size = sizeof address;
-  listens_ = listener_ >= 0 && ::bind(listener_, general, size) == 0 &&
-             ::listen(listener_, SOMAXCONN) == 0 && ::getsockname(listener_, general, &size) == 0 &&
-             KnowsUsers(listener_);
-  port_ = ntohs(address.sin_port);
-}
+LoopbackServer::LoopbackServer() : listener_(ListenOnLoopback(port_)) {}
 
 LoopbackServer::~LoopbackServer() {
-  if (answered_ >= 0) ::close(answered_);
-  for (const Visitor& visitor : visitors_) ::close(visitor.Socket);
-  if (listener_ >= 0) ::close(listener_);
+  if (answered_ >= 0) CloseSocket(answered_);
+  for (const Visitor& visitor : visitors_) CloseSocket(visitor.Socket);
+  if (listener_ >= 0) CloseSocket(listener_);
 }
 
 std::string LoopbackServer::Address() const {
@@ -117,23 +83,22 @@ std::optional<QueryFields> LoopbackServer::Serve(const IsWanted& isWanted, Clock
 
 // Until somebody comes or speaks, at most a second: visits have an end too.
 void LoopbackServer::Wait(Clock::time_point end) {
-  std::vector<pollfd> watched{{listener_, POLLIN, 0}};
-  for (const Visitor& visitor : visitors_) watched.push_back({visitor.Socket, POLLIN, 0});
+  std::vector<int> watched{listener_};
+  for (const Visitor& visitor : visitors_) watched.push_back(visitor.Socket);
   const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(end - Clock::now());
-  const auto longest = std::clamp(left, std::chrono::milliseconds(1), 1000ms);
-  ::poll(watched.data(), watched.size(), static_cast<int>(longest.count()));
+  AwaitReadable(watched, std::clamp(left, std::chrono::milliseconds(1), 1000ms));
 }
 
 void LoopbackServer::Admit() {
   for (int count = 0; count < kMostAtOnce; ++count) {
-    const int socket = ::accept4(listener_, nullptr, nullptr, SOCK_NONBLOCK | SOCK_CLOEXEC);
+    const int socket = AcceptVisitor(listener_);
     if (socket < 0) return;
     if (!IsPeerOwn(socket)) {
-      Refuse(socket);
+      ResetSocket(socket);
       continue;
     }
     if (visitors_.size() == kMostVisitors) {
-      ::close(visitors_.front().Socket);
+      CloseSocket(visitors_.front().Socket);
       visitors_.erase(visitors_.begin());
     }
     visitors_.push_back({socket, "", Clock::now()});
@@ -142,15 +107,14 @@ void LoopbackServer::Admit() {
 
 std::optional<QueryFields> LoopbackServer::Hear(Visitor& visitor, const IsWanted& isWanted) {
   char piece[4096];
-  const ssize_t got = ::recv(visitor.Socket, piece, sizeof piece, 0);
-  const bool silent = got < 0 && (errno == EAGAIN || errno == EWOULDBLOCK || errno == EINTR);
+  const int got = Receive(visitor.Socket, piece);
   if (got > 0) visitor.Received.append(piece, static_cast<std::size_t>(got));
   if (IsWholeHead(visitor.Received)) {
     if (auto query = Answer(visitor, isWanted)) return query;
   }
-  const bool over = (got <= 0 && !silent) || visitor.Received.size() > kMostBytes ||
-                    Clock::now() - visitor.Since > kVisit;
-  if (over && visitor.Socket >= 0) ::close(std::exchange(visitor.Socket, -1));
+  const bool over =
+      got < 0 || visitor.Received.size() > kMostBytes || Clock::now() - visitor.Since > kVisit;
+  if (over && visitor.Socket >= 0) CloseSocket(std::exchange(visitor.Socket, -1));
   return std::nullopt;
 }
 

@@ -29,7 +29,7 @@ class LoopbackServer {
   LoopbackServer& operator=(const LoopbackServer&) = delete;
 
   // False when no port was to be had, or the system doesn't tell who comes.
-  bool Listens() const { return listens_; }
+  bool Listens() const { return listener_ >= 0; }
 
   // "http://127.0.0.1:PORT/"
   std::string Address() const;
@@ -69,9 +69,8 @@ class LoopbackServer {
   std::optional<QueryFields> Answer(Visitor& visitor, const IsWanted& isWanted);
   std::string LeadOn();
 
-  int listener_ = -1;
   int port_ = 0;
-  bool listens_ = false;
+  int listener_;
   Page page_;
   std::vector<Visitor> visitors_;
   int answered_ = -1;  // the browser that waits for Show

@@ -14,11 +14,8 @@ std::string TakeArguments(int argc, char** argv);
 unsigned NarrowFileMask();
 
 // From here on the process leaves no core file, and a connection that breaks ends in an error
-// where it is used, not in a signal.
+// where it is used, not in a signal. Where the system can do that, no other process of the user may
+// look into this one's memory.
 void GuardProcess();
-
-// The part of GuardProcess that only some systems know: no other process of the user may look
-// into this one's memory. Does nothing elsewhere.
-void ForbidInspection();
 
 }  // namespace quillbox

@@ -1,4 +1,4 @@
-#include "system/unseen_prompt.h"
+#include "system/terminal.h"
 
 #include <poll.h>
 #include <signal.h>
@@ -81,6 +81,10 @@ std::string ReadLine() {
 }
 
 }  // namespace
+
+bool ErrorsAreSeen() {
+  return ::isatty(STDERR_FILENO) == 1;
+}
 
 std::string ReadSecret(const char* question) {
   termios usual{};

@@ -10,8 +10,8 @@
 
 #include <optional>
 
-#include "system/peer_user.h"
-#include "system/process.h"
+#include "system/posix/special.h"
+#include "system/sockets.h"
 
 namespace quillbox {
 namespace {

@@ -6,6 +6,8 @@
 #include <csignal>
 #include <cstring>
 
+#include "system/posix/special.h"
+
 namespace quillbox {
 namespace {
 

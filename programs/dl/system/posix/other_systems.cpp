@@ -1,6 +1,6 @@
 // The twins of what only Linux can do, for systems where we know no way.
-#include "system/peer_user.h"
-#include "system/process.h"
+#include "system/posix/special.h"
+#include "system/sockets.h"
 
 namespace quillbox {
 

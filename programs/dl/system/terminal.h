@@ -1,9 +1,16 @@
-// Asking for a secret.
+// The standard streams, and asking for a secret there.
 #pragma once
 
 #include <string>
 
 namespace quillbox {
+
+// Descriptors of the standard streams that are written to.
+inline constexpr int kStandardOutput = 1;
+inline constexpr int kStandardErrors = 2;
+
+// Whether a person sees what is written to the standard errors.
+bool ErrorsAreSeen();
 
 // The first line of standard input; empty for one of more than 64 KiB. A terminal shows `question`
 // and not what is typed, and it is as it was before when a signal from the person (Ctrl-C, Ctrl-Z)

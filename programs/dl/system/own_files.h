@@ -1,8 +1,10 @@
-// The two files that a run leaves.
+// Files that are for their owner alone and appear whole: what a run leaves, and grants.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace quillbox {
 
@@ -43,5 +45,26 @@ class ComingFile {
 // in the same folder ("<path>.<process number>.part"), flushed to the disk and renamed. Its owner
 // alone can read it; no symbolic link is followed. False when it could not be written.
 bool WriteWholeFile(const std::string& path, std::string_view content);
+
+// The content of a file of at most `mostBytes`. Nothing for a link, a file of somebody else or one
+// that is open to others, and for one that can't be read.
+std::optional<std::string> ReadOwnFile(const std::string& path, std::size_t mostBytes);
+
+// The names in the folder; nothing when it can't be read.
+std::optional<std::vector<std::string>> FilesIn(const std::string& folder);
+
+// Makes the folder with those above it. From then on it is for its owner alone. False when that
+// fails.
+bool MakeOwnFolder(const std::string& folder);
+
+// What happened in the folder outlives a power failure, where the system can do that.
+void FlushFolder(const std::string& folder);
+
+// Takes the file away; a link goes, not what it leads to. Whether none is left, also when there was
+// none.
+bool RemoveFile(const std::string& path);
+
+// The folder in which the person's programs keep data; empty when the environment names none.
+std::string DataFolder();
 
 }  // namespace quillbox

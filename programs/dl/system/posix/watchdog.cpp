@@ -11,7 +11,7 @@
 #include <cstdlib>
 
 #include "request/answer.h"
-#include "system/result_files.h"
+#include "system/own_files.h"
 
 namespace quillbox {
 namespace {
