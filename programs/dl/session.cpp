@@ -5,7 +5,8 @@
 #include <optional>
 
 #include "body_collector.h"
-#include "curl.h"
+#include "request/web_address.h"
+#include "system/server_trust.h"
 #include "unpack/unpacker.h"
 
 namespace quillbox {
@@ -20,6 +21,7 @@ struct Exchange {
   const ZlibLibrary& Zlib;
   BodyCollector Collector;
   std::optional<Unpacker> Unpacking = {};  // once the body begins
+  bool ServerRefused = false;              // its certificate wasn't trusted
 
   bool Take(std::string_view piece) {
     if (!Unpacking) Unpacking.emplace(Zlib, CodingOfBody(Curl, Handle));
@@ -44,6 +46,31 @@ std::size_t TakeBody(char* data, std::size_t, std::size_t size, void* exchange) 
 std::size_t TakeHeader(char*, std::size_t, std::size_t size, void* exchange) {
   ExchangeOf(exchange).Collector.NoteProgress();
   return size;
+}
+
+// "host" of "host:443" and of "host".
+std::string WithoutPort(const std::string& host) {
+  const std::size_t cut = host.rfind(':');
+  return cut == host.npos || host.ends_with(']') ? host : host.substr(0, cut);
+}
+
+bool IsTrusted(const Exchange& exchange) {
+  const char* address = nullptr;
+  curl_tlssessioninfo* tls = nullptr;
+  exchange.Curl.easy_getinfo(exchange.Handle, CURLINFO_EFFECTIVE_URL, &address);
+  exchange.Curl.easy_getinfo(exchange.Handle, CURLINFO_TLS_SSL_PTR, &tls);
+  const auto parsed = ParseWebAddress(address == nullptr ? "" : address);
+  if (!parsed) return false;
+  return parsed->Protocol == Scheme::kHttp ||
+         (tls != nullptr && IsTrustedServer(tls->internals, WithoutPort(parsed->Host)));
+}
+
+// After the handshake and before the first byte of the request: a server that isn't trusted learns
+// nothing.
+int CheckServer(void* data, char*, char*, int, int) {
+  Exchange& exchange = ExchangeOf(data);
+  exchange.ServerRefused = !IsTrusted(exchange);
+  return exchange.ServerRefused ? CURL_PREREQFUNC_ABORT : CURL_PREREQFUNC_OK;
 }
 
 int Watch(void* exchange, curl_off_t, curl_off_t received, curl_off_t, curl_off_t sent) {
@@ -76,6 +103,12 @@ void Session::Set(CURLoption option, Value value) {
   usable_ = usable_ && curl_.easy_setopt(handle_, option, value) == CURLE_OK;
 }
 
+// A library without such folders has none to be cleared.
+void Session::ClearFolder(CURLoption option) {
+  const CURLcode result = curl_.easy_setopt(handle_, option, static_cast<const char*>(nullptr));
+  usable_ = usable_ && (result == CURLE_OK || result == CURLE_NOT_BUILT_IN);
+}
+
 void Session::SetSecurity() {
   Set(CURLOPT_SSL_VERIFYPEER, 1L);
   Set(CURLOPT_SSL_VERIFYHOST, 2L);
@@ -89,8 +122,8 @@ void Session::SetSecurity() {
   if (authorityFile_.empty()) return;
   Set(CURLOPT_CAINFO, authorityFile_.c_str());
   Set(CURLOPT_PROXY_CAINFO, authorityFile_.c_str());
-  Set(CURLOPT_CAPATH, static_cast<const char*>(nullptr));
-  Set(CURLOPT_PROXY_CAPATH, static_cast<const char*>(nullptr));
+  ClearFolder(CURLOPT_CAPATH);
+  ClearFolder(CURLOPT_PROXY_CAPATH);
 }
 
 std::chrono::milliseconds Session::TimeLeft() const {
@@ -157,6 +190,10 @@ Answer Session::Perform() {
   Set(CURLOPT_XFERINFOFUNCTION, &Watch);
   Set(CURLOPT_XFERINFODATA, static_cast<void*>(&exchange));
   Set(CURLOPT_NOPROGRESS, 0L);
+  if (ChecksServersItself() && authorityFile_.empty()) {
+    Set(CURLOPT_PREREQFUNCTION, &CheckServer);
+    Set(CURLOPT_PREREQDATA, static_cast<void*>(&exchange));
+  }
   Answer answer;
   answer.Outcome = Transfer::kNotSecure;
   if (!usable_) return answer;
@@ -164,6 +201,7 @@ Answer Session::Perform() {
   if (answer.Outcome == Transfer::kComplete && !exchange.Whole()) {
     answer.Outcome = Transfer::kNoAnswer;
   }
+  if (exchange.ServerRefused) answer.Outcome = Transfer::kNotSecure;
   answer.Body = exchange.Collector.TakeBody();
   return answer;
 }

@@ -44,6 +44,7 @@ class Session {
   template <typename Value>
   void Set(CURLoption option, Value value);
   void SetCommon(const std::string& address);
+  void ClearFolder(CURLoption option);
   void SetSecurity();
   void SetTimes();
   Answer Perform();

@@ -105,7 +105,7 @@ class GrantForgetting : public testing::Test {
       home_.WholeEnvironment(service_.Host(), service_.AuthorityFile());
   const TemporaryFolder data_;
   AppState state_;
-  const ApplicationFolder folder_{std::filesystem::path(QUILLBOX_DL_PROGRAM).parent_path().string(),
+  const ApplicationFolder folder_{std::filesystem::path(DlProgram()).parent_path().string(),
                                   data_.Path(), '/'};
   DesktopHost desktop_{folder_, 022};
   Host ports_ = desktop_.Ports();

@@ -35,7 +35,7 @@ class Authorize : public testing::Test {
     environment.insert(environment.end(), {"PATH=" + path, "QUILLBOX_OAUTH_CLIENT_ID=" + client,
                                            "QUILLBOX_OAUTH_CLIENT_SECRET=no-secret"});
     environment.insert(environment.begin(), variables_.begin(), variables_.end());
-    std::vector<std::string> command{QUILLBOX_DL_PROGRAM, "authorize", email_};
+    std::vector<std::string> command{DlProgram(), "authorize", email_};
     if (ordinary_) command = ForPerson(command, environment);
     dl_ = std::make_unique<ChildProcess>(terminal != nullptr ? terminal->Start(command, environment)
                                                              : ChildStart{command, environment});

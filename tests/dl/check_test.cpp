@@ -72,7 +72,7 @@ TEST(Check, AsksAtATerminalWithoutShowingWhatIsTyped) {
     const PseudoTerminal terminal;
     // Ignored, as by a shell that starts something in the background, or held back.
     const char* const deaf = c.ignored ? "--ignore-signal=INT,QUIT" : "--block-signal=INT,QUIT";
-    ChildProcess dl(terminal.Start({"/usr/bin/env", deaf, QUILLBOX_DL_PROGRAM, "check", kEmail},
+    ChildProcess dl(terminal.Start({"/usr/bin/env", deaf, DlProgram(), "check", kEmail},
                                    home.WholeEnvironment(service.Host(), service.AuthorityFile())));
     EXPECT_EQ(terminal.ReadTo("Password: "), "Password: ");
     EXPECT_FALSE(terminal.Echoes());
@@ -103,7 +103,7 @@ TEST(Commands, SayWhatCannotBeLoaded) {
     std::vector<std::string> environment = home.WholeEnvironment("localhost:1", "");
     environment.insert(environment.end(),
                        {"LD_LIBRARY_PATH=" + libraries.Path(), "QUILLBOX_OAUTH_CLIENT_ID=x"});
-    ChildProcess dl({{QUILLBOX_DL_PROGRAM, c.command}, environment});
+    ChildProcess dl({{DlProgram(), c.command}, environment});
     dl.Write(std::string(c.command) == "open" ? "https://x.test/\n" : "grant:TESTGRANT234\n");
     dl.CloseInput();
     const std::string said = dl.ReadAll();

@@ -13,7 +13,7 @@ class Open : public testing::Test {
  protected:
   // A copy for all to run, since the one that was built may lie where only its builder gets to.
   Open() {
-    std::filesystem::copy_file(QUILLBOX_DL_PROGRAM, place_.File("dl"));
+    std::filesystem::copy_file(DlProgram(), place_.File("dl"));
     std::filesystem::permissions(place_.Path(), std::filesystem::perms(0755));
   }
 

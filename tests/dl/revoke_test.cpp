@@ -14,7 +14,7 @@ using testing::HasSubstr;
 using testing::Not;
 
 Checked Revoke(const std::string& name, const std::vector<std::string>& environment) {
-  ChildProcess dl({{QUILLBOX_DL_PROGRAM, "revoke"}, environment});
+  ChildProcess dl({{DlProgram(), "revoke"}, environment});
   dl.Write(name + "\n");
   dl.CloseInput();
   const std::string said = dl.ReadAll();
@@ -141,7 +141,7 @@ TEST(Revoke, TakesTurns) {
   std::vector<std::unique_ptr<ChildProcess>> runs;
   for (const std::string& name : {std::string(kGrantName), other}) {
     runs.push_back(
-        std::make_unique<ChildProcess>(ChildStart{{QUILLBOX_DL_PROGRAM, "revoke"}, environment}));
+        std::make_unique<ChildProcess>(ChildStart{{DlProgram(), "revoke"}, environment}));
     runs.back()->Write(name + "\n");
     runs.back()->CloseInput();
   }

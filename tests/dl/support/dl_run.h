@@ -1,6 +1,7 @@
 // One run of the fetch program, and what it left.
 #pragma once
 
+#include <cstdlib>
 #include <optional>
 #include <string>
 #include <vector>
@@ -17,6 +18,13 @@ inline constexpr const char* kContentReport =
     "/adsense/report/aggregate?product=afc&dateRange.dateRangeType=simple"
     "&dateRange.simpleDate=thismonth&reportType=property&groupByPref=date"
     "&outputFormat=TSV_EXCEL&unitPref=page";
+
+// The program under test: that of this build, or the one that QUILLBOX_TESTED_DL names, which may
+// be a script that starts it in another world.
+inline std::string DlProgram() {
+  const char* const other = std::getenv("QUILLBOX_TESTED_DL");
+  return other == nullptr ? QUILLBOX_DL_PROGRAM : other;
+}
 
 // As the program makes it: texts in the code page.
 inline std::string SignedIn(const std::string& email, const std::string& password,
@@ -43,7 +51,7 @@ class DlRun {
  public:
   // The command line, for tests that start the program themselves.
   ChildStart Start(const DlStart& start) const {
-    ChildStart child{{QUILLBOX_DL_PROGRAM, start.Request + "|" + DataPath() + "|" + LogPath()},
+    ChildStart child{{DlProgram(), start.Request + "|" + DataPath() + "|" + LogPath()},
                      start.Environment};
     child.Environment.push_back("QUILLBOX_DL_LIMITS=" + start.Limits);
     if (start.AuthorityFile.empty()) return child;

@@ -65,7 +65,7 @@ struct Checked {
 // Runs `dl check`, with a password or the name of a grant as its input.
 inline Checked Check(const std::string& secret, const std::vector<std::string>& environment) {
   ChildProcess shell({{"/bin/sh", "-c", "printf '%s\\n' \"$1\" | \"$2\" check \"$3\"", "sh", secret,
-                       QUILLBOX_DL_PROGRAM, kEmail},
+                       DlProgram(), kEmail},
                       environment});
   const std::string said = shell.ReadAll();
   return {shell.Wait(), said};

@@ -6,12 +6,12 @@
 #include <sys/time.h>
 #include <unistd.h>
 
-#include <atomic>
 #include <cstdio>
 #include <cstdlib>
 
 #include "request/answer.h"
 #include "system/own_files.h"
+#include "system/watch_state.h"
 
 namespace quillbox {
 namespace {
@@ -26,9 +26,7 @@ struct LastWords {
 // What must be global: a signal's handler is told nothing. Set once.
 const LastWords* last = nullptr;
 
-enum class Watch { kOff, kOn, kHeldBack, kOverdue, kOver };
-std::atomic<Watch> watch = Watch::kOff;
-static_assert(std::atomic<Watch>::is_always_lock_free, "a signal's handler uses it");
+WatchState watch;
 
 constexpr int kNoAnswer = static_cast<int>(ResultCode::kNoAnswer);
 
@@ -62,13 +60,7 @@ void OnCrash(int) {
 
 // It may run on a thread of a library's.
 void OnTimeUp(int) {
-  Watch now = watch;
-  while (now == Watch::kOn || now == Watch::kHeldBack) {
-    const bool endsNow = now == Watch::kOn;
-    if (!watch.compare_exchange_weak(now, endsNow ? Watch::kOver : Watch::kOverdue)) continue;
-    if (endsNow) End();
-    return;
-  }
+  if (watch.TimeIsUp()) End();
 }
 
 void Handle(int signal, void (*handler)(int), int flags) {
@@ -80,7 +72,7 @@ void Handle(int signal, void (*handler)(int), int flags) {
 
 // libcurl ends an exchange at the limit itself and knows better why, so it is let go first.
 void Start(std::chrono::milliseconds limit) {
-  watch = Watch::kOn;
+  watch.Start();
   Handle(SIGALRM, &OnTimeUp, SA_RESTART);
   sigset_t alarm;
   ::sigemptyset(&alarm);
@@ -117,17 +109,15 @@ void WatchCommand(const std::string& words, int output, std::chrono::millisecond
 }
 
 void EndWatch() {
-  if (watch.exchange(Watch::kOff) == Watch::kOver) AwaitEnd();
+  if (watch.Stop()) AwaitEnd();
 }
 
 Unwatched::Unwatched() {
-  Watch on = Watch::kOn;
-  if (!watch.compare_exchange_strong(on, Watch::kHeldBack) && on == Watch::kOver) AwaitEnd();
+  if (watch.Hold()) AwaitEnd();
 }
 
 Unwatched::~Unwatched() {
-  Watch held = Watch::kHeldBack;
-  if (!watch.compare_exchange_strong(held, Watch::kOn) && held == Watch::kOverdue) End();
+  if (watch.Release()) End();
 }
 
 }  // namespace quillbox

@@ -1,0 +1,16 @@
+// The check of a server's certificate that some systems need besides libcurl's own.
+#pragma once
+
+#include <string>
+
+namespace quillbox {
+
+// Whether this system needs it. Elsewhere libcurl's check is all there is to do.
+bool ChecksServersItself();
+
+// Whether the certificate that the server showed is one for `host` (without a port) that the system
+// trusts. `connection`: what libcurl's TLS library calls its context (CURLINFO_TLS_SSL_PTR). False
+// when anything is unclear.
+bool IsTrustedServer(void* connection, const std::string& host);
+
+}  // namespace quillbox
