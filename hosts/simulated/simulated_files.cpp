@@ -143,10 +143,17 @@ bool SimulatedFiles::Flush(const std::string& path) {
   return true;
 }
 
+// What has files in it is a folder.
+bool SimulatedFiles::MayBeReplaced(const std::string& path) const {
+  const auto inside = names_.lower_bound(path + "/");
+  const bool isFolder = inside != names_.end() && inside->first.starts_with(path + "/");
+  return !isFolder && !(readOnly_.contains(path) && names_.contains(path));
+}
+
 bool SimulatedFiles::Rename(const std::string& from, const std::string& to) {
   if (!BeginStep() || disk_ == DiskState::kReadOnly) return false;
   const auto file = names_.find(from);
-  if (file == names_.end()) return false;
+  if (file == names_.end() || !MayBeReplaced(to)) return false;
   if (from != to) ChangeNames({{from, nullptr}, {to, file->second}});
   Tell("rename", from + " to " + to);
   return power_;
@@ -169,7 +176,7 @@ std::vector<std::string> SimulatedFiles::List(const std::string& folder,
   for (auto file = names_.lower_bound(head); file != names_.end(); ++file) {
     if (!file->first.starts_with(head)) break;
     const std::string name = file->first.substr(head.size());
-    if (name.find('/') == std::string::npos && MatchesNamePattern(name, pattern))
+    if (name.find('/') == std::string::npos && MatchesFilePattern(name, pattern))
       found.push_back(name);
   }
   return found;

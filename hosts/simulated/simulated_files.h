@@ -41,6 +41,8 @@ class SimulatedFiles : public Files {
 
   void SetDisk(DiskState state) { disk_ = state; }
   void SetReadable(const std::string& path, bool readable);
+  // From now on nothing takes its place.
+  void MakeReadOnly(const std::string& path) { readOnly_.insert(path); }
 
   // In the step number `step` from now, counted from 0, the power goes: whether that step took
   // effect is open, all later calls do nothing and read nothing.
@@ -76,6 +78,7 @@ class SimulatedFiles : public Files {
   using Names = std::map<std::string, std::shared_ptr<Body>>;  // a null body: the name goes
 
   bool BeginStep();
+  bool MayBeReplaced(const std::string& path) const;
   void ChangeNames(const Names& change);
   void SettleBody(Body& body);
   void Tell(const char* what, const std::string& text);
@@ -83,7 +86,7 @@ class SimulatedFiles : public Files {
   Names names_;
   Names namesOnDisk_;
   std::deque<Names> unflushed_;  // changes of names; each happens wholly or not at all
-  std::set<std::string> unreadable_;
+  std::set<std::string> unreadable_, readOnly_;
   DiskState disk_ = DiskState::kWorks;
   bool power_ = true;
   std::optional<int> stepsLeft_;

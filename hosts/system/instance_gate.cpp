@@ -14,7 +14,7 @@
 #include <string_view>
 #include <thread>
 
-#include "system/system_files.h"
+#include "system/streams.h"
 
 namespace quillbox {
 namespace {

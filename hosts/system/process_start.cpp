@@ -3,6 +3,7 @@
 #include <sys/resource.h>
 #include <sys/stat.h>
 
+#include <algorithm>
 #include <iostream>
 #include <string_view>
 
@@ -20,6 +21,11 @@ mode_t ProtectProcess() {
   ::prctl(PR_SET_DUMPABLE, 0);
 #endif
   return before;
+}
+
+std::vector<std::string> BeginOnCommandLine(int count, const char* const* arguments) {
+  ::umask(S_IRWXG | S_IRWXO);
+  return {arguments + std::min(count, 1), arguments + count};
 }
 
 bool AnswersQuestion(int count, const char* const* arguments, const ProgramWords& words) {

@@ -4,6 +4,7 @@
 #include <sys/types.h>
 
 #include <string>
+#include <vector>
 
 namespace quillbox {
 
@@ -11,6 +12,11 @@ namespace quillbox {
 // process of the same user can read this one's memory. Call it first thing in main. Gives the file
 // mask that was in force: the person's own, which the person's own programs are to have.
 mode_t ProtectProcess();
+
+// For a program without secrets of its own: from here on new files are for their owner alone, and
+// the standard streams carry bytes as they are. Gives the arguments without the program's own name,
+// in the host's own bytes (on Windows UTF-8).
+std::vector<std::string> BeginOnCommandLine(int count, const char* const* arguments);
 
 struct ProgramWords {
   std::string Name;

@@ -8,7 +8,7 @@
 #include <thread>
 
 #include "config/atomic_write.h"
-#include "system/system_files.h"
+#include "system/streams.h"
 #include "system/system_surroundings.h"
 
 namespace quillbox {

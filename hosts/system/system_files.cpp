@@ -8,38 +8,11 @@
 #include <array>
 #include <cerrno>
 #include <filesystem>
-#include <string_view>
 
-#include "text/code_page.h"
+#include "system/streams.h"
 #include "text/text_list.h"
 
 namespace quillbox {
-namespace {
-
-int Open(const std::string& path, int flags, unsigned mode) {
-  int number = -1;
-  do {
-    number = ::open(path.c_str(), flags | O_CLOEXEC, mode);
-  } while (number < 0 && errno == EINTR);
-  return number;
-}
-
-}  // namespace
-
-FileDescriptor::FileDescriptor(const std::string& path, int flags, unsigned mode)
-    : number_(Open(path, flags, mode)) {}
-
-FileDescriptor::~FileDescriptor() {
-  Close();
-}
-
-bool FileDescriptor::Close() {
-  if (number_ < 0) return true;
-  const int number = number_;
-  number_ = -1;
-  return ::close(number) == 0 || errno == EINTR;  // an interrupted close has closed the file
-}
-
 namespace {
 
 // Nothing when there is no regular file at `path`.
@@ -71,21 +44,7 @@ bool Flushed(const FileDescriptor& file) {
   return result == 0;
 }
 
-std::string ForPattern(const std::string& text) {
-  return FromUtf8(text).value_or(text);
-}
-
 }  // namespace
-
-bool WriteAll(int descriptor, std::string_view content) {
-  while (!content.empty()) {
-    const ssize_t written = ::write(descriptor, content.data(), content.size());
-    if (written < 0 && errno == EINTR) continue;
-    if (written <= 0) return false;
-    content.remove_prefix(static_cast<std::size_t>(written));
-  }
-  return true;
-}
 
 bool SystemFiles::Exists(const std::string& path) {
   return RegularFile(path).has_value();
@@ -138,13 +97,12 @@ bool SystemFiles::Remove(const std::string& path) {
 
 std::vector<std::string> SystemFiles::List(const std::string& folder, const std::string& pattern) {
   std::vector<std::string> names;
-  const std::string wanted = ForPattern(pattern);
   std::error_code error;
   std::filesystem::directory_iterator entry(folder, error);
   for (; !error && entry != std::filesystem::directory_iterator(); entry.increment(error)) {
     std::error_code statusError;
     const std::string name = entry->path().filename().string();
-    if (entry->is_regular_file(statusError) && MatchesNamePattern(ForPattern(name), wanted)) {
+    if (entry->is_regular_file(statusError) && MatchesFilePattern(name, pattern)) {
       names.push_back(name);
     }
   }

@@ -1,14 +1,10 @@
 #include "quillbox-replay/batch.h"
 
-#include <errno.h>
-#include <poll.h>
-#include <unistd.h>
-
 #include <iostream>
 
 #include "quillbox-replay/formats/json.h"
 #include "quillbox-replay/request.h"
-#include "system/system_files.h"
+#include "system/streams.h"
 
 namespace quillbox {
 namespace {
@@ -89,22 +85,13 @@ constexpr std::size_t kManyAnswers = std::size_t{1} << 18U;
 
 enum class Input { kMore, kEnd, kFailed };
 
-// Whether reading would not wait; also true at the end of the input.
-bool InputWaits(int in) {
-  pollfd input{in, POLLIN, 0};
-  return poll(&input, 1, 0) > 0;
-}
-
 Input ReadMore(int in, std::string& pending) {
   const std::size_t before = pending.size();
   pending.resize(before + kChunk);
-  ssize_t count = 0;
-  do {
-    count = read(in, pending.data() + before, kChunk);
-  } while (count < 0 && errno == EINTR);
-  pending.resize(before + static_cast<std::size_t>(count < 0 ? 0 : count));
-  if (count < 0) return Input::kFailed;
-  return count == 0 ? Input::kEnd : Input::kMore;
+  const auto count = ReadSome(in, std::span(pending).subspan(before));
+  pending.resize(before + count.value_or(0));
+  if (!count) return Input::kFailed;
+  return *count == 0 ? Input::kEnd : Input::kMore;
 }
 
 class Batch {

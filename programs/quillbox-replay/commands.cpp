@@ -1,7 +1,5 @@
 #include "quillbox-replay/commands.h"
 
-#include <unistd.h>
-
 #include <fstream>
 #include <iostream>
 #include <memory>
@@ -22,7 +20,7 @@ namespace quillbox {
 namespace {
 
 int ScriptFrom(const std::string& path) {
-  std::ifstream script(path, std::ios::binary);
+  std::ifstream script(NativePath(path), std::ios::binary);
   if (!script || script.peek() == std::ifstream::traits_type::eof()) {
     throw UsageError("can't read the script " + path);
   }
@@ -44,7 +42,7 @@ void AddScriptCommand(CLI::App& program, std::optional<int>& exitCode) {
 
 void AddBatchCommand(CLI::App& program, std::optional<int>& exitCode) {
   program.add_subcommand("batch", "Answer JSON requests, one a line on standard input")
-      ->final_callback([&exitCode] { exitCode = RunBatch(STDIN_FILENO, STDOUT_FILENO); });
+      ->final_callback([&exitCode] { exitCode = RunBatch(0, 1); });
 }
 
 namespace {
@@ -107,6 +105,10 @@ CLI::Option* AddText(CLI::App& command, const std::string& name, std::string& te
                      const std::string& meaning) {
   return command.add_option(name, text, meaning)
       ->multi_option_policy(CLI::MultiOptionPolicy::Throw);
+}
+
+std::filesystem::path NativePath(std::string_view path) {
+  return std::u8string(path.begin(), path.end());
 }
 
 void AddRegion(CLI::App& command, std::string& name) {

@@ -2,9 +2,11 @@
 #pragma once
 
 #include <CLI/CLI.hpp>
+#include <filesystem>
 #include <optional>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 
 #include "region/regional_settings.h"
 
@@ -37,6 +39,9 @@ void AddBatchCommand(CLI::App& program, std::optional<int>& exitCode);
 // An option that takes one text, given at most once.
 CLI::Option* AddText(CLI::App& command, const std::string& name, std::string& text,
                      const std::string& meaning);
+
+// A path as the command line gives it.
+std::filesystem::path NativePath(std::string_view path);
 
 // The option --region; `name` gets "en-US" when it is left out.
 void AddRegion(CLI::App& command, std::string& name);

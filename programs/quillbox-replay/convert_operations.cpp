@@ -1,7 +1,6 @@
 // Single conversions, one function a request.
 #include <charconv>
 #include <cstddef>
-#include <filesystem>
 #include <optional>
 #include <variant>
 
@@ -99,8 +98,7 @@ Result ConvertTimeText(const Request& request) {
 }
 
 Result ConvertFileNameOf(const Request& request) {
-  constexpr auto kSeparator = static_cast<char>(std::filesystem::path::preferred_separator);
-  return FileNameOf(TextArgument(request), kSeparator);
+  return FileNameOf(TextArgument(request), '/');
 }
 
 // A change of one cell in its place.

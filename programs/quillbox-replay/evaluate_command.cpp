@@ -63,7 +63,7 @@ std::string ReadSettings(const std::string& path) {
 
 void CheckFolder(const std::string& folder) {
   std::error_code failure;
-  const std::filesystem::directory_iterator entries(folder, failure);
+  const std::filesystem::directory_iterator entries(NativePath(folder), failure);
   if (failure) throw UsageError("can't read the folder " + folder);
 }
 
@@ -80,8 +80,7 @@ SoundFileNames LoadSoundFiles(const SettingsStore& store) {
 // read.
 ReportFound FoundOf(const std::string& path, const std::optional<std::string>& text) {
   if (!text && SystemFiles().Exists(path)) throw UsageError("can't read the report " + path);
-  return {std::filesystem::path(path).filename().string(), text.has_value(),
-          text ? text->size() : 0};
+  return {path.substr(path.rfind('/') + 1), text.has_value(), text ? text->size() : 0};
 }
 
 std::vector<ReportFound> ReportsFound(const EvaluationInput& input, const ReportPaths& paths) {

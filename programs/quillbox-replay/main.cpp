@@ -1,15 +1,16 @@
 // Quillbox's own logic on a command line, without a desktop and without a network.
-#include <sys/stat.h>
-
 #include <algorithm>
 #include <iostream>
+#include <utility>
+#include <vector>
 
 #include "quillbox-replay/commands.h"
+#include "system/process_start.h"
 
 namespace quillbox {
 namespace {
 
-int Run(int count, char** texts) {
+int Run(std::vector<std::string> arguments) {
   CLI::App program("Runs Quillbox's own logic, without a desktop and without a network.",
                    "quillbox-replay");
   program.set_version_flag("--version", "quillbox-replay " QUILLBOX_VERSION);
@@ -20,7 +21,8 @@ int Run(int count, char** texts) {
   AddScriptCommand(program, exitCode);
   AddBatchCommand(program, exitCode);
   try {
-    program.parse(count, texts);
+    std::reverse(arguments.begin(), arguments.end());  // as the parser wants them
+    program.parse(std::move(arguments));
   } catch (const CLI::Success& question) {
     return program.exit(question);
   }
@@ -38,9 +40,8 @@ void TellMistake(std::string what) {
 }  // namespace quillbox
 
 int main(int count, char** texts) {
-  umask(S_IRWXG | S_IRWXO);
   try {
-    return quillbox::Run(count, texts);
+    return quillbox::Run(quillbox::BeginOnCommandLine(count, texts));
   } catch (const std::exception& failure) {
     quillbox::TellMistake(failure.what());
     return 2;

@@ -1,7 +1,6 @@
 // Stored accounts and settings files.
-#include <stdlib.h>
-
 #include <filesystem>
+#include <random>
 #include <string>
 
 #include "config/account_list.h"
@@ -13,6 +12,11 @@
 namespace quillbox {
 namespace {
 
+void RemoveFolder(const std::filesystem::path& folder) {
+  std::error_code ignored;
+  std::filesystem::remove_all(folder, ignored);
+}
+
 // A settings file that lives as long as this object, in a folder of its own that only its owner can
 // enter, below the system's folder for temporary files.
 class TemporaryFile {
@@ -23,28 +27,33 @@ class TemporaryFile {
   TemporaryFile(const TemporaryFile&) = delete;
   TemporaryFile& operator=(const TemporaryFile&) = delete;
 
-  std::string Path() const { return folder_ + "/settings.ini"; }
+  std::string Path() const {
+    const std::u8string path = (folder_ / "settings.ini").u8string();
+    return {path.begin(), path.end()};
+  }
 
  private:
-  std::string folder_;
+  std::filesystem::path folder_;
 };
 
-void RemoveFolder(const std::string& folder) {
-  std::error_code ignored;
-  std::filesystem::remove_all(folder, ignored);
-}
-
-TemporaryFile::TemporaryFile(const std::string& content) {
+// A name that is taken is never used: somebody else may have made it.
+std::filesystem::path NewFolder() {
   std::error_code failure;
   const std::filesystem::path parent = std::filesystem::temp_directory_path(failure);
-  folder_ = (parent / "quillbox-replay-XXXXXX").string();
-  if (failure || mkdtemp(folder_.data()) == nullptr) {
-    throw RequestError("no temporary folder can be made");
+  std::random_device random;
+  for (int i = 0; i < 100 && !failure; ++i) {
+    const auto folder = parent / ("quillbox-replay-" + std::to_string(random()));
+    if (!std::filesystem::create_directory(folder, failure)) continue;
+    std::filesystem::permissions(folder, std::filesystem::perms::owner_all, failure);
+    if (!failure) return folder;
   }
-  if (!SystemFiles().WriteNew(Path(), content)) {
-    RemoveFolder(folder_);
-    throw RequestError("no temporary file can be written");
-  }
+  throw RequestError("no temporary folder can be made");
+}
+
+TemporaryFile::TemporaryFile(const std::string& content) : folder_(NewFolder()) {
+  if (SystemFiles().WriteNew(Path(), content)) return;
+  RemoveFolder(folder_);
+  throw RequestError("no temporary file can be written");
 }
 
 TemporaryFile::~TemporaryFile() {

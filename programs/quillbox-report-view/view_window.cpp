@@ -10,7 +10,7 @@
 #include <utility>
 
 #include "qt_base/unicode_text.h"
-#include "system/system_files.h"
+#include "system/streams.h"
 
 namespace quillbox {
 namespace {

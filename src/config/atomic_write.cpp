@@ -27,6 +27,12 @@ std::optional<std::string> WriteBeside(Files& files, const std::string& path,
   return std::nullopt;
 }
 
+// Of a path with at least one separator.
+std::string FolderOf(const std::string& path) {
+  constexpr auto kSeparator = static_cast<char>(std::filesystem::path::preferred_separator);
+  return path.substr(0, path.find_last_of(std::string{'/', kSeparator}));
+}
+
 }  // namespace
 
 bool WriteAtomically(Files& files, const std::string& path, const std::string& content) {
@@ -37,7 +43,7 @@ bool WriteAtomically(Files& files, const std::string& path, const std::string& c
     files.Remove(*beside);
     return false;
   }
-  files.Flush(std::filesystem::path(path).parent_path().string());
+  files.Flush(FolderOf(path));
   return true;
 }
 

@@ -42,7 +42,8 @@ class Files {
   virtual bool Remove(const std::string& path) = 0;
 
   // Names (without the folder) of the files in `folder` that match `pattern`, in which "*" stands
-  // for any run of characters and "?" for one. Case is ignored; sorted by name.
+  // for any run of characters and "?" for one. Names are taken as UTF-8; one that the code page
+  // can't hold is matched byte by byte. Case is ignored; sorted by their bytes.
   virtual std::vector<std::string> List(const std::string& folder, const std::string& pattern) = 0;
 };
 

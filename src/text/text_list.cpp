@@ -70,4 +70,11 @@ bool MatchesNamePattern(std::string_view name, std::string_view pattern) {
   return pattern.find_first_not_of('*', p) == kNone;
 }
 
+bool MatchesFilePattern(std::string_view name, std::string_view pattern) {
+  const auto characters = [](std::string_view text) {
+    return FromUtf8(text).value_or(std::string(text));
+  };
+  return MatchesNamePattern(characters(name), characters(pattern));
+}
+
 }  // namespace quillbox

@@ -43,4 +43,8 @@ std::string Elided(std::string_view name, std::size_t longest = kLongestShownNam
 // most time proportional to the product of the lengths.
 bool MatchesNamePattern(std::string_view name, std::string_view pattern);
 
+// The same for names of files: each of the two is taken as UTF-8, or byte by byte when it is
+// something else or the code page can't hold it.
+bool MatchesFilePattern(std::string_view name, std::string_view pattern);
+
 }  // namespace quillbox
