@@ -53,4 +53,9 @@ std::string FindProgramFile(Files& files, const ApplicationFolder& folder, std::
 std::optional<std::string> FindSoundFile(Files& files, const ApplicationFolder& folder,
                                          const std::string& sound);
 
+// Removes what a run that died has left in the data folder: the fetch program's data and log files,
+// finished or not. Only for a program that is the one instance and has no agent running: anybody
+// else's fresh files would go too.
+void ClearWorkingFiles(Files& files, const ApplicationFolder& folder);
+
 }  // namespace quillbox

@@ -1,4 +1,4 @@
-#include "desktop/application_folders.h"
+#include "config/application_folder.h"
 
 #include <gmock/gmock.h>
 
