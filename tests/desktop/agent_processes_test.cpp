@@ -44,23 +44,6 @@ class AgentProcessesTest : public testing::Test {
   AgentProcesses agents_{folder_.File("dl")};
 };
 
-TEST_F(AgentProcessesTest, HandsOverTextAndEnvironmentUnchanged) {
-  std::string text = "|a b\"'$(x)`\\|\r\n";
-  for (int code = 128; code < 256; ++code) text += static_cast<char>(code);
-  ::setenv("REMOVED", "1", 1);
-  RunToItsEnd("printf %s \"$1\" > text; printf %s \"$ADDED:$REMOVED:$#\" > env",
-              {text, {{"ADDED", "M\xfcller"}, {"REMOVED", ""}}});
-  EXPECT_EQ(folder_.Content("text"), text);
-  EXPECT_EQ(folder_.Content("env"), "M\xc3\xbcller::1");
-}
-
-TEST_F(AgentProcessesTest, AStartThatFailsDoesNotRun) {
-  const AgentId agent = agents_.Start({"text", {}});
-  EXPECT_TRUE(ComesAbout([&] { return !agents_.Running(agent); }));
-  agents_.End(agent);
-  EXPECT_FALSE(agents_.Running(12345));
-}
-
 TEST_F(AgentProcessesTest, NothingThatAnAgentStartedOutlivesIt) {
   struct Case {
     const char* What;
@@ -91,16 +74,6 @@ TEST_F(AgentProcessesTest, NothingThatAnAgentStartedOutlivesIt) {
     ExpectEndOf("child");
     ExpectEndOf("own");
   }
-}
-
-TEST_F(AgentProcessesTest, NoAgentOutlivesAProgramThatDied) {
-  const int outcome = InChildAs(::geteuid(), [&] {
-    Start("echo $$ > own; exec sleep 600");
-    for (int tries = 0; tries < 1000 && !HasWritten("own"); ++tries) ::usleep(10'000);
-    return HasWritten("own") ? 0 : 1;  // and _exit, so that nothing is ended in an orderly way
-  });
-  ASSERT_EQ(outcome, 0);
-  ExpectEndOf("own");
 }
 
 TEST_F(AgentProcessesTest, InheritsNoOpenFile) {

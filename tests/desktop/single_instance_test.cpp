@@ -7,8 +7,6 @@
 #include <map>
 #include <thread>
 
-#include "desktop/fake_bus_service.h"
-#include "desktop/qt_event_loop.h"
 #include "support/child_process.h"
 #include "support/rounds.h"
 #include "system/instance_gate.h"
@@ -60,34 +58,6 @@ TEST(InstanceGate, IsDeafToOtherUsers) {
   fs::permissions(folder.File("quillbox.socket"), fs::perms::all);
   EXPECT_EQ(InChildAs(kNobody, [&] { return InstanceGate(folder.Path()).Knock(50ms) ? 1 : 0; }), 0);
   EXPECT_EQ(gate.AnswerKnocks(), 0);
-}
-
-class CountedLaunches : public HostEvents {
- public:
-  void TaskbarCreated() override {}
-  void QuillboxLaunched() override { ++Count; }
-  void Form_MouseMove(TrayMouse) override {}
-  const Menu& TrayMenu() override { return menu_; }
-  void MenuItemChosen(const MenuItem&) override {}
-
-  int Count = 0;
-
- private:
-  Menu menu_;
-};
-
-TEST(LocalSingleInstance, TellsOfEachLaterStart) {
-  CountedLaunches launches;
-  LocalSingleInstance first;
-  first.Connect(launches);
-  for (int count = 1; count <= 2; ++count) {
-    EXPECT_FALSE(first.AnotherInstanceRuns()) << count;
-    const auto later = std::async(std::launch::async, [] {
-      LocalSingleInstance second;
-      if (second.AnotherInstanceRuns()) second.WakeRunningInstance();
-    });
-    EXPECT_TRUE(ComesAbout([&] { return launches.Count == count; })) << count;
-  }
 }
 
 // RuntimeFolder as a process has it that is told this runtime folder.

@@ -79,10 +79,5 @@ TEST(SimulatedFiles, ChangesOfNamesHappenInTheirOrder) {
   }
 }
 
-TEST(SimulatedFiles, ListsTheFolderAlone) {
-  SimulatedFiles files{{"/d/b.WAV", ""}, {"/d/a.wav", ""}, {"/d/e/c.wav", ""}, {"/f.wav", ""}};
-  EXPECT_THAT(files.List("/d", "*.wav"), ElementsAre("a.wav", "b.WAV"));
-}
-
 }  // namespace
 }  // namespace quillbox

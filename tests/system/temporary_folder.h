@@ -1,11 +1,10 @@
 // A folder of a test's own that goes with it.
 #pragma once
 
-#include <stdlib.h>
-
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <random>
 #include <stdexcept>
 #include <string>
 
@@ -14,9 +13,14 @@ namespace quillbox {
 class TemporaryFolder {
  public:
   TemporaryFolder() {
-    std::string name = (std::filesystem::temp_directory_path() / "quillbox-XXXXXX").string();
-    if (::mkdtemp(name.data()) == nullptr) throw std::runtime_error("no temporary folder");
-    path_ = name;
+    namespace fs = std::filesystem;
+    std::random_device random;
+    for (int tries = 0; tries < 100 && path_.empty(); ++tries) {
+      const fs::path path = fs::temp_directory_path() / ("quillbox-" + std::to_string(random()));
+      if (fs::create_directory(path)) path_ = path.string();
+    }
+    if (path_.empty()) throw std::runtime_error("no temporary folder");
+    fs::permissions(path_, fs::perms::owner_all);
   }
   ~TemporaryFolder() {
     std::error_code error;
