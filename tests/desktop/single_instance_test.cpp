@@ -1,4 +1,6 @@
 // One program a user: who passes the gate, who hears of later starts, and where the gate stands.
+#include <QByteArray>
+
 #include <gmock/gmock.h>
 #include <sys/stat.h>
 #include <unistd.h>
