@@ -75,8 +75,8 @@ std::string AsArgument(const std::string& text) {
   return text;
 }
 
-std::string InBackground(const std::string& program, const std::string& word) {
-  return "'" + program + "' " + word + " &";
+bool StartBeside(const std::string& program, const std::string& word) {
+  return std::system(("'" + program + "' " + word + " &").c_str()) == 0;
 }
 
 }  // namespace quillbox

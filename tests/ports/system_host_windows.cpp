@@ -1,5 +1,7 @@
 #include <windows.h>
 
+#include <process.h>
+
 #include <filesystem>
 
 #include "ports/tried_host.h"
@@ -78,8 +80,8 @@ std::string AsArgument(const std::string& text) {
   return ToUtf8(text);
 }
 
-std::string InBackground(const std::string& program, const std::string& word) {
-  return "start /b \"\" \"" + program + "\" " + word;
+bool StartBeside(const std::string& program, const std::string& word) {
+  return ::_spawnl(_P_NOWAIT, program.c_str(), "beside", word.c_str(), nullptr) != -1;
 }
 
 }  // namespace quillbox

@@ -55,8 +55,8 @@ int Run(const std::string& program, const std::vector<std::string>& arguments) {
   if (word == "beat") return Beat(), 0;
   if (word == "save") return Save(), 0;
   if (word == "leave") {
-    const int started = std::system(InBackground(program, "beat").c_str());
-    return WaitForABeat(), started;
+    const bool started = StartBeside(program, "beat");
+    return WaitForABeat(), started ? 0 : 1;
   }
   if (word == "die") {
     const auto agents = MakeAgents(program);

@@ -57,8 +57,8 @@ std::unique_ptr<PerUserStore> MakeStore();
 std::unique_ptr<AgentRunner> MakeAgents(const std::string& program);
 // What a program finds as its argument when it is handed this text.
 std::string AsArgument(const std::string& text);
-// A command for std::system that starts a program with one word and goes on.
-std::string InBackground(const std::string& program, const std::string& word);
+// Starts a program with one word and goes on; whether that worked.
+bool StartBeside(const std::string& program, const std::string& word);
 
 // A batch over some sections with one value in all of them.
 inline std::vector<SettingChange> SameValues(const std::string& value) {
