@@ -7,6 +7,7 @@
 #include <openssl/x509v3.h>
 
 #include <cstdint>
+#include <memory>
 #include <stdexcept>
 
 namespace quillbox {
@@ -54,8 +55,23 @@ Certificate Begin(const std::string& name, const CertificateWish& wish) {
   return made;
 }
 
+bool HasFullNumbers(const X509* certificate) {
+  const ASN1_BIT_STRING* signature = nullptr;
+  X509_get0_signature(&signature, nullptr, certificate);
+  const unsigned char* bytes = ASN1_STRING_get0_data(signature);
+  const std::unique_ptr<ECDSA_SIG, decltype(&ECDSA_SIG_free)> numbers(
+      d2i_ECDSA_SIG(nullptr, &bytes, ASN1_STRING_length(signature)), &ECDSA_SIG_free);
+  Require(numbers != nullptr);
+  return BN_num_bytes(ECDSA_SIG_get0_r(numbers.get())) == 32 &&
+         BN_num_bytes(ECDSA_SIG_get0_s(numbers.get())) == 32;
+}
+
+// Each signature is another one. Wine 8 takes none with a number that is shorter than the key, as
+// one in 128 is.
 void Sign(const Certificate& subject, const Certificate& issuer) {
-  Require(X509_sign(subject.Public.get(), issuer.Key.get(), EVP_sha256()) != 0);
+  do {
+    Require(X509_sign(subject.Public.get(), issuer.Key.get(), EVP_sha256()) != 0);
+  } while (!HasFullNumbers(subject.Public.get()));
 }
 
 }  // namespace
