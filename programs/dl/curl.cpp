@@ -76,7 +76,6 @@ Transfer TransferOutcome(CURLcode result, const Connection& connection) {
     case CURLE_COULDNT_RESOLVE_HOST:
     case CURLE_COULDNT_RESOLVE_PROXY:
     case CURLE_COULDNT_CONNECT:
-    case CURLE_URL_MALFORMAT:
     case CURLE_INTERFACE_FAILED:
     case CURLE_PROXY:
       return Transfer::kNoConnection;

@@ -5,6 +5,7 @@
 #include <new>
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "commands.h"
 #include "fetch.h"
@@ -42,13 +43,14 @@ int Say(const char* words) {
 }
 
 // The commands come first: an e-mail address that holds bars names no files.
-int Obey(const std::string& text, unsigned fileMask) {
+int Obey(std::string text, unsigned fileMask) {
   if (const auto email = ArgumentOf(text, "authorize")) return Authorize(*email, fileMask);
   if (const auto email = ArgumentOf(text, "check")) return Check(*email);
   if (text == "revoke") return Revoke();
   if (text == "open") return Open(fileMask);
   if (text == "--help" || text == "-h") return Say(kHelp);
   if (text == "--version") return Say("dl " QUILLBOX_VERSION);
+  RestoreBytes(text);
   return RunFetch(text);
 }
 
@@ -57,10 +59,10 @@ int Obey(const std::string& text, unsigned fileMask) {
 
 int main(int argc, char** argv) {
   const unsigned fileMask = quillbox::NarrowFileMask();
-  const std::string text = quillbox::TakeArgumentsSurely(argc, argv);
+  std::string text = quillbox::TakeArgumentsSurely(argc, argv);
   quillbox::GuardProcess();
   try {
-    return quillbox::Obey(text, fileMask);
+    return quillbox::Obey(std::move(text), fileMask);
   } catch (const std::bad_alloc&) {
     return EXIT_FAILURE;
   }

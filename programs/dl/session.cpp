@@ -19,6 +19,7 @@ struct Exchange {
   const CurlLibrary& Curl;
   CURL* Handle;
   const ZlibLibrary& Zlib;
+  const std::string& AuthorityFile;
   BodyCollector Collector;
   std::optional<Unpacker> Unpacking = {};  // once the body begins
   bool ServerRefused = false;              // its certificate wasn't trusted
@@ -62,7 +63,8 @@ bool IsTrusted(const Exchange& exchange) {
   const auto parsed = ParseWebAddress(address == nullptr ? "" : address);
   if (!parsed) return false;
   return parsed->Protocol == Scheme::kHttp ||
-         (tls != nullptr && IsTrustedServer(tls->internals, WithoutPort(parsed->Host)));
+         (tls != nullptr &&
+          IsTrustedServer(tls->internals, WithoutPort(parsed->Host), exchange.AuthorityFile));
 }
 
 // After the handshake and before the first byte of the request: a server that isn't trusted learns
@@ -120,6 +122,8 @@ void Session::SetSecurity() {
   Set(CURLOPT_UNRESTRICTED_AUTH, 0L);
   Set(CURLOPT_DISALLOW_USERNAME_IN_URL, 1L);
   if (authorityFile_.empty()) return;
+  // libcurl's own check then finds no addresses in certificates.
+  if (ChecksServersItself()) Set(CURLOPT_SSL_VERIFYHOST, 0L);
   Set(CURLOPT_CAINFO, authorityFile_.c_str());
   Set(CURLOPT_PROXY_CAINFO, authorityFile_.c_str());
   ClearFolder(CURLOPT_CAPATH);
@@ -182,7 +186,7 @@ Answer Session::GetWithToken(const std::string& address, const std::string& toke
 }
 
 Answer Session::Perform() {
-  Exchange exchange{curl_, handle_, zlib_, BodyCollector(limits_)};
+  Exchange exchange{curl_, handle_, zlib_, authorityFile_, BodyCollector(limits_)};
   Set(CURLOPT_WRITEFUNCTION, &TakeBody);
   Set(CURLOPT_WRITEDATA, static_cast<void*>(&exchange));
   Set(CURLOPT_HEADERFUNCTION, &TakeHeader);
@@ -190,7 +194,7 @@ Answer Session::Perform() {
   Set(CURLOPT_XFERINFOFUNCTION, &Watch);
   Set(CURLOPT_XFERINFODATA, static_cast<void*>(&exchange));
   Set(CURLOPT_NOPROGRESS, 0L);
-  if (ChecksServersItself() && authorityFile_.empty()) {
+  if (ChecksServersItself()) {
     Set(CURLOPT_PREREQFUNCTION, &CheckServer);
     Set(CURLOPT_PREREQDATA, static_cast<void*>(&exchange));
   }

@@ -8,9 +8,10 @@ namespace quillbox {
 // Whether this system needs it. Elsewhere libcurl's check is all there is to do.
 bool ChecksServersItself();
 
-// Whether the certificate that the server showed is one for `host` (without a port) that the system
-// trusts. `connection`: what libcurl's TLS library calls its context (CURLINFO_TLS_SSL_PTR). False
-// when anything is unclear.
-bool IsTrustedServer(void* connection, const std::string& host);
+// Whether the certificate that the server showed is one for `host` (without a port) that is
+// trusted: by the system or, if `authorityFile` isn't empty, by the certificates (PEM) in it alone.
+// `connection`: what libcurl's TLS library calls its context (CURLINFO_TLS_SSL_PTR). False when
+// anything is unclear.
+bool IsTrustedServer(void* connection, const std::string& host, const std::string& authorityFile);
 
 }  // namespace quillbox

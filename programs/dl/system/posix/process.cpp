@@ -31,6 +31,9 @@ std::string TakeArguments(int argc, char** argv) {
   return text;
 }
 
+// They are bytes.
+void RestoreBytes(std::string&) {}
+
 unsigned NarrowFileMask() {
   return ::umask(077);
 }

@@ -6,7 +6,7 @@ bool ChecksServersItself() {
   return false;
 }
 
-bool IsTrustedServer(void*, const std::string&) {
+bool IsTrustedServer(void*, const std::string&, const std::string&) {
   return true;
 }
 

@@ -7,6 +7,7 @@
 #include <io.h>
 #include <sddl.h>
 
+#include <algorithm>
 #include <cstddef>
 #include <cstring>
 #include <utility>
@@ -43,14 +44,16 @@ HANDLE HandleOf(int file) {
 }
 
 // Only a run that died under this process number can have left a file of this name. Nobody else can
-// open the file while it is on its way, or take it away.
+// change the file while it is on its way, or take it away. It can be read, since it is open for a
+// moment yet when it has got its name.
 int CreateAfresh(const std::string& path) {
   const std::wstring wide = Wide(path);
   DeleteFileW(wide.c_str());
-  Descriptor descriptor(ForOwnerAlone());
+  Descriptor descriptor(FileForOwnerAlone());
   if (descriptor.Attributes() == nullptr) return -1;
-  const HANDLE file = CreateFileW(wide.c_str(), GENERIC_WRITE | DELETE, 0, descriptor.Attributes(),
-                                  CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr);
+  const HANDLE file =
+      CreateFileW(wide.c_str(), GENERIC_WRITE | DELETE, FILE_SHARE_READ, descriptor.Attributes(),
+                  CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr);
   if (file == INVALID_HANDLE_VALUE) return -1;
   return _open_osfhandle(reinterpret_cast<std::intptr_t>(file), _O_BINARY);
 }
@@ -80,7 +83,12 @@ bool IsReadOnly(const std::wstring& path) {
          (attributes & (FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_DIRECTORY)) != 0;
 }
 
-// While it is open, so that it is never without its owner.
+bool IsInUse(DWORD error) {
+  return error == ERROR_ACCESS_DENIED || error == ERROR_SHARING_VIOLATION;
+}
+
+// While it is open, so that it is never without its owner. What it replaces may be open too, for
+// the moment in which another run, or a search for viruses, reads it.
 bool Rename(int file, const std::string& path) {
   const std::wstring wide = Wide(path);
   if (IsReadOnly(wide)) return false;
@@ -90,8 +98,15 @@ bool Rename(int file, const std::string& path) {
   wish->ReplaceIfExists = TRUE;
   wish->FileNameLength = static_cast<DWORD>(bytes);
   std::memcpy(wish->FileName, wide.c_str(), bytes + sizeof(wchar_t));
-  return SetFileInformationByHandle(HandleOf(file), FileRenameInfo, wish,
-                                    static_cast<DWORD>(room.size())) != 0;
+  constexpr int kMostTries = 100;
+  for (int tries = 1;; ++tries) {
+    if (SetFileInformationByHandle(HandleOf(file), FileRenameInfo, wish,
+                                   static_cast<DWORD>(room.size())) != 0) {
+      return true;
+    }
+    if (!IsInUse(GetLastError()) || tries == kMostTries) return false;
+    Sleep(10);
+  }
 }
 
 void RemoveOpen(int file) {
@@ -136,6 +151,11 @@ bool IsForOwnerAlone(HANDLE file) {
   const bool own = known && LetsNobodyElseIn(list, owner);
   LocalFree(descriptor);
   return own;
+}
+
+bool IsAbsolute(std::wstring_view path) {
+  const std::size_t cut = path.find_first_of(L"/\\");
+  return cut == 0 || (cut == 2 && path[1] == L':');
 }
 
 std::optional<std::string> ReadAll(HANDLE file, std::size_t mostBytes) {
@@ -208,7 +228,7 @@ std::optional<std::vector<std::string>> FilesIn(const std::string& folder) {
 }
 
 bool MakeOwnFolder(const std::string& folder) {
-  Descriptor descriptor(ForOwnerAlone());
+  Descriptor descriptor(FolderForOwnerAlone());
   if (descriptor.Attributes() == nullptr) return false;
   for (std::size_t end = folder.find_first_of("/\\", 3);;
        end = folder.find_first_of("/\\", end + 1)) {
@@ -230,9 +250,13 @@ bool RemoveFile(const std::string& path) {
   return error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND;
 }
 
+// XDG_DATA_HOME, if it is absolute, as elsewhere; else the system's place.
 std::string DataFolder() {
-  const wchar_t* const folder = _wgetenv(L"LOCALAPPDATA");
-  return folder == nullptr ? "" : Narrow(folder);
+  for (const wchar_t* const name : {L"XDG_DATA_HOME", L"LOCALAPPDATA"}) {
+    const wchar_t* const folder = _wgetenv(name);
+    if (folder != nullptr && IsAbsolute(folder)) return Narrow(folder);
+  }
+  return "";
 }
 
 }  // namespace quillbox

@@ -8,10 +8,11 @@
 #include <io.h>
 #include <shellapi.h>
 
-#include <cstring>
-#include <cwchar>
+#include <algorithm>
+#include <utility>
 
 #include "system/windows/wide.h"
+#include "text/code_page.h"
 
 namespace quillbox {
 namespace {
@@ -44,6 +45,20 @@ std::string TakeArguments(int, char** argv) {
   Overwrite(GetCommandLineA());
   for (char** argument = argv + 1; *argument != nullptr; ++argument) Overwrite(*argument);
   return narrow;
+}
+
+// Quillbox hands over each byte as its character of windows-1252, also in a path, whose bytes are
+// UTF-8. A piece between bars with any other character was typed by somebody and stays UTF-8.
+void RestoreBytes(std::string& text) {
+  std::string bytes;
+  for (std::size_t begin = 0; begin <= text.size();) {
+    const std::size_t end = std::min(text.find('|', begin), text.size());
+    const std::string piece = text.substr(begin, end - begin);
+    bytes += FromUtf8(piece).value_or(piece);
+    if (end < text.size()) bytes += '|';
+    begin = end + 1;
+  }
+  text = std::move(bytes);
 }
 
 // Each file says itself whom it is for.

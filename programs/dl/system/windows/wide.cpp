@@ -8,6 +8,8 @@
 #include <optional>
 #include <vector>
 
+#include "text/code_page.h"
+
 namespace quillbox {
 namespace {
 
@@ -29,13 +31,26 @@ std::optional<UserBuffer> UserOf(HANDLE process) {
   return known ? std::optional(std::move(user)) : std::nullopt;
 }
 
+// `inherited`: "OICI" for what holds others. `rights`: as the notation has them.
+std::wstring ForOwnerAlone(const std::wstring& inherited, const std::wstring& rights) {
+  std::wstring person = L"OW";  // the owner, whoever that is
+  wchar_t* name = nullptr;
+  const auto user = UserOf(GetCurrentProcess());
+  if (user && ConvertSidToStringSidW(SidOf(*user), &name) != 0) {
+    person = name;
+    LocalFree(name);
+  }
+  return L"D:P(A;" + inherited + L";" + rights + L";;;" + person + L")";
+}
+
 }  // namespace
 
 std::wstring Wide(std::string_view utf8) {
   const int size = static_cast<int>(utf8.size());
-  std::wstring wide(
-      static_cast<std::size_t>(MultiByteToWideChar(CP_UTF8, 0, utf8.data(), size, nullptr, 0)),
-      L'\0');
+  const int length =
+      MultiByteToWideChar(CP_UTF8, MB_ERR_INVALID_CHARS, utf8.data(), size, nullptr, 0);
+  if (length == 0 && size > 0) return Wide(ToUtf8(utf8));
+  std::wstring wide(static_cast<std::size_t>(length), L'\0');
   MultiByteToWideChar(CP_UTF8, 0, utf8.data(), size, wide.data(), static_cast<int>(wide.size()));
   return wide;
 }
@@ -50,15 +65,13 @@ std::string Narrow(std::wstring_view wide) {
   return utf8;
 }
 
-std::wstring ForOwnerAlone() {
-  std::wstring person = L"OW";  // the owner, whoever that is
-  wchar_t* name = nullptr;
-  const auto user = UserOf(GetCurrentProcess());
-  if (user && ConvertSidToStringSidW(SidOf(*user), &name) != 0) {
-    person = name;
-    LocalFree(name);
-  }
-  return L"D:P(A;OICI;FA;;;" + person + L")";
+// All rights but that to execute.
+std::wstring FileForOwnerAlone() {
+  return ForOwnerAlone(L"", L"0x1f019f");
+}
+
+std::wstring FolderForOwnerAlone() {
+  return ForOwnerAlone(L"OICI", L"FA");
 }
 
 bool IsOwnProcess(unsigned long process) {

@@ -6,12 +6,15 @@
 
 namespace quillbox {
 
-// What is no UTF-8 or UTF-16 becomes the replacement character.
+// A text that is no UTF-8 is taken for windows-1252: so comes a path that somebody typed.
 std::wstring Wide(std::string_view utf8);
+// What is no UTF-16 becomes the replacement character.
 std::string Narrow(std::wstring_view wide);
 
-// The security descriptor, in Windows' own notation, of what is for the person alone.
-std::wstring ForOwnerAlone();
+// The security descriptors, in Windows' own notation, of what is for the person alone: a file,
+// which isn't to be run, and a folder with all that will be made in it.
+std::wstring FileForOwnerAlone();
+std::wstring FolderForOwnerAlone();
 
 // Whether the process of that number acts for the same person as this one. False when that can't be
 // found out.
