@@ -22,6 +22,10 @@ std::string BaseOf(const std::string& address) {
 // A run of `dl authorize`; its outputs come together.
 class Authorize : public testing::Test {
  protected:
+  void SetUp() override {
+    if (InWine()) GTEST_SKIP() << kNoVisitors;
+  }
+
   // `opener`: of the desktop, a script; empty for none.
   void Begin(const std::vector<std::string>& options, const std::string& opener = "exit 0",
              const std::string& client = "quillbox-demo",

@@ -27,11 +27,12 @@ std::vector<std::string> NamesIn(const TemporaryFolder& folder) {
   return names;
 }
 
-// A file of its owner alone, and no link to one.
+// A file of its owner alone, and no link to one. Wine gives the group what it gives the owner.
 bool IsPrivateFile(const std::string& path) {
+  const mode_t looked = InWine() ? ~mode_t{S_IRWXG} : ~mode_t{0};
   struct stat status {};
   return ::lstat(path.c_str(), &status) == 0 &&
-         status.st_mode == static_cast<mode_t>(S_IFREG | 0600);
+         (status.st_mode & looked) == static_cast<mode_t>(S_IFREG | 0600);
 }
 
 // The names that a watch saw appear, in order.
@@ -78,6 +79,7 @@ TEST_F(Files, OldOnesAreReplacedOrGoneAndLinksNotFollowed) {
     fs::create_symlink(run_.Folder.File("victim"), path);
   };
   for (const bool links : {false, true}) {
+    if (links && InWine()) continue;  // which shows a link as the file that it leads to
     PutOldOnes();
     if (links) link(run_.DataPath()), link(run_.LogPath());
     EXPECT_EQ(run_.CodeOf(service_.Plain()), "0");
@@ -91,6 +93,7 @@ TEST_F(Files, OldOnesAreReplacedOrGoneAndLinksNotFollowed) {
 
 TEST_F(Files, OldOnesAreGoneBeforeAnythingIsSentAndACrashLeavesACodeToo) {
   for (const int signal : {SIGSEGV, SIGABRT}) {
+    if (signal == SIGABRT && InWine()) continue;  // Windows knows no such signal from outside
     PutOldOnes();
     ChildProcess dl(run_.Start(stalled_.Plain()));
     ASSERT_EQ(stalled_.Process().ReadLine(), "GET /versionqb.txt");

@@ -136,6 +136,9 @@ TEST_F(GrantedReport, NeedsAWholeFileThatIsItsOwnersAlone) {
       {"half",
        [](const GrantHome& home, const char*) { home.Put("{\"refresh_token\": \"a\", "); }}};
   for (const Case& c : kCases) {
+    const std::string name = c.name;
+    // Wine shows neither the group's rights nor that a file is a link.
+    if (InWine() && (name == "open to the group" || name == "a link")) continue;
     const GrantHome home;
     c.spoil(home, home.GrantPath().c_str());
     EXPECT_EQ(run_.CodeOf(Granted(service_, home)), "3") << c.name;

@@ -127,9 +127,13 @@ TEST_P(HostileServer, GetsNoSecretOfAnother) {
   const std::string address = "https://" + asked.Host("localhost") + "/report";
   ChildProcess dl(
       run.Start({SignedIn(kEmail, kPassword, address), run.Folder.File("authority.pem")}));
-  EXPECT_EQ(dl.ReadAll(), "");
+  // A library of Wine's own says a line of its own.
+  EXPECT_THAT(dl.ReadAll(),
+              testing::AnyOf("", testing::MatchesRegex(InWine() ? "GnuTLS error: [^\n]*\n" : "")));
   EXPECT_EQ(dl.Wait(), 0);
-  EXPECT_EQ(run.Log(), c.code);
+  // Windows sees at once that no TLS is spoken; Wine waits for more of it.
+  const bool waits = InWine() && c.proof == Proof::kNone;
+  EXPECT_EQ(run.Log(), waits ? "2" : c.code);
   EXPECT_EQ(run.Data().has_value(), std::string(c.code) == "0");
 
   EXPECT_EQ(asked.Heard(kPassword), c.isProved);

@@ -11,6 +11,10 @@ using testing::Not;
 
 class Open : public testing::Test {
  protected:
+  void SetUp() override {
+    if (InWine()) GTEST_SKIP() << kNoVisitors;
+  }
+
   // A copy for all to run, since the one that was built may lie where only its builder gets to.
   Open() {
     std::filesystem::copy_file(DlProgram(), place_.File("dl"));

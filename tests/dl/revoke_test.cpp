@@ -116,6 +116,7 @@ TEST(Revoke, LeavesTheServiceAloneWhileAnotherGrantMayBeTheSamePersons) {
 
 // As `dl authorize` has the folder while the service makes a grant.
 TEST(Revoke, DoesNotAskTheServiceWhileAGrantIsBeingMade) {
+  if (InWine()) GTEST_SKIP() << kLocksOfItsOwn;
   const GrantHome home, elsewhere;
   const DemoService service({"--revoke", "person"});
   const std::string folder = std::filesystem::path(home.GrantPath()).parent_path();

@@ -37,6 +37,7 @@ void WritePem(const Certificate& certificate, const std::string& path) {
 TEST(Transport, Http2IsSpokenWhereTheServerOffersIt) {
   const std::string program = QUILLBOX_NGHTTPD_PROGRAM;
   if (program.empty()) GTEST_SKIP() << "nghttpd is not installed";
+  if (InWine()) GTEST_SKIP() << "the libcurl in it speaks no HTTP/2";
   const DlRun run;
   const TemporaryFolder& folder = run.Folder;
   const std::string pem = folder.File("server.pem");

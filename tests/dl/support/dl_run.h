@@ -19,11 +19,23 @@ inline constexpr const char* kContentReport =
     "&dateRange.simpleDate=thismonth&reportType=property&groupByPref=date"
     "&outputFormat=TSV_EXCEL&unitPref=page";
 
-// The program under test: that of this build, or the one that QUILLBOX_TESTED_DL names, which may
-// be a script that starts it in another world.
+// Set where the program under test is that for Windows: a script that starts it in Wine.
+inline const char* WineStarter() {
+  return std::getenv("QUILLBOX_TESTED_DL");
+}
+
+// What tests can't ask, or must ask in another way, when Wine stands in between.
+inline bool InWine() {
+  return WineStarter() != nullptr;
+}
+
+inline constexpr const char* kLocksOfItsOwn = "Windows locks files in a way of its own";
+inline constexpr const char* kNoVisitors = "Wine doesn't say whose a connection from outside it is";
+inline constexpr const char* kNoTerminal = "Wine has consoles of its own";
+
+// The program under test.
 inline std::string DlProgram() {
-  const char* const other = std::getenv("QUILLBOX_TESTED_DL");
-  return other == nullptr ? QUILLBOX_DL_PROGRAM : other;
+  return InWine() ? WineStarter() : QUILLBOX_DL_PROGRAM;
 }
 
 // As the program makes it: texts in the code page.
