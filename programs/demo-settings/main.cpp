@@ -5,12 +5,11 @@
 //
 // The exit status is 1 when the settings could not be saved, then the old ones stand. It works on
 // the store of whoever runs it: the demo gives it a folder of its own.
-#include <sys/stat.h>
-
 #include <CLI/CLI.hpp>
-#include <QLocale>
+#include <algorithm>
 #include <chrono>
 #include <iostream>
+#include <memory>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -18,9 +17,9 @@
 #include "config/account_list.h"
 #include "config/application_folder.h"
 #include "config/settings_store.h"
-#include "desktop/region.h"
+#include "demo-settings/person.h"
 #include "evaluation/stats_text.h"
-#include "system/settings_file.h"
+#include "system/process_start.h"
 #include "system/system_files.h"
 
 namespace quillbox {
@@ -72,7 +71,7 @@ void ShowStatistics(const SettingsStore& store) {
   std::cout << '\n'
             << OneAccountStatsText(store.ReadSetting(kTooltipValues),
                                    store.ReadSetting(primary.Stats()), CurrentYear(),
-                                   RegionOf(QLocale::system()))
+                                   PersonsRegion())
             << '\n';
 }
 
@@ -83,10 +82,10 @@ class UserSettings {
 
  private:
   SystemFiles files_;
-  SettingsFile userStore_{files_};
+  const std::unique_ptr<PerUserStore> userStore_ = PersonsStore(files_);
   const ApplicationFolder unusedFolder_{"", "", '/'};
   const std::string perUserMode_;
-  SettingsStore store_{userStore_, files_, unusedFolder_, perUserMode_};
+  SettingsStore store_{*userStore_, files_, unusedFolder_, perUserMode_};
 };
 
 void AddWrite(CLI::App& program) {
@@ -105,7 +104,7 @@ void AddWrite(CLI::App& program) {
   });
 }
 
-int Run(int count, char** arguments) {
+int Run(std::vector<std::string> arguments) {
   CLI::App program("Fills the settings store of the demo, and tells what is stored there.",
                    "demo-settings");
   program.set_version_flag("--version", "demo-settings " QUILLBOX_VERSION);
@@ -114,7 +113,8 @@ int Run(int count, char** arguments) {
   program.add_subcommand("show", "Print stored statistics, and the tip made of them")
       ->final_callback([] { ShowStatistics(UserSettings().Store()); });
   try {
-    program.parse(count, arguments);
+    std::reverse(arguments.begin(), arguments.end());  // it takes them from the end
+    program.parse(arguments);
   } catch (const CLI::Success& question) {
     return program.exit(question);
   }
@@ -125,9 +125,8 @@ int Run(int count, char** arguments) {
 }  // namespace quillbox
 
 int main(int count, char** arguments) {
-  ::umask(S_IRWXG | S_IRWXO);
   try {
-    return quillbox::Run(count, arguments);
+    return quillbox::Run(quillbox::BeginOnCommandLine(count, arguments));
   } catch (const CLI::ParseError& mistake) {
     std::cerr << "demo-settings: " << mistake.what() << "\n";
     return 2;

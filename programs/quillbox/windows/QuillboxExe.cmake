@@ -1,0 +1,14 @@
+# quillbox.exe: no console, nothing of ours beside it, and its pictures, version and manifest within.
+
+set(QUILLBOX_PAGE_RESOURCES "")
+foreach(page general ad-sense auto-update tray-tooltip sounds internet preview)
+  string(APPEND QUILLBOX_PAGE_RESOURCES
+    "${page} RCDATA \"${PROJECT_SOURCE_DIR}/assets/pages/${page}-32.png\"\n")
+endforeach()
+configure_file(windows/quillbox.rc.in "${CMAKE_CURRENT_BINARY_DIR}/quillbox.rc" @ONLY)
+
+enable_language(RC)
+set_source_files_properties("${CMAKE_CURRENT_BINARY_DIR}/quillbox.rc" PROPERTIES OBJECT_DEPENDS
+  "${PROJECT_SOURCE_DIR}/hosts/windows/dialogs.rc")
+add_executable(quillbox WIN32 windows_main.cpp build_values.cpp "${CMAKE_CURRENT_BINARY_DIR}/quillbox.rc")
+target_link_libraries(quillbox PRIVATE shell state platform windows_host quillbox_options)
