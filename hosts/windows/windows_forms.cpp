@@ -101,7 +101,7 @@ void WindowsForms::Navigate(const std::string& address) {
   ReportsDialog* const window = Reports();
   if (window == nullptr || address == "about:blank") return;
   opener_.Open(address);
-  window->Say(L"The report was opened in your web browser: " + WideOfPath(address), false);
+  window->Say(L"The report was opened in your web browser.", false);
 }
 
 void WindowsForms::SetBody(const std::string& html) {

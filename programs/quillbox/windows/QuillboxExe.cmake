@@ -10,5 +10,6 @@ configure_file(windows/quillbox.rc.in "${CMAKE_CURRENT_BINARY_DIR}/quillbox.rc" 
 enable_language(RC)
 set_source_files_properties("${CMAKE_CURRENT_BINARY_DIR}/quillbox.rc" PROPERTIES OBJECT_DEPENDS
   "${PROJECT_SOURCE_DIR}/hosts/windows/dialogs.rc")
-add_executable(quillbox WIN32 windows_main.cpp build_values.cpp "${CMAKE_CURRENT_BINARY_DIR}/quillbox.rc")
-target_link_libraries(quillbox PRIVATE shell state platform windows_host quillbox_options)
+add_library(quillbox_resources OBJECT "${CMAKE_CURRENT_BINARY_DIR}/quillbox.rc")
+add_executable(quillbox WIN32 windows_main.cpp build_values.cpp)
+target_link_libraries(quillbox PRIVATE shell state platform windows_host quillbox_resources quillbox_options)
