@@ -48,6 +48,22 @@ TEST(Region, WritesNumbersAmountsAndDatesAsThePlaceDoes) {
   }
 }
 
+TEST(Region, AgreesWithTheBuiltInOneOfTheSamePlace) {
+  for (const char* const name : {"en-US", "en-GB", "de-DE", "fr-FR", "de-CH", "sv-SE", "pt-BR"}) {
+    SCOPED_TRACE(name);
+    const RegionalSettings ours = BuiltInRegion(name).value();
+    const RegionalSettings theirs = RegionOf(QLocale(QString(name).replace('-', '_')));
+    EXPECT_EQ(ours.Decimal, theirs.Decimal);
+    EXPECT_EQ(ours.CurrencySymbol, theirs.CurrencySymbol);
+    EXPECT_EQ(ours.ShortDate, theirs.ShortDate);
+    EXPECT_EQ(ours.Weekdays, theirs.Weekdays);
+    EXPECT_EQ(ours.Months, theirs.Months);
+    for (std::size_t i = 0; i < 12; ++i) {  // some have points, or more letters
+      EXPECT_EQ(ours.MonthsShort[i].substr(0, 3), theirs.MonthsShort[i].substr(0, 3));
+    }
+  }
+}
+
 TEST(Region, IsUsableForEveryLocaleThatQtKnows) {
   const auto locales =
       QLocale::matchingLocales(QLocale::AnyLanguage, QLocale::AnyScript, QLocale::AnyTerritory);

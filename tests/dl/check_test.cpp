@@ -32,6 +32,7 @@ TEST(Check, SaysWhatHappenedAndNeverASecret) {
       {{}, kPassword, 0, "Sign-in works."},
       {{}, "thyme", 3, "refused the sign-in."},
       {{}, "", 3, "refused the sign-in."},
+      {{}, "\xFF", 1, "a character that can't be sent."},
   };
   for (const Case& c : kCases) {
     SCOPED_TRACE(std::string(c.secret) + ": " + c.said);
@@ -42,6 +43,8 @@ TEST(Check, SaysWhatHappenedAndNeverASecret) {
     EXPECT_EQ(status, c.status);
     EXPECT_THAT(said, HasSubstr(c.said));
     EXPECT_THAT(said, Not(HasSubstr(kRefreshToken)));
+    EXPECT_EQ(said.find("Connect the account again") != std::string::npos,
+              c.secret == std::string(kGrantName) && c.status == 3);
     if (*c.secret != '\0') {
       EXPECT_THAT(said, Not(HasSubstr(c.secret)));
     }

@@ -111,27 +111,6 @@ TEST_P(Codes, AreLeftInTheLogAndDataWithSuccessAlone) {
 
 INSTANTIATE_TEST_SUITE_P(OfTheDemoService, Codes, testing::ValuesIn(kCases));
 
-TEST(Faults, AreSwitchedWhileTheServiceRuns) {
-  const DemoService service;
-  const DlRun run;
-  const std::string fail = "/demo/fail?mode=";
-  std::vector<std::pair<std::string, const char*>> steps = {
-      {kVersion, "0"},
-      {fail + "404:/version", "0"},
-      {fail + "403*2:/version", "0"},
-      {fail + "refuse:/other", "0"},
-      {kVersion, "3"},  // the last rule that applies holds
-      {kVersion, "3"},
-      {kVersion, "2"},  // it has met its two requests
-      {fail + "none", "0"},
-      {kVersion, "0"}};
-  for (const char* const senseless : {"", "explode", "200", "600", "404x", "untrusted:/adsense",
-                                      ":x", "stall*", "stall*0", "untrusted*2"}) {
-    steps.emplace_back(fail + senseless, "2");
-  }
-  for (const auto& [path, code] : steps) EXPECT_EQ(run.CodeOf(service.Plain(path)), code) << path;
-}
-
 // Deaf: its queue is full, so that connections are not taken. Silent: it takes them and never says
 // a word.
 TEST(Connection, IsToldFromAnAnswer) {

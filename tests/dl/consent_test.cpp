@@ -1,6 +1,12 @@
 // What is heard from the consent page, and what the person is asked then.
 #include <gmock/gmock.h>
+#include <sys/socket.h>
 
+#include <ctime>
+#include <deque>
+
+#include "browser/loopback_server.h"
+#include "dl/support/listening_program.h"
 #include "oauth/browser_pages.h"
 #include "oauth/consent.h"
 
@@ -30,6 +36,48 @@ TEST(Redirect, IsReadFromTheHeadOfARequest) {
   }
   EXPECT_FALSE(IsWholeHead("GET / HTTP/1.1\r\n"));
   EXPECT_TRUE(IsWholeHead("GET / HTTP/1.1\r\n\r\n"));
+}
+
+class LoopbackServerTest : public testing::Test {
+ protected:
+  // A browser that says this, or connects and says nothing.
+  const LoopbackSocket& Visit(const std::string& head = "") {
+    const LoopbackSocket& visitor = visitors_.emplace_back();
+    const std::string address = server_.Address();
+    visitor.Connect(std::stoi(address.substr(address.rfind(':') + 1)));
+    ::send(visitor.Number(), head.data(), head.size(), 0);
+    return visitor;
+  }
+
+  bool IsHeard(std::chrono::milliseconds within) {
+    const auto any = [](const QueryFields&) { return true; };
+    return server_.Await(any, LoopbackServer::Clock::now() + within).has_value();
+  }
+
+  static bool IsSentAway(const LoopbackSocket& visitor) {
+    char byte = 0;
+    return ::recv(visitor.Number(), &byte, 1, MSG_DONTWAIT) == 0;
+  }
+
+  LoopbackServer server_;
+  std::deque<LoopbackSocket> visitors_;
+};
+
+TEST_F(LoopbackServerTest, KeepsTheLatestSixteenVisitors) {
+  ASSERT_TRUE(server_.Listens());
+  for (int i = 0; i < 16; ++i) Visit();
+  Visit("GET /?state=s&code=c HTTP/1.1\r\n\r\n");
+  EXPECT_TRUE(IsHeard(std::chrono::seconds(20)));
+  EXPECT_TRUE(IsSentAway(visitors_[0]));
+  EXPECT_FALSE(IsSentAway(visitors_[1]));
+}
+
+TEST_F(LoopbackServerTest, SleepsWhileNobodySpeaks) {
+  Visit();
+  EXPECT_FALSE(IsHeard(std::chrono::milliseconds(1)));
+  const std::clock_t before = std::clock();
+  EXPECT_FALSE(IsHeard(std::chrono::milliseconds(500)));
+  EXPECT_LT(std::clock() - before, CLOCKS_PER_SEC / 10);
 }
 
 TEST(BrowserPages, ShowNamesOfAccountsAsTheyAre) {

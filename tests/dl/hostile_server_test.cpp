@@ -137,6 +137,7 @@ TEST_P(HostileServer, GetsNoSecretOfAnother) {
   EXPECT_EQ(run.Data().has_value(), std::string(c.code) == "0");
 
   EXPECT_EQ(asked.Heard(kPassword), c.isProved);
+  EXPECT_EQ(asked.Heard("User-Agent: Quillbox"), c.isProved);
   EXPECT_THAT(impostor_.Requests(), testing::IsEmpty());
   EXPECT_THAT(open_.Requests(), testing::IsEmpty());
   for (const char* secret : {kPassword, "someone", "canary-cookie"}) {

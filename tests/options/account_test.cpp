@@ -296,6 +296,11 @@ TEST_F(AccountTest, AStoreThatIsDamagedDoesNoHarm) {
   Remove();
   EXPECT_THAT(state_.Accounts, ElementsAre("two", "three"));
   EXPECT_THAT(state_.Passwords, ElementsAre("", ""));
+
+  page_.Combo3.Select(0);
+  state_.Accounts = {"three"};
+  page_.Command7.Click();
+  EXPECT_EQ(Form(), nullptr) << "the selected one has gone meanwhile";
 }
 
 TEST_F(AccountTest, AnAccountRemovedDuringItsRefreshStaysForgotten) {

@@ -81,6 +81,8 @@ TEST(CommandLines, NameTheMistakeInOneLine) {
       {"demo-service", {"--listen", "0.0.0.0"}, "--listen needs 127.0.0.1 or ::1"},
       {"demo-service", {"--warning"}, "--warning"},
       {"demo-service", {"--fast"}, "The following argument was not expected: --fast"},
+      {"dl", {}, "expected one argument: REQUEST|DATA FILE|LOG FILE"},
+      {"dl", {"https://h.test/x|data"}, "expected one argument"},
       {"demo-settings", {}, ""},
       {"demo-settings", {"show", "all"}, "The following argument was not expected: all"},
       {"demo-settings", {"write"}, "write needs NAME E-MAIL PASSWORD"},

@@ -80,8 +80,16 @@ TEST(Requests, FaultsAreToldWithTheId) {
 }
 
 TEST(Requests, WhatIsNoRequestGetsNoId) {
-  for (const char* const line : {"", "{\"id\":1", "[1]", "5", "\"\xFF\""}) {
-    EXPECT_THAT(Answer(line), StartsWith(R"({"ok":false,"error":")")) << line;
+  std::vector<std::string> lines = SplitText(
+      R"(nope ~ { ~ [1] ~ 5 ~ {"id":1 ~ {"id":1,} ~ {"id" 1} ~ {id:1} ~ {'id':1} ~ {"id":01} ~ )"
+      R"({"id":"\x"} ~ {"id":1.} ~ {"id":1e+} ~ {"id":NaN} ~ {"id":1} x)",
+      " ~ ");
+  lines.insert(lines.end(), {"", " ", "\"\xFF\"", "\xEF\xBB\xBF{}", "{\"id\":\"a\tb\"}",
+                             "{\"id\":\"\xC0\x80\"}", "{\"id\":\"\xF4\x90\x80\x80\"}"});
+  lines.emplace_back("{}\0", 3);
+  lines.emplace_back(100'000, '[');
+  for (const std::string& line : lines) {
+    EXPECT_THAT(Answer(line), StartsWith(R"({"ok":false,"error":")")) << line.substr(0, 40);
   }
 }
 

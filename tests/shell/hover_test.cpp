@@ -75,6 +75,8 @@ TEST_F(HoverTest, ShowsTheTextOfTheMomentInWhichItCame) {
   ASSERT_TRUE(ComesAt(kIcon));
   ASSERT_THAT(host_.Tooltip.Shown()->Labels, SizeIs(4));
   EXPECT_EQ(host_.Tooltip.Shown()->Labels[1].Text, " 1/31/2007");
+  EXPECT_TRUE(host_.Tooltip.Shown()->DescriptionFont.Bold);
+  EXPECT_FALSE(host_.Tooltip.Shown()->ValueFont.Bold);
   EXPECT_EQ(host_.Tooltip.Shown()->Labels[3].Text, " 100");
 }
 
