@@ -131,21 +131,6 @@ TEST_P(RandomAccounts, PassExactlyWhenTheyComeBackInFrontOfOthers) {
   EXPECT_GT(refused, 200);
 }
 
-// One that a file edited by hand may hold as its last.
-TEST_P(RandomAccounts, ComeBackBesideOneThatMustStandLast) {
-  for (int round = 0; round < 500; ++round) {
-    AccountList list{{"by hand|"}, {"m|"}, {"basement"}};
-    while (list.Accounts.size() < 4) {
-      const AccountList more = WithAnother(list);
-      if (!FindEntryProblem(more, more.Accounts.size() - 1, GetParam())) list = more;
-    }
-    const AccountList stored = InStorableOrder(list);
-    EXPECT_THAT(stored.Accounts, testing::UnorderedElementsAreArray(list.Accounts));
-    EXPECT_EQ(stored.Passwords.back(), "basement");
-    EXPECT_TRUE(ComesBack(stored)) << testing::PrintToString(list.Accounts);
-  }
-}
-
 INSTANTIATE_TEST_SUITE_P(BothModes, RandomAccounts, testing::Values(kPerUser, kFile));
 
 }  // namespace

@@ -12,7 +12,6 @@ namespace {
 using namespace std::string_literals;
 using ::testing::_;
 using ::testing::ElementsAre;
-using ::testing::IsEmpty;
 using ::testing::Pair;
 
 class SettingsStoreTest : public ::testing::Test {
@@ -49,14 +48,6 @@ TEST_F(SettingsStoreTest, BothModesKeepAndDelete) {
     EXPECT_EQ(store.ReadSetting(kLoad), "") << mode;
   }
   EXPECT_EQ(files.Read("/data/ann.ini"), "[General]\r\nUSE24HOUR=\r\nLOAD=\r\n");
-}
-
-TEST_F(SettingsStoreTest, AStoreThatKeepsStaysInForce) {
-  environment.Set("Username", "ann");
-  ChooseProfile();
-  EXPECT_EQ(profile, "");
-  EXPECT_EQ(store.ReadSetting(kRegTest), "Test");
-  EXPECT_THAT(files.All(), IsEmpty());
 }
 
 TEST_F(SettingsStoreTest, AStoreThatKeepsNothingGivesWayToAFile) {

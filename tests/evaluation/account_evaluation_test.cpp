@@ -12,19 +12,6 @@ namespace {
 using testing::ElementsAre;
 using testing::StartsWith;
 
-// One account whose reports come day after day, as the store would keep it.
-struct AccountLife {
-  EvaluationInput Input = ContentInput("");
-  EvaluationDecision See(std::string report) {
-    Input.Content = std::move(report);
-    const EvaluationDecision decision = EvaluateReports(Input, Region("en-US"));
-    Input.StoredHistory = decision.History;
-    if (decision.GatePassed) Input.StoredStats = StoredRecord(decision.Stats);
-    if (!decision.Changes.Empty()) Input.LastDate = decision.Stats.ReportDate;
-    return decision;
-  }
-};
-
 TEST(EvaluateReports, MissingReportsCountAsNothing) {
   EvaluationInput input = ContentInput(ContentReport("1/31/2007", "1000"));
   input.DataToDownload = "All";
@@ -40,30 +27,6 @@ TEST(EvaluateReports, MissingReportsCountAsNothing) {
   input.Referral.reset();
   EXPECT_EQ(StoredRecord(EvaluateReports(input, Region("de-DE")).Stats),
             "9:05 AM|||31.01.2007|||0|||0|||0|||0|||0|||0,00 \200|||0|||0|||0||||||");
-}
-
-TEST(EvaluateReports, ADayGoesByAndTheNextBegins) {
-  AccountLife life;
-  life.See(ContentReport("1/30/2007", "1000"));
-  EXPECT_FALSE(life.See(ContentReport("1/30/2007", "1000", "10", "1%", "9.00", "9.00")).GatePassed);
-  EXPECT_TRUE(life.See(ContentReport("1/30/2007", "1200")).Changes.Has(Figure::kImpressions));
-
-  const EvaluationDecision next =
-      life.See(ContentReport("1/31/2007", "5", "0", "0%", "2.0", "0.00"));
-  EXPECT_EQ(next.History, "1200");
-  EXPECT_EQ(next.Stats.PredictedEarnings, "$2.40");
-  EXPECT_TRUE(next.Changes.Has(Figure::kImpressions));
-  EXPECT_FALSE(next.Changes.Has(Figure::kClicks));
-  EXPECT_EQ(life.Input.LastDate, "1/31/2007");
-}
-
-TEST(EvaluateReports, AnErrorPageRunsThrough) {
-  AccountLife life;
-  life.See(ContentReport("1/30/2007", "1000"));
-  const EvaluationDecision decision = life.See("<html><body>Service unavailable</body></html>");
-  EXPECT_TRUE(decision.GatePassed);
-  EXPECT_EQ(decision.Stats.ReportDate, "<html><body>Service unavailable</body></html>");
-  EXPECT_EQ(decision.History, "1000");
 }
 
 // Account "one", the primary one, with a report of the day.

@@ -22,13 +22,6 @@ constexpr const char* kContent = "1/1/2007 1000 10 1.00% 2.00 2.00 T 3000 30 1% 
 constexpr const char* kSearch = "1/2/2007 500 5 1.00% 4.00 2.00 T 1000 5 1% 1.00 1.25";
 constexpr const char* kReferral = "1/3/2007 0 0 0.00% 0 0.00 0.00 T 1000 5 1% 2 0.25 0.25";
 
-TEST(FiguresOf, OneReportIsTakenAsItIs) {
-  const auto rows = Rows(kContent, kSearch, kReferral);
-  EXPECT_EQ(StoredRecord(FiguresOf(std::span(rows).subspan(2), Region("en-US"))),
-            "|||1/3/2007|||0|||0|||0.00%|||0.00|||0.00||||||1000|||5|||1%|||0.25|||0.25");
-  EXPECT_EQ(StoredRecord(FiguresOf({}, Region("en-US"))), StoredRecord({}));
-}
-
 TEST(FiguresOf, AFailingStepLeavesItsOwnFieldEmpty) {
   struct Case {
     const char *fault, *content, *referral;
@@ -52,14 +45,6 @@ TEST(FiguresOf, AFailingStepLeavesItsOwnFieldEmpty) {
     const AccountStats stats = FiguresOf(Rows(c.content, kSearch, c.referral), Region("en-US"));
     EXPECT_EQ(StoredRecord(stats), c.record) << c.fault;
   }
-}
-
-TEST(FiguresOf, RatesFollowTheRegion) {
-  const AccountStats stats = FiguresOf(
-      Rows("d 1000 10 1% 1 2,00", "d 1000 5 1% 1 1.000,50", "d 0 0 0 0 0 0"), Region("de-DE"));
-  EXPECT_EQ(stats.Ctr, "0,75%");
-  EXPECT_EQ(stats.Earnings, "1002,5");
-  EXPECT_EQ(stats.Ecpm, "$501,25");
 }
 
 TEST(RolledOver, AFallOfTheImpressionsIsANewDay) {

@@ -181,18 +181,6 @@ TEST_F(AccountTest, NoAccountKeepsOthersOut) {
   EXPECT_EQ(state_.Accounts, stored.Accounts);
 }
 
-TEST_F(AccountTest, WhatOnlyASettingsFileCannotCarryIsRefusedInFileModeAlone) {
-  for (const char* name : {"a=b", "[a", ";a", " a", "a "}) {
-    for (const char* profile : {"", "ann"}) {
-      state_.SettingsProfile = profile;
-      Add(name);
-      EXPECT_EQ(Form() == nullptr, *profile == '\0') << name << ", profile " << profile;
-      host_.Windows.CloseBox(FormName::kAccount);
-      static_cast<AccountList&>(state_) = {};
-    }
-  }
-}
-
 TEST_F(AccountTest, ConnectPutsTheNameOfAGrantInThePlaceOfThePassword) {
   const GrantAnswer made{"grant:ABCDEFGHIJ27", ""}, none{"", "Access was not granted."};
   struct Case {
@@ -301,26 +289,6 @@ TEST_F(AccountTest, AStoreThatIsDamagedDoesNoHarm) {
   state_.Accounts = {"three"};
   page_.Command7.Click();
   EXPECT_EQ(Form(), nullptr) << "the selected one has gone meanwhile";
-}
-
-TEST_F(AccountTest, AnAccountRemovedDuringItsRefreshStaysForgotten) {
-  host_.Store.Put("TrayTooltip", "DataToDownload", kDownloadContent);
-  host_.Agents.Always(Answers("0"));
-  Open({"one", "two"}, "one");
-  PutFigures("one");
-  std::size_t menuAtApply = 9;
-  host_.After(std::chrono::milliseconds(100), [&] {
-    Remove();
-    page_.Apply();
-    menuAtApply = OpenAccountMenu(state_).size();
-  });
-  host_.Do([this] { RefreshAllAccounts(program_); });
-  EXPECT_EQ(menuAtApply, 1U);
-  EXPECT_EQ(Stored("one") + Stored("one Impressions"), "");
-  EXPECT_EQ(store_.ReadSetting(kAccounts), "two");
-  EXPECT_EQ(store_.ReadSetting(kPrimaryAccount), "two");
-  EXPECT_THAT(state_.Usernames, ElementsAre("mail1"));
-  EXPECT_THAT(OpenAccountMenu(state_), SizeIs(1));
 }
 
 }  // namespace

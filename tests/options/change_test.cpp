@@ -62,13 +62,6 @@ TEST_F(OpenOptions, NotesEachChangeOnItsPage) {
   }
 }
 
-TEST_F(OpenOptions, IsCleanAfterOpeningButForTheSoundsAndTheMark) {
-  Opts& form = Open("General/RefreshTooltip=True; General/Pause=True; AutoUpdate/Enable=True");
-  EXPECT_TRUE(form.Mark.OptionsChanged);
-  EXPECT_FALSE(form.Mark.ApplyButton.Enabled());
-  for (bool* flag : FlagsOf(form)) EXPECT_EQ(*flag, flag == &form.SoundsFrame.SoundsChanged);
-}
-
 TEST_F(OpenOptions, PausesOnlyWhenThereIsSomethingToPauseBefore) {
   Opts& form = Open();
   GeneralFrame& page = form.GeneralFrame;

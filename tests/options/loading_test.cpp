@@ -128,15 +128,5 @@ TEST_F(OpenOptions, GoesOnPastABadTextButOnTwoPages) {
   }
 }
 
-// The page counts as changed from where its loading stopped, so the next Apply writes it as it is.
-TEST_F(OpenOptions, StoresABadTextAsNoneAtTheNextApply) {
-  Open("TrayIcon/Action=nonsense").GeneralFrame.Check1.SetTicked(true);
-  PressApply();
-  EXPECT_EQ(Get(kTraySingleAction) + "|" + Get(kTrayAction) + "|" + Get(kShowBalloonWhen),
-            "No Action||");
-  Open();
-  EXPECT_EQ(Shown("Combo1 Combo2 Combo7"), "Open Quillbox Options||");
-}
-
 }  // namespace
 }  // namespace quillbox

@@ -13,17 +13,6 @@
 namespace quillbox {
 namespace {
 
-TEST(ExactDecimal, ComparesByValue) {
-  const ExactDecimal kAscending[] = {
-      {true, "2", 2},   {true, "12", 1}, {true, "1", 1}, {}, {false, "1", 0}, {false, "1", 1},
-      {false, "11", 1}, {false, "2", 1}, {false, "1", 2}};
-  for (std::size_t i = 1; i < std::size(kAscending); ++i) {
-    EXPECT_LT(kAscending[i - 1], kAscending[i]) << kAscending[i].Text();
-  }
-  EXPECT_EQ(ExactDecimal(false, "0150", 2), ExactDecimal(false, "15", 1));
-  EXPECT_EQ(ExactDecimal(true, "000", 7), ExactDecimal());
-}
-
 TEST(FailureRule, HidesNoFaultInTheProgram) {
   EXPECT_THROW(Attempt([] { throw std::logic_error("a fault in the program"); }), std::logic_error);
 }
@@ -72,13 +61,6 @@ TEST(CurrencyText, FollowsTheRegionsPatterns) {
     EXPECT_EQ(CurrencyText(c.amount, c.decimals, Region(c.region)), c.text)
         << c.region << ": " << c.amount;
   }
-}
-
-TEST(CurrencyText, TakesTextsThatAreNumbers) {
-  EXPECT_EQ(CurrencyText("1.234,5 \200", 2, Region("de-DE")), "1.234,50 \200");
-  EXPECT_THROW(CurrencyText("N/A", 2, Region("en-US")), ConversionFailed);
-  EXPECT_THROW(CurrencyText(1.0, -1, Region("en-US")), ConversionFailed);
-  EXPECT_THROW(CurrencyText(1.0, 100, Region("en-US")), ConversionFailed);
 }
 
 TEST(GroupedText, RoundsToAWholeNumber) {

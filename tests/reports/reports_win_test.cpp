@@ -168,17 +168,6 @@ TEST_F(ReportsWindow, SaysWhatBecameOfTheReport) {
   }
 }
 
-TEST_F(ReportsWindow, AMessageLeavesTheLastPageInItsFile) {
-  host_.Agents.Once(Reports("0"));
-  host_.Agents.Once(Reports("1"));
-  Open();
-  Generate();
-  const auto page = host_.Files.Read("/app/Report.html");
-  Generate();
-  EXPECT_THAT(Shown(), ElementsAre("navigate /app/Report.html", kNotDownloaded));
-  EXPECT_EQ(host_.Files.Read("/app/Report.html"), page);
-}
-
 TEST_F(ReportsWindow, ShowsTheOlderPageWhenTheNewOneCantBeWritten) {
   host_.Files.Put("/app/Report.html", "old");
   host_.Agents.Always(Reports("0"));
@@ -252,14 +241,6 @@ TEST_F(StaleWindow, ClosedWhileThePageLoadsEndsTheWait) {
   EXPECT_THAT(WorkingFiles(), IsEmpty());
 }
 
-TEST_F(StaleWindow, ClosedAfterAReportLeavesItsFiles) {
-  host_.Agents.Once(Reports("0"));
-  Open();
-  Generate();
-  CloseWindow();
-  EXPECT_THAT(WorkingFiles(), ElementsAre("Report.dat", "Report.log"));
-}
-
 // The first window's wait is still on the stack, below all that the second one does.
 TEST_F(StaleWindow, LeavesTheNextWindowAlone) {
   struct Case {
@@ -289,22 +270,6 @@ TEST_F(StaleWindow, LeavesTheNextWindowAlone) {
     EXPECT_EQ(host_.Agents.RunningCount(), 0U);
   }
   EXPECT_THAT(host_.Files.Read("/app/Report.html").value_or(""), HasSubstr("1,000:2,000"));
-}
-
-TEST_F(StaleWindow, DoesNotTouchAWindowThatIsIdle) {
-  host_.Agents.Once(Reports("0"));
-  Open();
-  bool busyAgain = false;
-  // Closed and opened again in one go: the first sequence ends with the new window idle.
-  host_.After(100ms, [&] {
-    CloseWindow();
-    OpenWindow();
-    Window().WatchBusy([&] { busyAgain = true; });
-  });
-  Generate();
-  EXPECT_FALSE(busyAgain) << "the old sequence told the new window's watcher";
-  EXPECT_TRUE(Fields().Command1.Enabled());
-  EXPECT_THAT(Shown(), ElementsAre("navigate about:blank"));
 }
 
 TEST_F(StaleWindow, GoesWithTheProgram) {

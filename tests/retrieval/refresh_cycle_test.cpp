@@ -1,12 +1,16 @@
-// The refresh cycle, with agents that answer, answer late or never.
+// The refresh cycle, with agents that answer, answer late or never, and accounts that change.
 #include <gmock/gmock.h>
 
 #include <array>
 #include <chrono>
+#include <functional>
 #include <string>
 #include <vector>
 
+#include "retrieval/refresh_cycle.h"
+#include "simulated/context_on_state.h"
 #include "simulated/used_program.h"
+#include "tray/tray_menu.h"
 
 namespace quillbox {
 namespace {
@@ -199,42 +203,6 @@ TEST_F(RefreshCycle, TheCodeThatStaysMayBeTheLastAccounts) {
               ElementsAre(HasSubstr("for the \"ann\""), HasSubstr("for the \"bob\"")));
 }
 
-TEST_F(RefreshCycle, ADiskThatTakesNoDeletionLeavesTheProgramAlive) {
-  Start(kDownloadContent);
-  program_.Host.After(399ms, [this] {  // behind the log in the same moment
-    program_.Host.After(1ms, [this] { program_.Host.Files.SetDisk(DiskState::kReadOnly); });
-  });
-  Refresh();
-  EXPECT_TRUE(program_.Host.Files.Exists("/app/Content.log"));
-  EXPECT_TRUE(CanRefresh());
-}
-
-TEST_F(RefreshCycle, RebuildsTheAccountMenus) {
-  Start(kDownloadContent, 2);
-  Refresh();
-  Refresh();
-  for (const MenuItem& item : program_.State().TrayMenu) {
-    if (item.Name == "Help" || !item.Submenu) continue;
-    EXPECT_EQ(item.Items.size(), 2U) << item.Caption;
-  }
-}
-
-TEST_F(RefreshCycle, PlaysTheSoundTextAsItStands) {
-  struct Case {
-    const char* setting;
-    std::vector<std::string> played;
-  };
-  const Case kCases[] = {{"", {}}, {"(None)", {"sound (None)"}}, {"a.wav", {"sound a.wav"}}};
-  Start(kDownloadContent);
-  program_.Host.Agents.Always(Answers("1"));
-  for (const Case& c : kCases) {
-    program_.Set(kDownloadedSound, c.setting);
-    program_.Host.Effects.Clear();
-    Refresh();
-    EXPECT_THAT(program_.Host.Trace({"sound"}), ElementsAreArray(c.played)) << c.setting;
-  }
-}
-
 using AgentFailures = RefreshingProgram;
 
 constexpr const char* kNoResponse = "balloon Quillbox: No response received";
@@ -304,34 +272,67 @@ TEST_F(AgentFailures, AnAnswerThatCameDuringANestedWaitCountsHoweverLateItIsSeen
   EXPECT_TRUE(WasEvaluated("one"));
 }
 
-TEST_F(AgentFailures, ALateLogIsNotTakenForTheNextAccounts) {
-  program_.Host.Agents.Always(ForUser("ann", Answers("3", 130s)));
-  program_.Host.Agents.Always(ForUser("bob", Answers("0", 20s)));
-  Start(kDownloadContent, 2);
-  Refresh();
-  EXPECT_THAT(program_.Host.Trace({"balloon"}), ElementsAre(StartsWith(kNoResponse)));
-  EXPECT_FALSE(WasEvaluated("one"));
-  EXPECT_TRUE(WasEvaluated("two"));
-}
-
-TEST_F(AgentFailures, TheCodesStayFromTheLastAnswer) {
-  program_.Host.Agents.Always(ForUser("ann", Answers("3")));
-  program_.Host.Agents.Always(ForUser("bob", DiesAfter(1s)));
-  Start(kDownloadContent, 2);
-  Refresh();
-  EXPECT_THAT(
-      program_.Host.Trace({"balloon"}),
-      ElementsAre(StartsWith("balloon Quillbox: You have entered"), StartsWith(kNoResponse)));
-  program_.Host.Agents.Always(Answers("0"));
-  Refresh();
-  EXPECT_TRUE(WasEvaluated("one") && WasEvaluated("two")) << "a new log replaces the kept code";
-}
-
 TEST_F(AgentFailures, AFullDiskIsNoResponse) {
   Start(kDownloadContent);
   program_.Host.Files.SetDisk(DiskState::kFull);
   EXPECT_LT(Refresh(), 1s);
   EXPECT_THAT(program_.Host.Trace({"balloon"}), ElementsAre(StartsWith(kNoResponse)));
+}
+
+// The cycle on a state that the test owns, as the Options dialog does.
+struct ChangingAccounts : ContextOnState {
+  ChangingAccounts() {
+    host_.Store.Put("TrayTooltip", "DataToDownload", "AdSense for Content");
+    host_.Agents.Always(Answers("0"));
+    BuildTraySubmenus(program_);
+  }
+  void Refresh() {
+    host_.Do([this] { RefreshAllAccounts(program_); });
+  }
+};
+
+void Resize(AccountList& list, std::size_t size) {
+  list.Accounts.resize(size, "four");
+  list.Usernames.resize(size, "eve");
+  list.Passwords.resize(size, "w");
+}
+
+void RemoveFirst(AccountList& list) {
+  list.Accounts.erase(list.Accounts.begin());
+  list.Usernames.erase(list.Usernames.begin());
+  list.Passwords.erase(list.Passwords.begin());
+}
+
+TEST_F(ChangingAccounts, GetNoFiguresOfOthers) {
+  struct Case {
+    const char* what;
+    std::function<void(AccountList&)> change;  // in the turn of "one"
+    std::size_t runs;
+    std::vector<std::string> evaluated;
+  };
+  const Case kCases[] = {
+      {"shrinks", [](AccountList& list) { Resize(list, 1); }, 1, {"one"}},
+      {"is emptied", [](AccountList& list) { Resize(list, 0); }, 1, {}},
+      {"its turn is removed", RemoveFirst, 2, {"three"}},
+      {"renamed", [](AccountList& list) { list.Accounts[0] = "uno"; }, 3, {"two", "three", "uno"}},
+      {"of another", [](AccountList& list) { list.Usernames[0] = "dan"; }, 3, {"two", "three"}},
+      {"grows", [](AccountList& list) { Resize(list, 4); }, 3, {"one", "two", "three"}}};
+  AccountList& list = state_;
+  const AccountList atFirst = list;
+  for (const Case& c : kCases) {
+    list = atFirst;
+    const std::size_t runsBefore = host_.Agents.Starts().size();
+    host_.After(100ms, [&] { c.change(list); });
+    Refresh();
+    EXPECT_FALSE(state_.RefreshRunning) << c.what;
+    EXPECT_EQ(host_.Agents.Starts().size() - runsBefore, c.runs) << c.what;
+    std::vector<std::string> evaluated;
+    for (const char* account : {"one", "two", "three", "four", "uno"}) {
+      if (!host_.Store.Read("Accounts", account).empty()) evaluated.emplace_back(account);
+      host_.Store.Put("Accounts", account, "");
+    }
+    EXPECT_EQ(evaluated, c.evaluated) << c.what;
+  }
 }
 
 }  // namespace

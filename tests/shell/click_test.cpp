@@ -73,13 +73,6 @@ TEST_F(ClickTest, TwoHundredMillisecondsTellSingleFromDouble) {
   }
 }
 
-TEST_F(ClickTest, ARefreshThatRunsIsLeftAlone) {
-  Start(kActionRefresh);
-  host_.After(2s, [this] { host_.LeftDown(); });
-  host_.Choose("RefreshNow");
-  EXPECT_THAT(Effects(), ElementsAreArray({"0 agent"}));
-}
-
 // What the texts of the two tray actions do.
 TEST(TrayAction, DoesWhatItsTextSays) {
   struct Case {

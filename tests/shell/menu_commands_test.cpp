@@ -12,7 +12,6 @@
 namespace quillbox {
 namespace {
 
-using namespace std::chrono_literals;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -118,34 +117,6 @@ TEST_F(MenuCommandsTest, StatisticsAreOnlyThereToBeRead) {
     EXPECT_TRUE(host_.Choose(line.Caption)) << line.Caption;
   }
   for (const TraceEntry& entry : host_.Effects.Entries()) EXPECT_EQ(entry.What, "menu");
-}
-
-TEST_F(MenuCommandsTest, RefreshNowRestsDuringACycle) {
-  host_.After(200ms, [this] {
-    EXPECT_FALSE(Item(2).Enabled);
-    EXPECT_FALSE(host_.Choose("RefreshNow"));
-    EXPECT_TRUE(host_.Choose("TWVisit")) << "no other item changes";
-  });
-  EXPECT_TRUE(host_.Choose("RefreshNow"));
-  EXPECT_TRUE(Item(2).Enabled);
-  EXPECT_EQ(host_.Agents.Starts().size(), 1U);
-}
-
-TEST(AboutWin, TellsProductAndMakerAndOpensTheirAddresses) {
-  SimulatedHost host;
-  AboutWin about({"", "", "https://maker.test", "help@maker.test", "1.3.0"}, host.Opener,
-                 host.Windows);
-  host.Windows.Load(about);
-  EXPECT_EQ(about.Caption, "About Quillbox");
-  EXPECT_EQ(about.Product, "Quillbox 1.3.0");
-  EXPECT_EQ(about.WebAddress, "https://maker.test");
-  EXPECT_EQ(about.Email, "help@maker.test");
-  about.WebAddress_Click();
-  about.Email_Click();
-  about.OK_Click();
-  about.OK_Click();
-  EXPECT_THAT(host.Trace(), ElementsAre("form AboutWin", "open https://maker.test",
-                                        "open mailto:help@maker.test", "close AboutWin"));
 }
 
 class AccountCommands : public FormOnState {

@@ -128,15 +128,6 @@ TEST_F(ScheduleTest, ATickDuringACycleIsSkippedWhole) {
   EXPECT_THAT(Refreshes(), ElementsAre(115s, 240s));
 }
 
-TEST_F(ScheduleTest, TheClockRunsDuringThePause) {
-  Prepare("Every minute", 400ms);
-  program_.Set(kPause, kTrue);
-  program_.Set(kRefreshTooltip, kTrue);
-  program_.Start();
-  host_.RunFor(91s);
-  EXPECT_THAT(Refreshes(), ElementsAre(30s, 60s));
-}
-
 TEST_F(ScheduleTest, TheDelayedStartSkipsItsRefreshDuringACycleAndStillChecks) {
   host_.Agents.Always(Answers("1", 20s));
   program_.Set(kPause, kTrue);
@@ -151,32 +142,7 @@ TEST_F(ScheduleTest, TheDelayedStartSkipsItsRefreshDuringACycleAndStillChecks) {
                           "agent write 1 Content.log", "agent write 2 chet.wt"));
 }
 
-TEST_F(ScheduleTest, ATickInsideAnOpenBoxRefreshes) {
-  Prepare("Every minute", 400ms);
-  host_.Boxes.Add({.OpenFor = 90s});
-  program_.Set(kRuns, "");
-  program_.Start();
-  EXPECT_THAT(Refreshes(), ElementsAre(1min));
-}
-
 using RateChanges = FormOnState;
-
-TEST_F(RateChanges, CountFromTheLastCycle) {
-  state_.Accounts.resize(1);
-  host_.Store.Put("TrayTooltip", "DataToDownload", kDownloadContent);
-  host_.Store.Put("AutoUpdate", "Rate", "Every 30 minutes");
-  host_.Agents.Always(Answers("1", 0ms));
-  form_.StartTimer1();
-  host_.RunFor(20min + 30s);
-  state_.UpdateRateMinutes = 5;  // due at the next tick
-  host_.RunFor(5min);
-  state_.UpdateRateMinutes = 300;
-  host_.RunFor(6h);
-  const auto refreshes = AgentStarts(host_);
-  ASSERT_EQ(refreshes.size(), 2U);
-  EXPECT_EQ(refreshes[0], 21min);
-  EXPECT_LT(refreshes[1] - 321min, 1s);
-}
 
 }  // namespace
 }  // namespace quillbox

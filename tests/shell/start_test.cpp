@@ -10,7 +10,6 @@ namespace quillbox {
 namespace {
 
 using namespace std::chrono_literals;
-using testing::Contains;
 using testing::ElementsAre;
 using testing::ElementsAreArray;
 using testing::StartsWith;
@@ -176,31 +175,6 @@ TEST(Start, LoadsTheStateWithItsDefaults) {
   EXPECT_EQ(program.Setting(kTrayAction), "") << "defaults are not written back";
 }
 
-TEST(Start, ThePrimaryAccountsStoredFiguresComeIntoTheTooltip) {
-  UsedProgram program;
-  program.FetchFigures();
-  program.Start();
-  const std::string figures = program.State().TooltipText;
-  EXPECT_THAT(figures, testing::HasSubstr("100"));
-  program.Host.Choose("Exit");
-  program.Set(kRefreshTooltip, kFalse);
-  program.Start();
-  EXPECT_EQ(program.State().TooltipText, figures);
-}
-
-// Also when the refresh before has nothing to wait for.
-TEST(Start, FillsTheSubmenusOnce) {
-  for (const auto download : {std::string_view(), kDownloadContent}) {
-    UsedProgram program;
-    program.AddAccount("two", "bob", "z");
-    program.Host.Agents.Always(Answers("1"));
-    program.Set(kRefreshTooltip, kTrue);
-    program.Set(kDataToDownload, std::string(download));
-    program.StartQuietly();
-    EXPECT_THAT(program.State().TrayMenu[3].Items, testing::SizeIs(2)) << download;
-  }
-}
-
 TEST(Start, CountsItself) {
   struct Case {
     const char *stored, *afterwards;
@@ -215,16 +189,6 @@ TEST(Start, CountsItself) {
     EXPECT_EQ(program.Setting(kRuns), c.afterwards) << c.stored;
     EXPECT_TRUE(program.Host.Boxes.Shown().empty()) << c.stored;
   }
-}
-
-TEST(Start, GoesOnWhenNothingCanBeKept) {
-  SimulatedProgram program;
-  program.Host.Store.SetKeeps(StoreKeeps::kNothing);
-  program.Host.Files.SetDisk(DiskState::kReadOnly);
-  program.Start();
-  EXPECT_TRUE(program.Host.Tray.HasIcon());
-  EXPECT_THAT(program.Host.Trace({"box"}), Contains(kGreeting));
-  EXPECT_FALSE(program.Host.Ended());
 }
 
 }  // namespace

@@ -93,14 +93,6 @@ TEST(LetterCase, SignsThatOnlyLookLikePairsStay) {
   EXPECT_FALSE(EqualIgnoringCase("\xD7", "\xF7"));
 }
 
-TEST(LetterCase, FoldingTwiceChangesNothingMore) {
-  for (int code = 0; code < 256; ++code) {
-    const char c = static_cast<char>(code);
-    EXPECT_EQ(LowerCase(UpperCase(c)), LowerCase(c)) << code;
-    EXPECT_EQ(UpperCase(LowerCase(c)), UpperCase(c)) << code;
-  }
-}
-
 TEST(LetterCase, OrderAgreesWithEquality) {
   const LessIgnoringCase less;
   EXPECT_FALSE(less("Ann", "aNN"));

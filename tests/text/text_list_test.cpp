@@ -29,12 +29,6 @@ TEST(TextList, SplitsFromLeftToRight) {
   for (const Case& c : kCases) EXPECT_EQ(SplitText(c.Text, kListSeparator), c.Entries) << c.Text;
 }
 
-TEST(TextList, JoinsWithTheSeparatorBetween) {
-  EXPECT_EQ(JoinText(Texts{}, kListSeparator), "");
-  EXPECT_EQ(JoinText(Texts{"one"}, kListSeparator), "one");
-  EXPECT_EQ(JoinText(Texts{"a", "", "b|c"}, kListSeparator), "a||||||b|c");
-}
-
 TEST(TextList, TakesTextsOut) {
   EXPECT_EQ(WithoutText("a, b, ", ", "), "ab");
   EXPECT_EQ(WithoutText("aaa", "aa"), "a");

@@ -7,8 +7,6 @@ namespace quillbox {
 namespace {
 
 using namespace std::chrono_literals;
-using testing::ElementsAre;
-using testing::IsEmpty;
 using testing::SizeIs;
 
 class VersionWaitTest : public testing::Test {
@@ -76,31 +74,6 @@ TEST_F(VersionWaitTest, WhoAsksDuringAnAutomaticCheckIsToldWhatItFinds) {
   EXPECT_THAT(host_.Agents.Starts(), SizeIs(1));
   ASSERT_THAT(host_.Boxes.Shown(), SizeIs(1));
   EXPECT_THAT(host_.Boxes.Shown()[0].Text, testing::HasSubstr("latest version"));
-}
-
-TEST_F(VersionWaitTest, ARefreshCanRunInsideOfACheck) {
-  AgentBehaviour agent = Answers("1", 3s);
-  agent.Data = "1.3.0";
-  Start(agent);
-  host_.After(1s, [this] { host_.Choose("RefreshNow"); });
-  Ask();
-  EXPECT_THAT(
-      host_.Trace({"agent", "balloon", "box"}),
-      ElementsAre("agent start 1 che.wt", "agent write 1 che.wt", "agent start 2 Content.dat",
-                  "agent write 2 Content.dat", "agent write 1 chet.wt", "agent write 2 Content.log",
-                  "balloon Quillbox: Could not connect to example.test!",
-                  "box You are using the latest version of Quillbox."));
-}
-
-TEST_F(VersionWaitTest, AnExitLeavesTheCheckWhereItStands) {
-  Start(AgentBehaviour{});
-  host_.After(5s, [this] { host_.Choose("Exit"); });
-  Ask();
-  EXPECT_TRUE(host_.Ended());
-  EXPECT_THAT(host_.Boxes.Shown(), IsEmpty());
-  program_.Start();
-  Ask();
-  EXPECT_THAT(host_.Boxes.Shown(), SizeIs(1)) << "the new process may check";
 }
 
 }  // namespace
