@@ -1,4 +1,4 @@
-# quillbox.exe: no console, nothing of ours beside it, and its pictures, version and manifest within.
+# What quillbox.exe carries: its pictures, dialogs, version and manifest.
 
 set(QUILLBOX_PAGE_RESOURCES "")
 foreach(page general ad-sense auto-update tray-tooltip sounds internet preview)
@@ -11,5 +11,3 @@ enable_language(RC)
 set_source_files_properties("${CMAKE_CURRENT_BINARY_DIR}/quillbox.rc" PROPERTIES OBJECT_DEPENDS
   "${PROJECT_SOURCE_DIR}/hosts/windows/dialogs.rc")
 add_library(quillbox_resources OBJECT "${CMAKE_CURRENT_BINARY_DIR}/quillbox.rc")
-add_executable(quillbox WIN32 windows_main.cpp build_values.cpp)
-target_link_libraries(quillbox PRIVATE shell state platform windows_host quillbox_resources quillbox_options)
