@@ -94,6 +94,12 @@ TEST(FindChanges, ComparesByValue) {
   }
 }
 
+TEST(FindChanges, RatesAreComparedExactly) {
+  const AccountStats fresh = Fresh("0", "0", "%0.10000000000000000001%", "0", "0");
+  const Cells stored = StoredFields("t|||d|||0|||0|||0.1|||0|||0");
+  EXPECT_TRUE(FindChanges(fresh, stored, kToday, Region("en-US")).Has(Figure::kRate));
+}
+
 TEST(BalloonNamed, GoesByTheExactText) {
   const char* const kNames[] = {"Page Impressions Changes",
                                 "Clicks Changes",

@@ -22,6 +22,13 @@ constexpr const char* kContent = "1/1/2007 1000 10 1.00% 2.00 2.00 T 3000 30 1% 
 constexpr const char* kSearch = "1/2/2007 500 5 1.00% 4.00 2.00 T 1000 5 1% 1.00 1.25";
 constexpr const char* kReferral = "1/3/2007 0 0 0.00% 0 0.00 0.00 T 1000 5 1% 2 0.25 0.25";
 
+TEST(FiguresOf, OneReportIsTakenAsItIs) {
+  const auto rows = Rows(kContent, kSearch, kReferral);
+  EXPECT_EQ(StoredRecord(FiguresOf(std::span(rows).subspan(2), Region("en-US"))),
+            "|||1/3/2007|||0|||0|||0.00%|||0.00|||0.00||||||1000|||5|||1%|||0.25|||0.25");
+  EXPECT_EQ(StoredRecord(FiguresOf({}, Region("en-US"))), StoredRecord({}));
+}
+
 TEST(FiguresOf, AFailingStepLeavesItsOwnFieldEmpty) {
   struct Case {
     const char *fault, *content, *referral;

@@ -90,10 +90,46 @@ TEST(StatsPopupItems, AreThereForAWholeRecordAlone) {
   }
 }
 
+TEST(InsertStatsPopups, InReverseOrderBelowTheFirst) {
+  const std::vector<std::string> accounts = {"one", "two", "three"};
+  const std::vector<std::string> records = {kFirst, "", kSecond};
+  Menu menu;
+  InsertStatsPopups(menu, accounts, records, Region("en-US"));
+  ASSERT_EQ(menu.size(), 3u);
+  EXPECT_EQ(menu[0].Caption + menu[1].Caption + menu[2].Caption, "onethreetwo");
+  EXPECT_TRUE(menu[2].Submenu);
+  EXPECT_THAT(menu[2].Items, IsEmpty());
+  ASSERT_EQ(menu[1].Items.size(), 13u);
+  EXPECT_EQ(menu[1].Items[0].Command, 1);
+  EXPECT_TRUE(menu[1].Items[0].Enabled);
+}
+
 struct TrayStats : ContextOnState {
   TrayStats() { host_.Store.Put("Accounts", "one", "9:05 AM|||1/30|||1000"); }
   void ShowAll(const char* text) { host_.Store.Put("TrayTooltip", "DisplayAllStats", text); }
 };
+
+TEST_F(TrayStats, AreOfThePrimaryAccountForAnEmptyNameAndOfAllWhenAllAreDisplayed) {
+  struct Case {
+    const char *displayAll, *primary, *account, *text;
+  };
+  const Case kCases[] = {{"", "", "", ""},
+                         {"", "one", "", "Impressions: 1,000"},
+                         {"", "one", "two", "Impressions: 500"},
+                         {"true", "one", "two", "Impressions: 500"},
+                         {"True", "", "two", "Impressions: 1,500"},
+                         {"True", "", "of no account", "Impressions: 1,500"}};
+  host_.Store.Put("Accounts", "two", "9:06 AM|||1/31/2007|||500");
+  host_.Store.Put("TrayTooltip", "Values", "B");
+  for (const Case& c : kCases) {
+    ShowAll(c.displayAll);
+    host_.Store.Put("AdSense", "PrimaryAccount", c.primary);
+    std::string account = c.account;
+    EXPECT_EQ(BuildStatsText({store_, state_.Accounts, region_, {}}, account), c.text)
+        << c.displayAll << " " << c.account;
+    EXPECT_EQ(account, *c.account == '\0' ? c.primary : c.account) << c.account;
+  }
+}
 
 TEST_F(TrayStats, TheTooltipChangesOnlyForAStoredRecord) {
   ShowAll("True");

@@ -181,6 +181,18 @@ TEST_F(AccountTest, NoAccountKeepsOthersOut) {
   EXPECT_EQ(state_.Accounts, stored.Accounts);
 }
 
+TEST_F(AccountTest, WhatOnlyASettingsFileCannotCarryIsRefusedInFileModeAlone) {
+  for (const char* name : {"a=b", "[a", ";a", " a", "a "}) {
+    for (const char* profile : {"", "ann"}) {
+      state_.SettingsProfile = profile;
+      Add(name);
+      EXPECT_EQ(Form() == nullptr, *profile == '\0') << name << ", profile " << profile;
+      host_.Windows.CloseBox(FormName::kAccount);
+      static_cast<AccountList&>(state_) = {};
+    }
+  }
+}
+
 TEST_F(AccountTest, ConnectPutsTheNameOfAGrantInThePlaceOfThePassword) {
   const GrantAnswer made{"grant:ABCDEFGHIJ27", ""}, none{"", "Access was not granted."};
   struct Case {

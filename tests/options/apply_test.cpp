@@ -166,5 +166,19 @@ TEST_F(Apply, IsMissingFromCancelAndCloseBox) {
   }
 }
 
+TEST_F(Apply, IsNotUndoneByCancelAndEachOpeningHasAFormOfItsOwn) {
+  Form().GeneralFrame.Check1.SetTicked(true);
+  PressApply();
+  Form().GeneralFrame.Check1.SetTicked(false);
+  host_.Effects.Clear();
+  form_.Options_Click();
+  EXPECT_EQ(Shown("Check1"), "False") << "it is open already";
+  Form().Command2.Click();
+  EXPECT_THAT(host_.Trace(), ElementsAre("close Opts"));
+  EXPECT_EQ(Get(kUse24Hour), "True");
+  Open();
+  EXPECT_EQ(Shown("Check1"), "True");
+}
+
 }  // namespace
 }  // namespace quillbox

@@ -122,5 +122,22 @@ TEST_F(Choosers, OfferTheLastChoiceOfTheRun) {
   EXPECT_THAT(host_.Trace({"choose"}), IsEmpty()) << "the page isn't filled";
 }
 
+TEST_F(Choosers, ListThePersonsSoundsBeforeTheProgramsAndInItsPlace) {
+  for (const char* file : {"/data/b.wav", "/data/B.wav", "/app/B.WAV"}) host_.Files.Put(file, "x");
+  const ApplicationFolder folder("/app", "/data", '/');
+  const ProgramContext program{state_, store_, ports_, folder, region_, build_};
+  ChangeMark mark;
+  OpenDialog dialog(host_.Chooser);
+  SoundsFrame page(program, mark, dialog);
+  page.LoadSoundsFrame();
+  EXPECT_THAT(page.Combo11.Items(),
+              ElementsAre("(None)", "B.wav", "b.wav", "CLICKS.WAV", "Rate.wav"));
+}
+
+TEST(FileNameOf, CutsAtEitherSeparator) {
+  EXPECT_EQ(FileNameOf("C:\\Sounds\\a.wav", '/') + FileNameOf("a.wav", '/'), "a.wava.wav");
+  EXPECT_EQ(FileNameOf("/sounds/a.wav", '\\'), "/sounds/a.wav");
+}
+
 }  // namespace
 }  // namespace quillbox

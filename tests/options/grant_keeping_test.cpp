@@ -153,5 +153,14 @@ TEST_F(GrantKeepingTest, ForgetsWhatNoAccountHoldsAnyMore) {
   }
 }
 
+TEST_F(GrantKeepingTest, TellsOfTheProxyAndTheTraceNamesTheGrant) {
+  Begin("one=A");
+  store_.WriteSetting(kProxyServer, "proxy.test");
+  for (const char* const step : {"remove one", "ok"}) Do(step);
+  ASSERT_EQ(Forgotten(), "A");
+  EXPECT_EQ(host_.Grants.Forgotten().back().Environment.back().second, "http://proxy.test");
+  EXPECT_THAT(host_.Trace({"grant"}), testing::ElementsAre("grant forget grant:AAAAAAAAAAAA"));
+}
+
 }  // namespace
 }  // namespace quillbox

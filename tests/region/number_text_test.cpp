@@ -63,6 +63,13 @@ TEST(CurrencyText, FollowsTheRegionsPatterns) {
   }
 }
 
+TEST(CurrencyText, TakesTextsThatAreNumbers) {
+  EXPECT_EQ(CurrencyText("1.234,5 \200", 2, Region("de-DE")), "1.234,50 \200");
+  EXPECT_THROW(CurrencyText("N/A", 2, Region("en-US")), ConversionFailed);
+  EXPECT_THROW(CurrencyText(1.0, -1, Region("en-US")), ConversionFailed);
+  EXPECT_THROW(CurrencyText(1.0, 100, Region("en-US")), ConversionFailed);
+}
+
 TEST(GroupedText, RoundsToAWholeNumber) {
   EXPECT_EQ(GroupedText(1499.5, Region("en-US")), "1,500");
   EXPECT_EQ(GroupedText(-1234567, Region("de-CH")), "-1'234'567");

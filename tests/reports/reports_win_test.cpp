@@ -241,6 +241,14 @@ TEST_F(StaleWindow, ClosedWhileThePageLoadsEndsTheWait) {
   EXPECT_THAT(WorkingFiles(), IsEmpty());
 }
 
+TEST_F(StaleWindow, ClosedAfterAReportLeavesItsFiles) {
+  host_.Agents.Once(Reports("0"));
+  Open();
+  Generate();
+  CloseWindow();
+  EXPECT_THAT(WorkingFiles(), ElementsAre("Report.dat", "Report.log"));
+}
+
 // The first window's wait is still on the stack, below all that the second one does.
 TEST_F(StaleWindow, LeavesTheNextWindowAlone) {
   struct Case {
@@ -270,6 +278,22 @@ TEST_F(StaleWindow, LeavesTheNextWindowAlone) {
     EXPECT_EQ(host_.Agents.RunningCount(), 0U);
   }
   EXPECT_THAT(host_.Files.Read("/app/Report.html").value_or(""), HasSubstr("1,000:2,000"));
+}
+
+TEST_F(StaleWindow, DoesNotTouchAWindowThatIsIdle) {
+  host_.Agents.Once(Reports("0"));
+  Open();
+  bool busyAgain = false;
+  // Closed and opened again in one go: the first sequence ends with the new window idle.
+  host_.After(100ms, [&] {
+    CloseWindow();
+    OpenWindow();
+    Window().WatchBusy([&] { busyAgain = true; });
+  });
+  Generate();
+  EXPECT_FALSE(busyAgain) << "the old sequence told the new window's watcher";
+  EXPECT_TRUE(Fields().Command1.Enabled());
+  EXPECT_THAT(Shown(), ElementsAre("navigate about:blank"));
 }
 
 TEST_F(StaleWindow, GoesWithTheProgram) {

@@ -203,6 +203,22 @@ TEST_F(RefreshCycle, TheCodeThatStaysMayBeTheLastAccounts) {
               ElementsAre(HasSubstr("for the \"ann\""), HasSubstr("for the \"bob\"")));
 }
 
+TEST_F(RefreshCycle, PlaysTheSoundTextAsItStands) {
+  struct Case {
+    const char* setting;
+    std::vector<std::string> played;
+  };
+  const Case kCases[] = {{"", {}}, {"(None)", {"sound (None)"}}, {"a.wav", {"sound a.wav"}}};
+  Start(kDownloadContent);
+  program_.Host.Agents.Always(Answers("1"));
+  for (const Case& c : kCases) {
+    program_.Set(kDownloadedSound, c.setting);
+    program_.Host.Effects.Clear();
+    Refresh();
+    EXPECT_THAT(program_.Host.Trace({"sound"}), ElementsAreArray(c.played)) << c.setting;
+  }
+}
+
 using AgentFailures = RefreshingProgram;
 
 constexpr const char* kNoResponse = "balloon Quillbox: No response received";
@@ -332,6 +348,14 @@ TEST_F(ChangingAccounts, GetNoFiguresOfOthers) {
       host_.Store.Put("Accounts", account, "");
     }
     EXPECT_EQ(evaluated, c.evaluated) << c.what;
+  }
+}
+
+TEST_F(ChangingAccounts, ASettingChangedDuringTheCycleCountsFromTheNext) {
+  host_.After(100ms, [this] { host_.Store.Put("TrayTooltip", "DataToDownload", "Referrals"); });
+  Refresh();
+  for (const AgentStart& start : host_.Agents.Starts()) {
+    EXPECT_THAT(start.Text, testing::HasSubstr("/app/Content.dat"));
   }
 }
 

@@ -51,6 +51,21 @@ TEST_F(HoverTest, TheWindowComesAfterTheCursorRestedAndGoesWithIt) {
   EXPECT_THAT(host_.Trace(), ElementsAre("tooltip opens", "tooltip closes"));
 }
 
+TEST_F(HoverTest, ACursorThatPassesByShowsNothing) {
+  host_.Hover(kIcon);
+  host_.RunFor(390ms);
+  Leave();
+  EXPECT_THAT(host_.Trace(), IsEmpty());
+}
+
+TEST_F(HoverTest, ComesInTheMiddleOfADownload) {
+  host_.Agents.Always(Answers("0", 5s));
+  host_.After(1s, [this] { host_.Hover(kIcon); });
+  host_.After(2s, [this] { EXPECT_TRUE(Shown()); });
+  host_.Choose("RefreshNow");
+  EXPECT_TRUE(Shown());
+}
+
 TEST_F(HoverTest, ShowsTheTextOfTheMomentInWhichItCame) {
   ASSERT_TRUE(ComesAt(kIcon));
   EXPECT_THAT(host_.Tooltip.Shown()->Labels, IsEmpty());

@@ -128,6 +128,15 @@ TEST_F(ScheduleTest, ATickDuringACycleIsSkippedWhole) {
   EXPECT_THAT(Refreshes(), ElementsAre(115s, 240s));
 }
 
+TEST_F(ScheduleTest, TheClockRunsDuringThePause) {
+  Prepare("Every minute", 400ms);
+  program_.Set(kPause, kTrue);
+  program_.Set(kRefreshTooltip, kTrue);
+  program_.Start();
+  host_.RunFor(91s);
+  EXPECT_THAT(Refreshes(), ElementsAre(30s, 60s));
+}
+
 TEST_F(ScheduleTest, TheDelayedStartSkipsItsRefreshDuringACycleAndStillChecks) {
   host_.Agents.Always(Answers("1", 20s));
   program_.Set(kPause, kTrue);
@@ -142,7 +151,13 @@ TEST_F(ScheduleTest, TheDelayedStartSkipsItsRefreshDuringACycleAndStillChecks) {
                           "agent write 1 Content.log", "agent write 2 chet.wt"));
 }
 
-using RateChanges = FormOnState;
+TEST_F(ScheduleTest, ATickInsideAnOpenBoxRefreshes) {
+  Prepare("Every minute", 400ms);
+  host_.Boxes.Add({.OpenFor = 90s});
+  program_.Set(kRuns, "");
+  program_.Start();
+  EXPECT_THAT(Refreshes(), ElementsAre(1min));
+}
 
 }  // namespace
 }  // namespace quillbox

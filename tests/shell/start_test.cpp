@@ -175,6 +175,31 @@ TEST(Start, LoadsTheStateWithItsDefaults) {
   EXPECT_EQ(program.Setting(kTrayAction), "") << "defaults are not written back";
 }
 
+TEST(Start, ThePrimaryAccountsStoredFiguresComeIntoTheTooltip) {
+  UsedProgram program;
+  program.FetchFigures();
+  program.Start();
+  const std::string figures = program.State().TooltipText;
+  EXPECT_THAT(figures, testing::HasSubstr("100"));
+  program.Host.Choose("Exit");
+  program.Set(kRefreshTooltip, kFalse);
+  program.Start();
+  EXPECT_EQ(program.State().TooltipText, figures);
+}
+
+// Also when the refresh before has nothing to wait for.
+TEST(Start, FillsTheSubmenusOnce) {
+  for (const auto download : {std::string_view(), kDownloadContent}) {
+    UsedProgram program;
+    program.AddAccount("two", "bob", "z");
+    program.Host.Agents.Always(Answers("1"));
+    program.Set(kRefreshTooltip, kTrue);
+    program.Set(kDataToDownload, std::string(download));
+    program.StartQuietly();
+    EXPECT_THAT(program.State().TrayMenu[3].Items, testing::SizeIs(2)) << download;
+  }
+}
+
 TEST(Start, CountsItself) {
   struct Case {
     const char *stored, *afterwards;

@@ -41,6 +41,12 @@ TEST(TrayWatch, TheTrayCanRestartInTheMiddleOfARefresh) {
 
 class TrayIconTest : public ContextOnState {};
 
+TEST_F(TrayIconTest, ANewPictureBringsNoOldBalloonBack) {
+  ShowBalloon(program_, "text");
+  UpdateTrayIcon(program_);
+  EXPECT_EQ(host_.Tray.Record().uFlags, 7U);
+}
+
 TEST(SecondStart, WakesTheFirstAndLeavesNoTrace) {
   UsedProgram program;
   program.FetchFigures();

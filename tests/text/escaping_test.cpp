@@ -50,5 +50,14 @@ TEST(FormEncoding, AnyTextComesBack) {
   }
 }
 
+TEST(GrantName, IsToldFromPasswords) {
+  EXPECT_TRUE(IsGrantName("grant:ABCDEFGHIJ27"));
+  for (const char* password :
+       {"grant:ABCDEFGHIJ2", "grant:ABCDEFGHIJ277", "grant:abcdefghij27", "grant:ABCDEFGHIJ28",
+        "Grant:ABCDEFGHIJ27", "grant:../../../ABC", "ABCDEFGHIJ27", "", "grant:"}) {
+    EXPECT_FALSE(IsGrantName(password)) << password;
+  }
+}
+
 }  // namespace
 }  // namespace quillbox
