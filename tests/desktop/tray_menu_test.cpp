@@ -46,5 +46,15 @@ TEST(TrayMenuView, ShowsTheMenuAsItIsNow) {
   EXPECT_EQ(menu.defaultAction(), menu.actions()[3]);
 }
 
+TEST(TrayMenuView, TellsWhatWasChosen) {
+  QMenu menu;
+  std::vector<std::string> chosen;
+  FillMenu(menu, TestMenu(), [&](const MenuItem& item) {
+    chosen.push_back(item.Name + std::to_string(item.Command));
+  });
+  menu.actions()[1]->menu()->actions()[0]->trigger();
+  EXPECT_THAT(chosen, ElementsAre("500"));
+}
+
 }  // namespace
 }  // namespace quillbox

@@ -60,6 +60,30 @@ TEST_F(GrantedReport, IsThatOfThePassword) {
   }
 }
 
+TEST_F(GrantedReport, HasTheLinesOfItsRange) {
+  struct Case {
+    const char* path;
+    std::size_t fewest, most, cells;
+  };
+  const Case kCases[] = {
+      {"aggregate?product=afc&dateRange.simpleDate=last7days", 7, 7, 6},
+      {"aggregate?product=afs&dateRange.simpleDate=lastmonth", 28, 31, 6},
+      {"aggregate?product=afc&dateRange.simpleDate=alltime", 119, 121, 6},
+      {"referrals?product=ref&dateRange.simpleDate=lastmonth", 28, 31, 7},
+      {"aggregate?product=afc&dateRange.simpleDate=last7days&reportType=channel", 21, 21, 7}};
+  for (const Case& c : kCases) {
+    const std::string path = std::string("/adsense/report/") + c.path;
+    for (const DlStart& start : {Granted(service_, home_, path), service_.Signed(path)}) {
+      ASSERT_EQ(run_.CodeOf(start), "0") << start.Request;
+      const Lines lines = LinesOf(*run_.Data());
+      EXPECT_GE(lines.size(), c.fewest + 3) << start.Request;
+      EXPECT_LE(lines.size(), c.most + 3) << start.Request;
+      EXPECT_THAT(lines, testing::Each(testing::SizeIs(c.cells))) << start.Request;
+      EXPECT_TRUE(run_.Data()->ends_with('\n')) << start.Request;
+    }
+  }
+}
+
 std::ptrdiff_t Questions(DemoService& service) {
   service.Process().End();
   const std::string said = service.Process().ReadAll();
