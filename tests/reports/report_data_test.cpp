@@ -41,7 +41,8 @@ TEST(ReportData, PutsTheTitlesCellOnTheGraph) {
                               "1.111,11 2,222.22 33.3 44.40 5,555.50"},
                              {"Referrals - ", "Impressions Clicks CTR Sign-ups eCPM Earnings",
                               "1.111,11 2,222.22 33.3 44.40 5,555.50 ,1.10"}};
-  const std::string report = Report("1/1/2007\t1.111,11\t2,222.22\t33.3%\t44,40\t5.555,50\t-1.10\n");
+  const std::string report =
+      Report("1/1/2007\t1.111,11\t2,222.22\t33.3%\t44,40\t5.555,50\t-1.10\n");
   for (const Case& c : kCases) {
     const auto figures = SplitText(c.Figures, " "), values = SplitText(c.Values, " ");
     for (std::size_t i = 0; i < figures.size(); ++i) {
