@@ -105,11 +105,14 @@ std::unique_ptr<Timer> WindowsTimers::NewTimer(milliseconds interval,
   return std::make_unique<WindowsTimer>(interval, std::move(onTick));
 }
 
-void WindowsEventPump::Handle(MSG& message) {
-  if (filter_ && filter_(message)) return;
+namespace {
+
+void Handle(const MSG& message) {
   ::TranslateMessage(&message);
   ::DispatchMessageW(&message);
 }
+
+}  // namespace
 
 // Bounded, for a handler may post a message each time. The end of the program is left to Run.
 void WindowsEventPump::PumpEvents() {

@@ -6,8 +6,6 @@
 
 #include "platform/timing.h"
 
-struct tagMSG;
-
 namespace quillbox {
 
 class WindowsTimers : public Timers {
@@ -20,20 +18,11 @@ class WindowsTimers : public Timers {
 
 class WindowsEventPump : public EventPump {
  public:
-  // Asked about each message first; true when it has dealt with it, as with a dialog's keys.
-  using Filter = std::function<bool(tagMSG&)>;
-  void SetFilter(Filter filter) { filter_ = std::move(filter); }
-
   void PumpEvents() override;
   void Sleep(std::chrono::milliseconds duration) override;
 
   // Handles events until somebody posts WM_QUIT; gives its exit code.
   int Run();
-
- private:
-  void Handle(tagMSG& message);
-
-  Filter filter_;
 };
 
 }  // namespace quillbox

@@ -48,7 +48,7 @@ def runs(program="quillbox.exe"):
 
 
 class Desktop:
-    """A virtual desktop with a taskbar of its own; with the name "root" the X server's screen.
+    """A virtual desktop with a taskbar of its own.
 
     All programs are started on it: one that comes from outside may take the keyboard from it."""
 
@@ -58,9 +58,7 @@ class Desktop:
 
     def start(self, program, *arguments):
         path = program if isinstance(program, str) else f"Z:{program}".replace("/", "\\")
-        words = ["wine", path, *arguments]
-        if self.name != "root":
-            words[1:1] = ["explorer", f"/desktop={self.name},{SIZE[0]}x{SIZE[1]}"]
+        words = ["wine", "explorer", f"/desktop={self.name},{SIZE[0]}x{SIZE[1]}", path, *arguments]
         return subprocess.Popen(words, cwd=SCRATCH, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
 
     def tell(self, word):

@@ -8,8 +8,6 @@
 // So nothing has to be started for a question, and the keyboard stays where it is.
 #include <windows.h>
 
-#include <commctrl.h>
-
 #include <filesystem>
 #include <fstream>
 #include <nlohmann/json.hpp>
