@@ -31,9 +31,10 @@ Function SystemFunction(const wchar_t* library, const char* name) {
   return reinterpret_cast<Function>(reinterpret_cast<void*>(::GetProcAddress(loaded, name)));
 }
 
-// Rights on a new file or folder for this person alone, inherited by what is made in it. Lives
-// until the process ends.
+// Rights on something new for this person alone. They live until the process ends. Those on a
+// folder are inherited by what is made in it; those on a file leave out that to execute it.
 SECURITY_ATTRIBUTES ForOwnerAlone();
+SECURITY_ATTRIBUTES FileForOwnerAlone();
 
 // This person's number as security descriptors write it; "OW", the owner, when it can't be learned.
 std::wstring PersonsNumber();

@@ -35,18 +35,24 @@ namespace {
 
 constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 
-PSECURITY_DESCRIPTOR OwnersRights() {
-  const std::wstring rights = L"D:P(A;OICI;FA;;;" + PersonsNumber() + L")";
+// `rights`: how they are inherited, and which, as security descriptors write it.
+PSECURITY_DESCRIPTOR OwnersRights(const std::wstring& rights) {
+  const std::wstring text = L"D:P(A;" + rights + L";;;" + PersonsNumber() + L")";
   PSECURITY_DESCRIPTOR descriptor = nullptr;
-  ::ConvertStringSecurityDescriptorToSecurityDescriptorW(rights.c_str(), SDDL_REVISION_1,
-                                                         &descriptor, nullptr);
+  ::ConvertStringSecurityDescriptorToSecurityDescriptorW(text.c_str(), SDDL_REVISION_1, &descriptor,
+                                                         nullptr);
   return descriptor;
 }
 
 }  // namespace
 
 SECURITY_ATTRIBUTES ForOwnerAlone() {
-  static const PSECURITY_DESCRIPTOR rights = OwnersRights();
+  static const PSECURITY_DESCRIPTOR rights = OwnersRights(L"OICI;FA");
+  return {sizeof(SECURITY_ATTRIBUTES), rights, FALSE};
+}
+
+SECURITY_ATTRIBUTES FileForOwnerAlone() {
+  static const PSECURITY_DESCRIPTOR rights = OwnersRights(L";0x1f019f");
   return {sizeof(SECURITY_ATTRIBUTES), rights, FALSE};
 }
 
@@ -135,7 +141,7 @@ std::optional<std::string> SystemFiles::Read(const std::string& path) {
 
 bool SystemFiles::WriteNew(const std::string& path, const std::string& content) {
   const std::wstring name = LongPath(path);
-  SECURITY_ATTRIBUTES rights = ForOwnerAlone();
+  SECURITY_ATTRIBUTES rights = FileForOwnerAlone();
   if (rights.lpSecurityDescriptor == nullptr) return false;
   OwnHandle file(::CreateFileW(name.c_str(), GENERIC_WRITE, 0, &rights, CREATE_NEW,
                                FILE_ATTRIBUTE_NORMAL | FILE_FLAG_OPEN_REPARSE_POINT, nullptr));
