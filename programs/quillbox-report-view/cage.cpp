@@ -9,6 +9,9 @@
 #include <QWebEngineDownloadRequest>
 #include <QWebEngineFullScreenRequest>
 #include <QWebEngineNotification>
+#if QT_VERSION >= QT_VERSION_CHECK(6, 8, 0)
+#include <QWebEnginePermission>
+#endif
 #include <QWebEngineScript>
 #include <QWebEngineSettings>
 #include <QWebEngineUrlRequestJob>
@@ -138,14 +141,25 @@ Array.from(document.querySelectorAll('.bar-graph-figures tr'), (row) =>
   Array.from(row.cells, (cell) => cell.textContent.replace(/\s+/g, ' ').trim()
     .replace(/^(?=[=+@]|-(?!\d|\$))/, "'")).join('\t') + '\n').join('').slice(0, 1 << 24))js";
 
+// Of the camera, the place, notifications and whatever else a page can ask for.
+void RefusePermissions(QWebEnginePage& page) {
+#if QT_VERSION >= QT_VERSION_CHECK(6, 8, 0)
+  QObject::connect(&page, &QWebEnginePage::permissionRequested, &page,
+                   [](QWebEnginePermission permission) { permission.deny(); });
+#else
+  QObject::connect(&page, &QWebEnginePage::featurePermissionRequested, &page,
+                   [&page](const QUrl& origin, QWebEnginePage::Feature feature) {
+                     page.setFeaturePermission(origin, feature,
+                                               QWebEnginePage::PermissionDeniedByUser);
+                   });
+#endif
+}
+
 }  // namespace
 
 CagedPage::CagedPage(QWebEngineProfile& profile) : QWebEnginePage(&profile) {
   connect(this, &QWebEnginePage::loadFinished, this, [this] { Loaded(); });
-  connect(this, &QWebEnginePage::featurePermissionRequested, this,
-          [this](const QUrl& origin, Feature feature) {
-            setFeaturePermission(origin, feature, PermissionDeniedByUser);
-          });
+  RefusePermissions(*this);
   connect(this, &QWebEnginePage::fullScreenRequested, this,
           [](QWebEngineFullScreenRequest request) { request.reject(); });
 }
