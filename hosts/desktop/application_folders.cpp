@@ -12,9 +12,17 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::string FolderOfExecutable() {
+fs::path FolderOfExecutable() {
   std::error_code ignored;
-  return fs::read_symlink("/proc/self/exe", ignored).parent_path().string();
+  return fs::read_symlink("/proc/self/exe", ignored).parent_path();
+}
+
+// Beside the program, else where an installed one has it.
+fs::path SharedFolderOf(const fs::path& program) {
+  const fs::path installed = (program / QUILLBOX_SHARED_FOLDER).lexically_normal();
+  std::error_code ignored;
+  const bool isBeside = fs::exists(program / "skin.ini", ignored);
+  return isBeside || !fs::is_directory(installed, ignored) ? program : installed;
 }
 
 fs::path DataRoot() {
@@ -35,9 +43,10 @@ std::string UsersDataFolder() {
 }  // namespace
 
 ApplicationFolder FindApplicationFolder() {
-  const std::string program = FolderOfExecutable();
+  const fs::path program = FolderOfExecutable();
   const bool portable = ::access(program.c_str(), W_OK) == 0;
-  return {program, portable ? program : UsersDataFolder(), '/'};
+  return {program.string(), portable ? program.string() : UsersDataFolder(), '/',
+          SharedFolderOf(program).string()};
 }
 
 }  // namespace quillbox

@@ -187,7 +187,7 @@ void QtAddressOpener::HandToDesktop(const QString& target) const {
 
 bool QtAddressOpener::IsOwnFile(const std::string& path) const {
   if (path.find("/../") != std::string::npos) return false;
-  return path.starts_with(folder_.ProgramFile("")) || path.starts_with(folder_.DataFile(""));
+  return path.starts_with(folder_.SharedFile("")) || path.starts_with(folder_.DataFile(""));
 }
 
 }  // namespace quillbox

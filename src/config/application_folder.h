@@ -11,23 +11,29 @@
 
 namespace quillbox {
 
-// Folders are full paths in the host's own bytes, without a separator at their end. They are the
-// same folder when the program's own can be written; else what the program writes, its settings
-// file too, goes to the data folder.
+// Folders are full paths in the host's own bytes, without a separator at their end. The first two
+// are the same folder when the program's own can be written; else what the program writes, its
+// settings file too, goes to the data folder. The shared folder is the program's own unless
+// another is named.
 class ApplicationFolder {
  public:
-  ApplicationFolder(std::string programFolder, std::string dataFolder, char separator)
+  ApplicationFolder(std::string programFolder, std::string dataFolder, char separator,
+                    std::string sharedFolder = {})
       : programFolder_(std::move(programFolder)),
         dataFolder_(std::move(dataFolder)),
+        sharedFolder_(sharedFolder.empty() ? programFolder_ : std::move(sharedFolder)),
         separator_(separator) {}
 
-  // A file that came with the program.
+  // A program that came with this one.
   std::string ProgramFile(std::string_view name) const { return Path(programFolder_, name); }
+
+  // Any other file that came with the program: manual, skin, sounds, what a report's page loads.
+  std::string SharedFile(std::string_view name) const { return Path(sharedFolder_, name); }
 
   // A file that the program or the agent writes.
   std::string DataFile(std::string_view name) const { return Path(dataFolder_, name); }
 
-  const std::string& ProgramFolder() const { return programFolder_; }
+  const std::string& SharedFolder() const { return sharedFolder_; }
   const std::string& DataFolder() const { return dataFolder_; }
   char Separator() const { return separator_; }
 
@@ -38,6 +44,7 @@ class ApplicationFolder {
 
   std::string programFolder_;
   std::string dataFolder_;
+  std::string sharedFolder_;
   char separator_;
 };
 

@@ -17,7 +17,7 @@ namespace {
 std::vector<std::string> SoundNames(Files& files, const ApplicationFolder& folder) {
   std::vector<std::string> names = files.List(folder.DataFolder(), "*.wav");
   const std::set<std::string, LessIgnoringCase> own(names.begin(), names.end());
-  for (std::string& name : files.List(folder.ProgramFolder(), "*.wav")) {
+  for (std::string& name : files.List(folder.SharedFolder(), "*.wav")) {
     if (!own.contains(name)) names.push_back(std::move(name));
   }
   return names;
@@ -63,7 +63,7 @@ void SoundsFrame::Browse_Click() {
       dialog_.OpenFileDialog({.Title = "Select Sound",
                               .FilterName = "WAV Files",
                               .Pattern = "*.wav",
-                              .Folder = program_.Folder.ProgramFile(""),
+                              .Folder = program_.Folder.SharedFile(""),
                               .File = {}});
   if (!path) return;
   *choice = *path;

@@ -31,7 +31,7 @@ void TrayIconFrame::SelectIcon_Click() {
       dialog_.OpenFileDialog({.Title = "Select Icon",
                               .FilterName = "Icon Files (*.ico)",
                               .Pattern = "*.ICO",
-                              .Folder = program_.Folder.ProgramFile(""),
+                              .Folder = program_.Folder.SharedFile(""),
                               .File = {}});
   if (!path) return;
   mark_.Set(TrayIconChanged);

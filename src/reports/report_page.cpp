@@ -53,9 +53,9 @@ std::string BuildReportPage(const ReportData& data, std::string_view title, std:
 }
 
 void PutPageFiles(Files& files, const ApplicationFolder& folder) {
-  if (folder.DataFolder() == folder.ProgramFolder()) return;
+  if (folder.DataFolder() == folder.SharedFolder()) return;
   for (const std::string_view name : kPageFiles) {
-    const std::optional<std::string> ours = files.Read(folder.ProgramFile(name));
+    const std::optional<std::string> ours = files.Read(folder.SharedFile(name));
     const std::string beside = folder.DataFile(name);
     if (ours && files.Read(beside) != ours) WriteAtomically(files, beside, *ours);
   }

@@ -55,7 +55,7 @@ void SendBugReport_Click(const ProgramContext& program) {
 
 // Opens the manual, or says that it is missing.
 void QuillboxManual_Click(const ProgramContext& program) {
-  const std::string manual = program.Folder.ProgramFile("ReadMe.txt");
+  const std::string manual = program.Folder.SharedFile("ReadMe.txt");
   if (program.Host.Disk.Exists(manual)) {
     program.Host.Opener.Open(manual);
     return;
