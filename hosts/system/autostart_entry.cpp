@@ -33,10 +33,11 @@ std::string CommandLine(std::string_view program) {
   return (canStandFirst ? "" : "nice -n 0 ") + Quoted(program);
 }
 
+constexpr std::string_view kSpecial = "\\\n\t\r";
+constexpr std::string_view kLetters = "\\ntr";
+
 // A value of the kind "string". Its escapes lie over those of the command line.
 std::string ToValue(std::string_view text) {
-  static constexpr std::string_view kSpecial = "\\\n\t\r";
-  static constexpr std::string_view kLetters = "\\ntr";
   std::string value;
   for (const char c : text) {
     const auto special = kSpecial.find(c);
@@ -44,6 +45,19 @@ std::string ToValue(std::string_view text) {
         special == std::string_view::npos ? std::string{c} : std::string{'\\', kLetters[special]};
   }
   return value;
+}
+
+// The text of a value, but for escapes that AutostartText doesn't write.
+std::string FromValue(std::string_view value) {
+  std::string text;
+  for (std::size_t i = 0; i < value.size(); ++i) {
+    const bool escaped = value[i] == '\\' && i + 1 < value.size();
+    const char c = value[i + (escaped ? 1 : 0)];
+    const auto letter = escaped ? kLetters.find(c) : std::string_view::npos;
+    text += letter == std::string_view::npos ? c : kSpecial[letter];
+    if (escaped) ++i;
+  }
+  return text;
 }
 
 std::string Bare(std::string_view text) {
@@ -73,7 +87,9 @@ std::string AutostartText(std::string_view program) {
       "Comment=Watch AdSense accounts from the notification area\n"
       "Icon=quillbox\n"
       "Terminal=false\n"
-      "Exec=";
+      "TryExec=";  // a program that is gone is no error of the session
+  text += ToValue(program);
+  text += "\nExec=";
   text += ToValue(CommandLine(program));
   text += '\n';
   return text;
@@ -108,6 +124,12 @@ void AutostartEntry::Make() {
   std::error_code ignored;
   fs::create_directories(AutostartFolder(), ignored);
   WriteAtomically(files_, EntryFile(), AutostartText(folder_.ProgramFile("quillbox")));
+}
+
+void AutostartEntry::FollowProgram() {
+  const std::string text = files_.Read(EntryFile()).value_or("");
+  const std::string program = FromValue(ReadEntry(text)["TryExec"]);
+  if (StartsSomething(text) && !program.empty() && !files_.Exists(program)) Make();
 }
 
 void AutostartEntry::Remove() {

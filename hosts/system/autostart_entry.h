@@ -27,6 +27,10 @@ class AutostartEntry : public StartUpEntry {
   void Make() override;
   void Remove() override;
 
+  // Makes an entry anew that starts a program which isn't there any more, as after a move of the
+  // program's folder.
+  void FollowProgram();
+
  private:
   Files& files_;
   const ApplicationFolder& folder_;

@@ -13,6 +13,7 @@
 #include "qt_base/icon_picture.h"
 #include "qt_base/window_system.h"
 #include "shell/program.h"
+#include "system/autostart_entry.h"
 #include "system/process_start.h"
 
 namespace {
@@ -50,7 +51,10 @@ int main(int argc, char* argv[]) {
                             quillbox::ThisBuild());
   desktop.Connect(program.Events());
   QTimer::singleShot(0, [&] {
-    if (!ports.Instance.AnotherInstanceRuns()) quillbox::ClearWorkingFiles(ports.Disk, folder);
+    if (!ports.Instance.AnotherInstanceRuns()) {
+      quillbox::ClearWorkingFiles(ports.Disk, folder);
+      quillbox::AutostartEntry(ports.Disk, folder).FollowProgram();
+    }
     program.Main();
   });
   return QApplication::exec();

@@ -80,7 +80,25 @@ TEST_F(AutostartEntryTest, StartsTheProgramOfAnyFolder) {
     Run("gio", {"launch", file});
     EXPECT_TRUE(ComesAbout([&] { return fs::exists(program + "/started"); }))
         << files_.Read(file_).value();
+
+    // The program's own entry stays as it is, and another program's is made anew once that is gone.
+    const std::string made = files_.Read(file_).value();
+    EntryOf("/elsewhere").FollowProgram();
+    EXPECT_EQ(files_.Read(file_), made);
+    fs::rename(program, program + "-moved");
+    EntryOf(program + "-moved").FollowProgram();
+    EXPECT_EQ(files_.Read(file_), AutostartText(program + "-moved/quillbox"));
   }
+}
+
+TEST_F(AutostartEntryTest, FollowsNoProgramWhereNoneIsToBeStarted) {
+  EntryOf("/here").FollowProgram();
+  EXPECT_FALSE(fs::exists(file_));
+  EntryOf("/gone").Make();
+  const std::string off = files_.Read(file_).value() + "Hidden=true\n";
+  std::ofstream(file_) << off;
+  EntryOf("/here").FollowProgram();
+  EXPECT_EQ(files_.Read(file_), off);
 }
 
 TEST(DesktopEntryTest, TellsWhetherItStartsSomething) {
