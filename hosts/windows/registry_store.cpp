@@ -9,8 +9,8 @@
 #include <vector>
 
 #include "text/code_page.h"
-#include "windows/own_handle.h"
-#include "windows/wide_text.h"
+#include "windows_base/own_handle.h"
+#include "windows_base/wide_text.h"
 
 namespace quillbox {
 namespace {

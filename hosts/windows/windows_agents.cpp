@@ -7,8 +7,8 @@
 #include "platform/timing.h"
 #include "text/code_page.h"
 #include "text/grant_name.h"
-#include "windows/started_program.h"
-#include "windows/wide_text.h"
+#include "windows_base/started_program.h"
+#include "windows_base/wide_text.h"
 
 namespace quillbox {
 

@@ -7,13 +7,13 @@
 #include "system/system_surroundings.h"
 #include "windows/registry_store.h"
 #include "windows/windows_agents.h"
-#include "windows/windows_boxes.h"
-#include "windows/windows_forms.h"
 #include "windows/windows_loop.h"
 #include "windows/windows_process.h"
 #include "windows/windows_surroundings.h"
 #include "windows/windows_tooltip.h"
 #include "windows/windows_tray.h"
+#include "windows_dialogs/windows_boxes.h"
+#include "windows_dialogs/windows_forms.h"
 
 namespace quillbox {
 

@@ -4,8 +4,8 @@
 
 #include <cstdlib>
 
-#include "windows/own_handle.h"
-#include "windows/wide_text.h"
+#include "windows_base/own_handle.h"
+#include "windows_base/wide_text.h"
 
 namespace quillbox {
 namespace {

@@ -12,8 +12,8 @@
 #include <string_view>
 
 #include "region/locale_marks.h"
-#include "windows/own_handle.h"
-#include "windows/wide_text.h"
+#include "windows_base/own_handle.h"
+#include "windows_base/wide_text.h"
 
 namespace quillbox {
 namespace {

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "windows/wide_text.h"
+#include "windows_base/wide_text.h"
 
 namespace quillbox {
 namespace {

@@ -8,8 +8,8 @@
 #include <vector>
 
 #include "platform/tooltip_window.h"
-#include "windows/picture.h"
 #include "windows/windows_tray.h"
+#include "windows_base/picture.h"
 
 namespace quillbox {
 

@@ -6,8 +6,8 @@
 #include <utility>
 
 #include "text/text_list.h"
-#include "windows/wide_text.h"
 #include "windows/windows_process.h"
+#include "windows_base/wide_text.h"
 
 namespace quillbox {
 namespace {

@@ -12,7 +12,7 @@
 #include "platform/host.h"
 #include "platform/tooltip_window.h"
 #include "platform/tray.h"
-#include "windows/picture.h"
+#include "windows_base/picture.h"
 
 namespace quillbox {
 

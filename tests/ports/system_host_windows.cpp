@@ -10,9 +10,9 @@
 #include "system/temporary_folder.h"
 #include "text/code_page.h"
 #include "windows/registry_store.h"
-#include "windows/wide_text.h"
 #include "windows/windows_agents.h"
 #include "windows/windows_process.h"
+#include "windows_base/wide_text.h"
 
 namespace quillbox {
 namespace {

@@ -16,9 +16,9 @@
 #include "simulated/context_on_state.h"
 #include "simulated/simulated_forms.h"
 #include "tray/tray_menu.h"
-#include "windows/dialog.h"
-#include "windows/wide_text.h"
-#include "windows/windows_forms.h"
+#include "windows_base/wide_text.h"
+#include "windows_dialogs/dialog.h"
+#include "windows_dialogs/windows_forms.h"
 
 namespace quillbox {
 namespace {

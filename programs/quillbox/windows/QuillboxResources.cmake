@@ -9,5 +9,5 @@ configure_file(windows/quillbox.rc.in "${CMAKE_CURRENT_BINARY_DIR}/quillbox.rc" 
 
 enable_language(RC)
 set_source_files_properties("${CMAKE_CURRENT_BINARY_DIR}/quillbox.rc" PROPERTIES OBJECT_DEPENDS
-  "${PROJECT_SOURCE_DIR}/hosts/windows/dialogs.rc")
+  "${PROJECT_SOURCE_DIR}/hosts/windows_dialogs/dialogs.rc")
 add_library(quillbox_resources OBJECT "${CMAKE_CURRENT_BINARY_DIR}/quillbox.rc")

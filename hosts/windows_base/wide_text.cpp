@@ -1,4 +1,4 @@
-#include "windows/wide_text.h"
+#include "windows_base/wide_text.h"
 
 #include <windows.h>
 

@@ -6,7 +6,7 @@
 #include <string>
 
 #include "reports/reports_fields.h"
-#include "windows/dialog.h"
+#include "windows_dialogs/dialog.h"
 
 namespace quillbox {
 

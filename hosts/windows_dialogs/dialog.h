@@ -8,8 +8,8 @@
 #include <string>
 #include <string_view>
 
-#include "windows/dialog_fields.h"
-#include "windows/picture.h"
+#include "windows_base/picture.h"
+#include "windows_dialogs/dialog_fields.h"
 
 namespace quillbox {
 

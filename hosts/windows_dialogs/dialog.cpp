@@ -1,4 +1,4 @@
-#include "windows/dialog.h"
+#include "windows_dialogs/dialog.h"
 
 #include <uxtheme.h>
 
@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "text/code_page.h"
-#include "windows/wide_text.h"
+#include "windows_base/wide_text.h"
 
 namespace quillbox {
 namespace {

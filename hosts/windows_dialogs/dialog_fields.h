@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "forms/controls.h"
-#include "windows/picture.h"
+#include "windows_base/picture.h"
 
 namespace quillbox {
 

@@ -10,8 +10,8 @@
 
 #include "platform/forms.h"
 #include "platform/surroundings.h"
-#include "windows/about_dialog.h"
-#include "windows/dialog.h"
+#include "windows_dialogs/about_dialog.h"
+#include "windows_dialogs/dialog.h"
 
 namespace quillbox {
 

@@ -1,4 +1,4 @@
-#include "windows/about_dialog.h"
+#include "windows_dialogs/about_dialog.h"
 
 #include <commctrl.h>
 
@@ -7,7 +7,7 @@
 
 #include "about/about_win.h"
 #include "reports/reports_win.h"
-#include "windows/wide_text.h"
+#include "windows_base/wide_text.h"
 
 namespace quillbox {
 namespace {

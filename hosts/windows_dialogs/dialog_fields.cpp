@@ -1,4 +1,4 @@
-#include "windows/dialog_fields.h"
+#include "windows_dialogs/dialog_fields.h"
 
 #include <commctrl.h>
 
@@ -7,7 +7,7 @@
 #include <string>
 
 #include "text/text_list.h"
-#include "windows/wide_text.h"
+#include "windows_base/wide_text.h"
 
 namespace quillbox {
 namespace {

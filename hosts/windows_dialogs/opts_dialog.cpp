@@ -1,11 +1,11 @@
-#include "windows/opts_dialog.h"
+#include "windows_dialogs/opts_dialog.h"
 
 #include <cstddef>
 #include <string>
 
 #include "options/account.h"
 #include "options/opts.h"
-#include "windows/wide_text.h"
+#include "windows_base/wide_text.h"
 
 namespace quillbox {
 namespace {

@@ -7,7 +7,7 @@
 
 #include <vector>
 
-#include "windows/dialog.h"
+#include "windows_dialogs/dialog.h"
 
 namespace quillbox {
 

@@ -1,11 +1,11 @@
-#include "windows/picture.h"
+#include "windows_base/picture.h"
 
 #include <objidl.h>
 
 #include <gdiplus.h>
 #include <shlwapi.h>
 
-#include "windows/wide_text.h"
+#include "windows_base/wide_text.h"
 
 namespace quillbox {
 namespace {

@@ -11,8 +11,8 @@
 #include <vector>
 
 #include "text/text_list.h"
-#include "windows/own_handle.h"
-#include "windows/wide_text.h"
+#include "windows_base/own_handle.h"
+#include "windows_base/wide_text.h"
 
 namespace quillbox {
 std::wstring PersonsNumber() {

@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "windows/own_handle.h"
+#include "windows_base/own_handle.h"
 
 namespace quillbox {
 

@@ -1,11 +1,11 @@
-#include "windows/started_program.h"
+#include "windows_base/started_program.h"
 
 #include <algorithm>
 #include <array>
 #include <cwchar>
 #include <map>
 
-#include "windows/wide_text.h"
+#include "windows_base/wide_text.h"
 
 namespace quillbox {
 namespace {

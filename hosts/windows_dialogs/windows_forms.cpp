@@ -1,12 +1,12 @@
-#include "windows/windows_forms.h"
+#include "windows_dialogs/windows_forms.h"
 
 #include <utility>
 
 #include "options/account.h"
 #include "options/opts.h"
 #include "reports/reports_win.h"
-#include "windows/opts_dialog.h"
-#include "windows/wide_text.h"
+#include "windows_base/wide_text.h"
+#include "windows_dialogs/opts_dialog.h"
 
 namespace quillbox {
 namespace {

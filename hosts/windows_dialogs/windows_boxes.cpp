@@ -1,4 +1,4 @@
-#include "windows/windows_boxes.h"
+#include "windows_dialogs/windows_boxes.h"
 
 #include <windows.h>
 
@@ -9,8 +9,8 @@
 #include <vector>
 
 #include "text/code_page.h"
-#include "windows/dialog.h"
-#include "windows/wide_text.h"
+#include "windows_base/wide_text.h"
+#include "windows_dialogs/dialog.h"
 
 namespace quillbox {
 

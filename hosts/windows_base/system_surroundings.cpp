@@ -5,8 +5,8 @@
 
 #include <wininet.h>
 
-#include "windows/own_handle.h"
-#include "windows/wide_text.h"
+#include "windows_base/own_handle.h"
+#include "windows_base/wide_text.h"
 
 namespace quillbox {
 

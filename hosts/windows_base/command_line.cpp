@@ -9,7 +9,7 @@
 
 #include "system/process_start.h"
 #include "system/streams.h"
-#include "windows/wide_text.h"
+#include "windows_base/wide_text.h"
 
 namespace quillbox {
 
