@@ -4,7 +4,8 @@
 //   windows           each visible window as a line of JSON; one of the program has its fixed name
 //   taskbar-created   tells all windows of a new taskbar
 //   end-of-session    asks the program's window, then tells it
-//   SECTION           the program's settings of that section, each as a line "name=value"
+//   installed         what the installer has noted, each as a line "name=value"
+//   SECTION           the program's settings of that section, likewise
 // So nothing has to be started for a question, and the keyboard stays where it is.
 #include <windows.h>
 
@@ -85,10 +86,10 @@ BOOL CALLBACK EndSessionOf(HWND window, LPARAM answer) {
   return TRUE;
 }
 
-std::string Settings(const std::string& section) {
+std::string Values(const std::string& place) {
   std::string settings;
   HKEY key = nullptr;
-  ::RegOpenKeyExA(HKEY_CURRENT_USER, ("Software\\Quillbox\\" + section).c_str(), 0, KEY_READ, &key);
+  ::RegOpenKeyExA(HKEY_CURRENT_USER, ("Software\\" + place).c_str(), 0, KEY_READ, &key);
   char name[256] = {}, value[4096] = {};
   for (DWORD i = 0, nameSize = sizeof name, size = sizeof value;
        ::RegEnumValueA(key, i, name, &nameSize, nullptr, nullptr, reinterpret_cast<BYTE*>(value),
@@ -108,7 +109,11 @@ std::string AnswerTo(const std::string& word) {
   if (word == "taskbar-created") {
     ::SendNotifyMessageW(HWND_BROADCAST, ::RegisterWindowMessageW(L"TaskbarCreated"), 0, 0);
   }
-  if (answer.empty()) answer = Settings(word);
+  if (word == "installed") {
+    answer = Values("Microsoft\\Windows\\CurrentVersion\\Uninstall\\Quillbox");
+  } else if (answer.empty()) {
+    answer = Values("Quillbox\\" + word);
+  }
   return answer;
 }
 
