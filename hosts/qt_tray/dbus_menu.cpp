@@ -113,7 +113,7 @@ const char kMenuInterface[] = R"xml(<interface name="com.canonical.dbusmenu">
 
 namespace {
 
-constexpr char kInterface[] = "com.canonical.dbusmenu";
+constexpr char kMenuName[] = "com.canonical.dbusmenu";
 
 // Of the menu as a whole.
 QVariantMap OwnProperties() {
@@ -155,7 +155,7 @@ std::optional<QVariantList> Variant(const QVariant& value) {
 }
 
 QDBusMessage Signal(const char* name) {
-  return QDBusMessage::createSignal(DBusMenu::kPath, kInterface, name);
+  return QDBusMessage::createSignal(DBusMenu::kPath, kMenuName, name);
 }
 
 }  // namespace

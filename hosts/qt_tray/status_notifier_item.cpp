@@ -53,10 +53,10 @@ const QDBusArgument& operator>>(const QDBusArgument& in, ItemTip&) {
 
 namespace {
 
-constexpr char kInterface[] = "org.kde.StatusNotifierItem";
+constexpr char kItemInterface[] = "org.kde.StatusNotifierItem";
 constexpr char kPropertiesInterface[] = "org.freedesktop.DBus.Properties";
 constexpr char kIntrospection[] = "org.freedesktop.DBus.Introspectable";
-constexpr char kPath[] = "/StatusNotifierItem";
+constexpr char kItemPath[] = "/StatusNotifierItem";
 constexpr int kSizes[] = {16, 22, 24, 32, 44, 48, 64};
 
 // A picture that is smaller than what was asked for comes as it is, once.
@@ -89,12 +89,12 @@ StatusNotifierItem::StatusNotifierItem(Reports reports) : reports_(std::move(rep
 // owner later than of the item's properties it forgets those.
 QString StatusNotifierItem::Appear() {
   QDBusConnection bus = QDBusConnection::sessionBus();
-  if (!there_) there_ = bus.isConnected() && bus.registerVirtualObject(kPath, this);
-  return there_ ? kPath : QString();
+  if (!there_) there_ = bus.isConnected() && bus.registerVirtualObject(kItemPath, this);
+  return there_ ? kItemPath : QString();
 }
 
 void StatusNotifierItem::Vanish() {
-  if (std::exchange(there_, false)) QDBusConnection::sessionBus().unregisterObject(kPath);
+  if (std::exchange(there_, false)) QDBusConnection::sessionBus().unregisterObject(kItemPath);
 }
 
 void StatusNotifierItem::SetPicture(const QIcon& picture) {
@@ -108,7 +108,7 @@ void StatusNotifierItem::SetTip(const QString& tip) {
 
 void StatusNotifierItem::Signal(const char* name) const {
   if (!there_) return;
-  QDBusConnection::sessionBus().send(QDBusMessage::createSignal(kPath, kInterface, name));
+  QDBusConnection::sessionBus().send(QDBusMessage::createSignal(kItemPath, kItemInterface, name));
 }
 
 QVariantMap StatusNotifierItem::Properties() const {

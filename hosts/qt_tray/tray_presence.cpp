@@ -12,12 +12,12 @@ namespace quillbox {
 namespace {
 
 constexpr char kService[] = "org.kde.StatusNotifierWatcher";  // also the interface's name
-constexpr char kPath[] = "/StatusNotifierWatcher";
+constexpr char kWatcherPath[] = "/StatusNotifierWatcher";
 constexpr int kNoLimit = std::numeric_limits<int>::max();  // and with it no timer
 
 // Never starts the service.
 QDBusMessage Call(const char* interface, const char* method) {
-  QDBusMessage call = QDBusMessage::createMethodCall(kService, kPath, interface, method);
+  QDBusMessage call = QDBusMessage::createMethodCall(kService, kWatcherPath, interface, method);
   call.setAutoStartService(false);
   return call;
 }
@@ -40,7 +40,7 @@ StatusNotifierWatcher::StatusNotifierWatcher(std::function<void()> onChange)
           [this](const QString&, const QString&, const QString& owner) { OwnerChanged(owner); });
   for (const char* const signal :
        {"StatusNotifierHostRegistered", "StatusNotifierHostUnregistered"}) {
-    bus.connect(kService, kPath, kService, signal, this, SLOT(AskForHost()));
+    bus.connect(kService, kWatcherPath, kService, signal, this, SLOT(AskForHost()));
   }
   // It is the bus itself that answers this.
   owner_ = bus.interface()->serviceOwner(kService).value();

@@ -19,7 +19,7 @@
 namespace quillbox {
 namespace {
 
-constexpr QSize kPictureSize{64, 64};
+constexpr QSize kAboutPicture{64, 64};
 constexpr int kDarkLink = 110;         // on a scale of 255
 constexpr double kProductSize = 1.35;  // of the ordinary letters
 
@@ -33,7 +33,7 @@ QLabel* PictureLabel(double ratio) {
   QIcon picture = OwnPicture();
   picture.addFile(":/quillbox-128.png");  // for screens of twice the dots
   auto* const label = Label("Picture", "");
-  label->setPixmap(picture.pixmap(kPictureSize, ratio));
+  label->setPixmap(picture.pixmap(kAboutPicture, ratio));
   return label;
 }
 

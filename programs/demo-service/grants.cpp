@@ -11,10 +11,10 @@ constexpr std::chrono::minutes kCodeLife(10);
 
 // `kind` in front and 40 characters that nobody can guess.
 std::string NewName(const std::string& kind) {
-  constexpr char kLetters[] = "abcdefghijklmnopqrstuvwxyz234567";
+  constexpr char kAlphabet[] = "abcdefghijklmnopqrstuvwxyz234567";
   std::random_device random;
   std::string name = kind;
-  for (int i = 0; i < 40; ++i) name += kLetters[random() % 32];
+  for (int i = 0; i < 40; ++i) name += kAlphabet[random() % 32];
   return name;
 }
 

@@ -183,12 +183,12 @@ void Convert(const Request& request, JsonWriter& answer) {
   }
 }
 
-constexpr Operation kOperations[] = {{"convert", Convert}};
+constexpr Operation kConvertOperations[] = {{"convert", Convert}};
 
 }  // namespace
 
 std::span<const Operation> ConvertOperations() {
-  return kOperations;
+  return kConvertOperations;
 }
 
 }  // namespace quillbox

@@ -88,7 +88,7 @@ void AccountMenus(const Request& request, JsonWriter& answer) {
   answer.EndArray();
 }
 
-constexpr Operation kOperations[] = {
+constexpr Operation kEvaluationOperations[] = {
     {"evaluate", Evaluate},
     {"statsText", WriteStatsText},
     {"accountMenus", AccountMenus},
@@ -97,7 +97,7 @@ constexpr Operation kOperations[] = {
 }  // namespace
 
 std::span<const Operation> EvaluationOperations() {
-  return kOperations;
+  return kEvaluationOperations;
 }
 
 }  // namespace quillbox

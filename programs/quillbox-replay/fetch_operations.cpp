@@ -121,7 +121,7 @@ void VersionCheck(const Request& request, JsonWriter& answer) {
   answer.Text(decision.Question);
 }
 
-constexpr Operation kOperations[] = {
+constexpr Operation kFetchOperations[] = {
     {"refreshCommands", RefreshCommands}, {"refreshOutcome", RefreshOutcomeOf},
     {"signInAddress", SignInAddressOf},   {"reportCommand", ReportCommandOf},
     {"reportData", ReportDataOf},         {"reportPage", ReportPageOf},
@@ -131,7 +131,7 @@ constexpr Operation kOperations[] = {
 }  // namespace
 
 std::span<const Operation> FetchOperations() {
-  return kOperations;
+  return kFetchOperations;
 }
 
 }  // namespace quillbox

@@ -128,7 +128,7 @@ void Profile(const Request& request, JsonWriter& answer) {
   answer.Text(*text);
 }
 
-constexpr Operation kOperations[] = {
+constexpr Operation kSettingsOperations[] = {
     {"accountList", AccountListOf},
     {"profile", Profile},
 };
@@ -136,7 +136,7 @@ constexpr Operation kOperations[] = {
 }  // namespace
 
 std::span<const Operation> SettingsOperations() {
-  return kOperations;
+  return kSettingsOperations;
 }
 
 }  // namespace quillbox

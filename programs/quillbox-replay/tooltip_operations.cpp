@@ -108,7 +108,7 @@ void Placement(const Request& request, JsonWriter& answer) {
   NumberOut(answer, "y", place->Y);
 }
 
-constexpr Operation kOperations[] = {
+constexpr Operation kTooltipOperations[] = {
     {"tooltipLayout", Layout},
     {"tooltipPlacement", Placement},
 };
@@ -116,7 +116,7 @@ constexpr Operation kOperations[] = {
 }  // namespace
 
 std::span<const Operation> TooltipOperations() {
-  return kOperations;
+  return kTooltipOperations;
 }
 
 }  // namespace quillbox

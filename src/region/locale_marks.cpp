@@ -76,7 +76,7 @@ std::string DateLiteral(std::u16string_view literal) {
   return text;
 }
 
-std::string DatePart(const FormatPart& part) {
+std::string PartOfOrder(const FormatPart& part) {
   const std::size_t count = std::clamp<std::size_t>(part.Count, 1, 2);
   if (part.Letter == u'd') return part.Count <= 2 ? std::string(count, 'd') : "";
   if (part.Letter == u'M' || part.Letter == u'L') return std::string(count, 'M');
@@ -107,7 +107,7 @@ std::optional<std::string> WithStandIns(std::u16string_view text) {
 std::string ShortDateFormat(std::u16string_view format) {
   std::string result;
   for (const FormatPart& part : PartsOf(format)) {
-    result += part.Letter == 0 ? DateLiteral(part.Literal) : DatePart(part);
+    result += part.Letter == 0 ? DateLiteral(part.Literal) : PartOfOrder(part);
   }
   for (const char letter : {'d', 'M', 'y'}) {
     if (result.find(letter) == std::string::npos) return "yyyy-MM-dd";

@@ -102,39 +102,39 @@ TEST(ProfileText, RefusesWhatNoLineCanCarry) {
   }
 }
 
-constexpr const char* kPath = "/data/ann.ini";
+constexpr const char* kWritten = "/data/ann.ini";
 
 TEST(IniFile, ReadsAtMost749Characters) {
   SimulatedFiles files;
   for (const std::size_t length : {748U, 749U, 750U, 5000U}) {
     const std::string value(length, 'x');
-    IniWrite(files, std::vector<SettingChange>{{"S", "K", value}}, kPath);
-    EXPECT_EQ(IniRead(files, "S", "K", kPath), value.substr(0, 749)) << length;
-    EXPECT_EQ(files.Read(kPath), "[S]\r\nK=" + value + "\r\n") << "the file holds all of it";
+    IniWrite(files, std::vector<SettingChange>{{"S", "K", value}}, kWritten);
+    EXPECT_EQ(IniRead(files, "S", "K", kWritten), value.substr(0, 749)) << length;
+    EXPECT_EQ(files.Read(kWritten), "[S]\r\nK=" + value + "\r\n") << "the file holds all of it";
   }
 }
 
 TEST(IniFile, ABatchIsOneAtomicWrite) {
-  SimulatedFiles once({{kPath, ""}}), files({{kPath, "[S]\nA=1\nB=1\n[T]\nC=1\n"}});
-  WriteAtomically(once, kPath, "text");
+  SimulatedFiles once({{kWritten, ""}}), files({{kWritten, "[S]\nA=1\nB=1\n[T]\nC=1\n"}});
+  WriteAtomically(once, kWritten, "text");
   IniWrite(files, std::vector<SettingChange>{{"S", "A", "2"}, {"S", "B", "2"}, {"T", "C", "2"}},
-           kPath);
-  EXPECT_EQ(files.Read(kPath), "[S]\nA=2\nB=2\n[T]\nC=2\n");
+           kWritten);
+  EXPECT_EQ(files.Read(kWritten), "[S]\nA=2\nB=2\n[T]\nC=2\n");
   EXPECT_EQ(files.Steps(), once.Steps());
 }
 
 TEST(IniFile, AFileThatCannotBeReadIsNotReplaced) {
-  SimulatedFiles files({{kPath, "[S]\nPRECIOUS=1\n"}});
-  files.SetReadable(kPath, false);
-  IniWrite(files, std::vector<SettingChange>{{"S", "K", "v"}}, kPath);
-  files.SetReadable(kPath, true);
-  EXPECT_EQ(files.Read(kPath), "[S]\nPRECIOUS=1\n");
+  SimulatedFiles files({{kWritten, "[S]\nPRECIOUS=1\n"}});
+  files.SetReadable(kWritten, false);
+  IniWrite(files, std::vector<SettingChange>{{"S", "K", "v"}}, kWritten);
+  files.SetReadable(kWritten, true);
+  EXPECT_EQ(files.Read(kWritten), "[S]\nPRECIOUS=1\n");
 }
 
 TEST(IniFile, ChangesThatNoLineCanCarryMakeNoFile) {
   SimulatedFiles files;
-  EXPECT_EQ(IniRead(files, "S", "K", kPath), "");
-  IniWrite(files, std::vector<SettingChange>{{"S", "a=b", "v"}}, kPath);
+  EXPECT_EQ(IniRead(files, "S", "K", kWritten), "");
+  IniWrite(files, std::vector<SettingChange>{{"S", "a=b", "v"}}, kWritten);
   EXPECT_THAT(files.All(), ::testing::IsEmpty());
 }
 

@@ -18,7 +18,7 @@ constexpr const char* kUsual = "5000,5000,15000";     // milliseconds
 constexpr const char* kQuick = "5000,400,5000";       // nothing for long is an error
 constexpr const char* kQuickInAll = "5000,5000,900";  // too little for a dripping answer
 
-struct Case {
+struct CodeCase {
   const char* name;
   const char* options;   // of the service, a blank between two
   const char* password;  // or a grant's name; null: the plain form
@@ -27,7 +27,7 @@ struct Case {
   const char* path = kContentReport;
 };
 
-const Case kCases[] = {
+const CodeCase kCodes[] = {
     {"content report", "", kPassword, "0"},
     {"referral report", "", kPassword, "0", kUsual, kReferralReport},
     {"version", "", nullptr, "0", kUsual, kVersion},
@@ -79,7 +79,7 @@ const Case kCases[] = {
     {"untrusted with a grant", "--fail untrusted", kGrantName, "4"},
 };
 
-void PrintTo(const Case& c, std::ostream* out) {
+void PrintTo(const CodeCase& c, std::ostream* out) {
   *out << c.name;
 }
 
@@ -88,16 +88,16 @@ std::vector<std::string> Words(const std::string& text) {
   return {std::istream_iterator<std::string>(words), {}};
 }
 
-DlStart StartOf(const Case& c, const DemoService& service, const GrantHome& home) {
+DlStart StartOf(const CodeCase& c, const DemoService& service, const GrantHome& home) {
   if (c.password == nullptr) return service.Plain(c.path);
   if (c.password == std::string(kGrantName)) return Granted(service, home, c.path);
   return service.Signed(c.path, c.password);
 }
 
-class Codes : public testing::TestWithParam<Case> {};
+class Codes : public testing::TestWithParam<CodeCase> {};
 
 TEST_P(Codes, AreLeftInTheLogAndDataWithSuccessAlone) {
-  const Case& c = GetParam();
+  const CodeCase& c = GetParam();
   DemoService service(Words(c.options));
   const GrantHome home;
   const DlRun run;
@@ -109,7 +109,7 @@ TEST_P(Codes, AreLeftInTheLogAndDataWithSuccessAlone) {
   EXPECT_EQ(service.Process().End(), 0) << "the service ends cleanly whatever it was doing";
 }
 
-INSTANTIATE_TEST_SUITE_P(OfTheDemoService, Codes, testing::ValuesIn(kCases));
+INSTANTIATE_TEST_SUITE_P(OfTheDemoService, Codes, testing::ValuesIn(kCodes));
 
 // Deaf: its queue is full, so that connections are not taken. Silent: it takes them and never says
 // a word.

@@ -45,7 +45,7 @@ constexpr const char* kBusy = "503\nRetry-After: 1";
 constexpr const char* kBusyForLong = "429\nRetry-After: 3600";
 constexpr const char* kFault = "500\n\nx";
 
-struct Case {
+struct SecretCase {
   const char* name;
   Answers tokens, reports;
   const char* code;
@@ -53,7 +53,7 @@ struct Case {
   const char* range = "thismonth";
 };
 
-const Case kCases[] = {
+const SecretCase kSecretCases[] = {
     {"good", {kGoodToken}, {kGoodReport}, "0", 1, 1},
     {"grant led elsewhere, 302", {"302\nLocation: https://{other}/x"}, {kGoodReport}, "2", 1, 0},
     {"grant led elsewhere, 307", {"307\nLocation: https://{other}/x"}, {kGoodReport}, "2", 1, 0},
@@ -136,7 +136,7 @@ class GrantSecrets : public testing::Test {
 };
 
 TEST_F(GrantSecrets, GoToTheirPlaceAloneAndNoOftenerThanNeeded) {
-  for (const Case& c : kCases) {
+  for (const SecretCase& c : kSecretCases) {
     SCOPED_TRACE(c.name);
     const ListeningServer service(Service(c.tokens, c.reports));
     EXPECT_EQ(FetchCode(service, c.range), c.code);

@@ -16,7 +16,7 @@ constexpr const char* kGoodNames = "DNS:localhost,IP:127.0.0.1";
 enum class Proof { kOfWish, kOfOtherAuthority, kOfAServer, kByOldProtocol, kNone };
 
 // The server that is asked, under the name "localhost".
-struct Case {
+struct HostileAnswer {
   const char* name;
   // As for Reply; {other} is a host that has proved its name but wasn't asked, {impostor} one that
   // can't prove it, {open} one that speaks http.
@@ -28,11 +28,12 @@ struct Case {
   CertificateWish wish = {kGoodNames};
 };
 
-Case Unproved(const char* name, const CertificateWish& wish, Proof proof = Proof::kOfWish) {
+HostileAnswer Unproved(const char* name, const CertificateWish& wish,
+                       Proof proof = Proof::kOfWish) {
   return {name, "200", "200", "4", false, proof, wish};
 }
 
-const Case kUnproved[] = {
+const HostileAnswer kUnproved[] = {
     Unproved("certificate of another authority", {kGoodNames}, Proof::kOfOtherAuthority),
     Unproved("certificate for another name", {"DNS:elsewhere.test"}),
     Unproved("certificate for no name", {""}),
@@ -46,7 +47,7 @@ const Case kUnproved[] = {
     Unproved("no TLS at all", {kGoodNames}, Proof::kNone),
 };
 
-const Case kProved[] = {
+const HostileAnswer kProved[] = {
     {"all is well", "302\nLocation: /welcome", "200", "0"},
     {"form to another host, 302", "302\nLocation: {other}/x", "200", "0"},
     {"form to another host, 307", "307\nLocation: {other}/x", "200", "0"},
@@ -70,13 +71,13 @@ const Case kProved[] = {
      "302\nLocation: {other}/x\nSet-Cookie: B=canary-cookie; Domain=127.0.0.1", "200", "0"},
 };
 
-void PrintTo(const Case& c, std::ostream* out) {
+void PrintTo(const HostileAnswer& c, std::ostream* out) {
   *out << c.name;
 }
 
-class HostileServer : public testing::TestWithParam<Case> {
+class HostileServer : public testing::TestWithParam<HostileAnswer> {
  protected:
-  std::unique_ptr<httplib::Server> ServerOf(const Case& c) const {
+  std::unique_ptr<httplib::Server> ServerOf(const HostileAnswer& c) const {
     if (c.proof == Proof::kNone) return std::make_unique<httplib::Server>();
     return std::make_unique<httplib::SSLServer>([&](SSL_CTX& context) {
       ThrowawayAuthority signer = authority_;
@@ -94,7 +95,7 @@ class HostileServer : public testing::TestWithParam<Case> {
     });
   }
 
-  std::unique_ptr<httplib::Server> Asked(const Case& c) const {
+  std::unique_ptr<httplib::Server> Asked(const HostileAnswer& c) const {
     auto server = ServerOf(c);
     server->Post("/accounts/ServiceLoginAuth", [this, c](const auto&, auto& response) {
       response.headers.emplace("Set-Cookie", "SID=canary-cookie; Path=/; Secure");
@@ -120,7 +121,7 @@ class HostileServer : public testing::TestWithParam<Case> {
 };
 
 TEST_P(HostileServer, GetsNoSecretOfAnother) {
-  const Case& c = GetParam();
+  const HostileAnswer& c = GetParam();
   const ListeningServer asked(Asked(c));
   const DlRun run;
   run.Folder.Put("authority.pem", authority_.Pem());

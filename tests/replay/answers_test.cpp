@@ -7,19 +7,19 @@
 namespace quillbox {
 namespace {
 
-struct Case {
+struct AnswerCase {
   const char* What;
   std::string Request;
   std::string Answer;
 };
 
-void ExpectAnswers(std::span<const Case> cases) {
-  for (const Case& c : cases) EXPECT_EQ(Answer(c.Request), c.Answer) << c.What;
+void ExpectAnswers(std::span<const AnswerCase> cases) {
+  for (const AnswerCase& c : cases) EXPECT_EQ(Answer(c.Request), c.Answer) << c.What;
 }
 
 // Each form of an argument and of a result; what the functions do is their own tests' matter.
 TEST(Answers, Convert) {
-  const std::pair<const char*, const char*> kCases[] = {
+  const std::pair<const char*, const char*> kAnswers[] = {
       {R"j("ToDouble","argument":"(1,234.5)","region":"en-US")j", R"("result":-1234.5)"},
       {R"("ToDouble","argument":"","region":"en-US")", R"("refused":true)"},
       {R"("ToCurrency","argument":"$1.23","region":"en-US")", R"("result":"12300")"},
@@ -41,7 +41,7 @@ TEST(Answers, Convert) {
       {R"("SkinColor","argument":"0,26,53")", R"("result":3480064)"},
       {R"("SkinColor","argument":"")", R"("result":null)"},
   };
-  for (const auto& [request, result] : kCases) {
+  for (const auto& [request, result] : kAnswers) {
     EXPECT_EQ(Answer(R"({"op":"convert","function":)" + std::string(request) + "}"),
               R"({"ok":true,)" + std::string(result) + "}")
         << request;
@@ -49,7 +49,7 @@ TEST(Answers, Convert) {
 }
 
 TEST(Answers, AccountList) {
-  const Case kCases[] = {
+  const AnswerCase kAnswers[] = {
       {"keys are found in any case; passwords come in clear",
        R"({"op":"accountList","settings":{"ADSENSE":{"accounts":"a|||b","Usernames":"x|||y","PASSWORDS":"bdf|||2"}}})",
        R"({"ok":true,"accounts":["a","b"],"usernames":["x","y"],"passwords":["abc","1"]})"},
@@ -57,11 +57,11 @@ TEST(Answers, AccountList) {
        R"({"op":"accountList","settings":{"AdSense":{"Accounts":"a|||b","Usernames":"x","Passwords":"bdf|||\u0000"}}})",
        R"({"ok":true,"accounts":["a","b"],"usernames":["x"],"passwords":[]})"},
   };
-  ExpectAnswers(kCases);
+  ExpectAnswers(kAnswers);
 }
 
 TEST(Answers, Profile) {
-  const Case kCases[] = {
+  const AnswerCase kAnswers[] = {
       {"reads, writes and deletes in their order",
        R"({"op":"profile","text":"; note\r\n[General]\r\nUSE24HOUR=True\r\n","steps":[)"
        R"(["read","general","use24Hour"],["write","General","Load","a b "],["read","General","LOAD"],)"
@@ -71,7 +71,7 @@ TEST(Answers, Profile) {
       {"no steps leave the file as it is", R"({"op":"profile","text":"[x]\nÄ=ö","steps":[]})",
        R"({"ok":true,"results":[],"text":"[x]\nÄ=ö"})"},
   };
-  ExpectAnswers(kCases);
+  ExpectAnswers(kAnswers);
 }
 
 // The parts of an evaluation that the cases don't vary.
@@ -134,7 +134,7 @@ TEST(Answers, StatsText) {
            std::string(account) + R"(","settings":{)" + std::string(settings) + "," +
            std::string(kTwoRecords) + "}}";
   };
-  const Case kCases[] = {
+  const AnswerCase kAnswers[] = {
       {"all accounts",
        request("One", R"("TrayTooltip":{"Values":"ABCDEFG","DisplayAllStats":"True"})"),
        R"({"ok":true,"text":"Date: 1/31/2007\r\nImpressions: 1,500\r\nClicks: 18\r\nCTR: 1.05%\r\n)"
@@ -143,7 +143,7 @@ TEST(Answers, StatsText) {
        request("", R"("TrayTooltip":{"Values":"gB"},"AdSense":{"PrimaryAccount":"One"})"),
        R"({"ok":true,"text":"Impressions: 1,000\r\nDownloaded: 9:01 AM"})"},
   };
-  ExpectAnswers(kCases);
+  ExpectAnswers(kAnswers);
 }
 
 TEST(Answers, AccountMenus) {
@@ -165,7 +165,7 @@ TEST(Answers, Refresh) {
       "&dateRange.dateRangeType=simple&dateRange.simpleDate=thismonth&reportType=property"
       "&groupByPref=date&outputFormat=TSV_EXCEL";
   const std::string outcome = R"({"op":"refreshOutcome","username":"ann","domain":"d.example",)";
-  const Case kCases[] = {
+  const AnswerCase kAnswers[] = {
       {"all reports by page",
        commands +
            R"(,"settings":{"TrayTooltip":{"DataToDownload":"All","ShowDataByPage":"Page"}}})",
@@ -188,11 +188,11 @@ TEST(Answers, Refresh) {
        R"({"ok":true,"evaluate":false,"balloon":"You have entered an incorrect username and/or )"
        R"(password for the \"ann\" AdSense account in the \"AdSense\" tab of the Quillbox Options window."})"},
   };
-  ExpectAnswers(kCases);
+  ExpectAnswers(kAnswers);
 }
 
 TEST(Answers, Tooltip) {
-  const Case kCases[] = {
+  const AnswerCase kAnswers[] = {
       {"rows and size",
        R"({"op":"tooltipLayout","text":"A: b\r\nplain\r\nCC: dd","measure":)"
        R"({"description":100,"value":90.5,"height":195}})",
@@ -208,12 +208,12 @@ TEST(Answers, Tooltip) {
        R"("window":[144,48]})",
        R"({"ok":true,"keep":true})"},
   };
-  ExpectAnswers(kCases);
+  ExpectAnswers(kAnswers);
 }
 
 TEST(Answers, Reports) {
   const std::string data = R"({"op":"reportData","now":"2007-03-01T00:00:00","region":"de-DE",)";
-  const Case kCases[] = {
+  const AnswerCase kAnswers[] = {
       {"the command",
        R"({"op":"reportCommand","title":"Referrals - CTR","range":"All Time",)"
        R"("unit":"Page","username":"a","password":"+","host":"h","folder":"/x y"})",
@@ -229,7 +229,7 @@ TEST(Answers, Reports) {
       {"an unknown title", data + R"("title":"ad performance - CTR","text":"h\nt\na\n"})",
        R"({"ok":false,"error":"unknown report title"})"},
   };
-  ExpectAnswers(kCases);
+  ExpectAnswers(kAnswers);
   const std::string page = Answer(
       R"({"op":"reportPage","title":"CTR","labels":"L","values":"V","channels":"","period":".","comma":","})");
   EXPECT_NE(page.find(R"(graph.labels = \"L\";graph.values = \"V\";graph.periodCharacter)"),
@@ -239,14 +239,14 @@ TEST(Answers, Reports) {
 
 TEST(Answers, VersionCheck) {
   const std::string check = R"({"op":"versionCheck","installed":"1.3.0",)";
-  const Case kCases[] = {
+  const AnswerCase kAnswers[] = {
       {"no file", check + R"("file":null,"asked":"Yes","announced":""})",
        R"({"ok":true,"outcome":"failed"})"},
       {"newer", check + R"("file":"1.3.1\r\n","asked":"No","announced":""})",
        R"({"ok":true,"outcome":"ask","text":"Quillbox v1.3.1 is available!  )"
        R"(Would you like to download the setup now?"})"},
   };
-  ExpectAnswers(kCases);
+  ExpectAnswers(kAnswers);
 }
 
 }  // namespace

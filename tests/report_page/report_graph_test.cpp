@@ -8,14 +8,14 @@
 namespace quillbox {
 namespace {
 
-struct Case {
+struct GraphCase {
   const char *values, *channels;
   const char* shares;  // of the bars from left to right, in thousandths of the highest
   const char* shown;   // at the bars, in the same order
   const char *title = kClicks, *period = ".", *comma = ",";
 };
 
-const Case kCases[] = {
+const GraphCase kGraphs[] = {
     {"500:1,000:250", "", "500,1000,250", "500|1,000|250"},
     {"2.000:1.500", "", "1000,750", "2.000|1.500", kClicks, ",", "."},
     {"2 000:1 500", "", "1000,750", "2 000|1 500", kClicks, ",", " "},
@@ -34,7 +34,7 @@ const Case kCases[] = {
 
 TEST(ReportGraph, ShowsBarsInProportionAndValuesInTheRegionsNotation) {
   ReportBrowser browser(900, 500);
-  for (const Case& row : kCases) {
+  for (const GraphCase& row : kGraphs) {
     SCOPED_TRACE(std::string(row.values) + " as " + row.shown);
     const std::string values = row.values;
     const auto days = static_cast<int>(std::ranges::count(values, ':')) + 1;

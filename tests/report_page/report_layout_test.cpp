@@ -9,8 +9,8 @@ namespace quillbox {
 namespace {
 
 // Days and channels; 1 for a plain report.
-constexpr std::pair<int, int> kCases[] = {{1, 1},    {7, 1}, {31, 1}, {365, 1},
-                                          {7300, 1}, {7, 3}, {31, 8}, {365, 10}};
+constexpr std::pair<int, int> kGraphSizes[] = {{1, 1},    {7, 1}, {31, 1}, {365, 1},
+                                               {7300, 1}, {7, 3}, {31, 8}, {365, 10}};
 
 constexpr std::pair<int, int> kSizes[] = {{640, 380}, {900, 500}, {1600, 900}};
 
@@ -23,7 +23,7 @@ all('label').filter((label) => !all('tip').some((tip) =>
 
 TEST(ReportLayout, NothingOverlapsOrLeavesTheWindow) {
   ReportBrowser browser(640, 380);
-  for (const auto& [days, channels] : kCases) {
+  for (const auto& [days, channels] : kGraphSizes) {
     browser.Show(
         {DayLabels(days), ManyValues(days, channels), channels > 1 ? ManyChannels(channels) : ""},
         kEarnings);

@@ -28,11 +28,11 @@ std::string NamedRange(WantedRange range) {
   return query;
 }
 
-std::string CustomRange(const DayRange& days) {
+std::string CustomRange(const DayRange& range) {
   std::string query;
   Add(query, "dateRange", "CUSTOM");
-  AddDay(query, "startDate", days.First);
-  AddDay(query, "endDate", days.Last);
+  AddDay(query, "startDate", range.First);
+  AddDay(query, "endDate", range.Last);
   return query;
 }
 

@@ -14,8 +14,6 @@
 namespace quillbox {
 namespace {
 
-using Action = std::function<void()>;
-
 constexpr const char* kHostStep = "host";
 
 bool IsStep(const std::string& line) {
@@ -45,7 +43,8 @@ std::vector<ScriptStep> ReadSteps(std::istream& script) {
 }
 
 // The trace tells all times by the clock that the host step sets: it is written from there on.
-void RunStep(SimulatedProgram& program, const ScriptStep& step, const Action& clockIsSet) {
+void RunStep(SimulatedProgram& program, const ScriptStep& step,
+             const std::function<void()>& clockIsSet) {
   const auto act = [&program, &step, clockIsSet] {
     const std::string line = std::to_string(step.Line);
     program.Host.Effects.Add("step", line + " " + step.Do, {{"line", line}, {"do", step.Do}});
@@ -70,7 +69,7 @@ int RunScript(std::istream& script, std::ostream& trace, std::string& error) {
     return kScriptRefused;
   }
   SimulatedProgram program(steps.empty() ? 0 : steps.front().Seed);
-  const Action writeTrace = [&] {
+  const std::function<void()> writeTrace = [&] {
     program.Host.Effects.HandTo(
         [&](const TraceEntry& entry) { WriteTraceEntry(trace, entry, program.Host.Time); });
   };

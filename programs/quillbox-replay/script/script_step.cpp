@@ -14,10 +14,9 @@
 namespace quillbox {
 namespace {
 
-using Action = ScriptAction;
-using Reader = Action (*)(ScriptMembers&);
+using Reader = ScriptAction (*)(ScriptMembers&);
 
-Action ReadHost(ScriptMembers& members) {
+ScriptAction ReadHost(ScriptMembers& members) {
   members.Number("seed", 0);
   const auto time = members.MaybeTime("time");
   const auto region = BuiltInRegion(members.MaybeText("region").value_or("en-US"));
@@ -28,7 +27,7 @@ Action ReadHost(ScriptMembers& members) {
   };
 }
 
-Action ReadSettings(ScriptMembers& members) {
+ScriptAction ReadSettings(ScriptMembers& members) {
   return [settings = members.Settings("values")](SimulatedProgram& program) {
     for (const auto& setting : settings) {
       program.Host.Store.Put(setting.Section, setting.Key, setting.Value);
@@ -36,20 +35,20 @@ Action ReadSettings(ScriptMembers& members) {
   };
 }
 
-Action ReadAccount(ScriptMembers& members) {
+ScriptAction ReadAccount(ScriptMembers& members) {
   return [name = members.Text("name"), username = members.Text("username"),
           password = members.Text("password")](SimulatedProgram& program) {
     program.AddAccount(name, username, password);
   };
 }
 
-Action ReadEnvironment(ScriptMembers& members) {
+ScriptAction ReadEnvironment(ScriptMembers& members) {
   return [name = members.Text("name"), value = members.Text("value")](SimulatedProgram& program) {
     program.Host.Variables.Set(name, value);
   };
 }
 
-Action ReadStore(ScriptMembers& members) {
+ScriptAction ReadStore(ScriptMembers& members) {
   const auto keeps =
       members.OneOf<StoreKeeps>("keeps", {{"all", StoreKeeps::kAll},
                                           {"nothing", StoreKeeps::kNothing},
@@ -57,14 +56,14 @@ Action ReadStore(ScriptMembers& members) {
   return [keeps](SimulatedProgram& program) { program.Host.Store.SetKeeps(keeps); };
 }
 
-Action ReadDisk(ScriptMembers& members) {
+ScriptAction ReadDisk(ScriptMembers& members) {
   const auto state = members.OneOf<DiskState>("state", {{"works", DiskState::kWorks},
                                                         {"full", DiskState::kFull},
                                                         {"readOnly", DiskState::kReadOnly}});
   return [state](SimulatedProgram& program) { program.Host.Files.SetDisk(state); };
 }
 
-Action ReadFile(ScriptMembers& members) {
+ScriptAction ReadFile(ScriptMembers& members) {
   const std::string name = members.Text("name");
   const std::string path = name.starts_with('/') ? name : SimulatedProgram::PathOf(name);
   const auto text = members.MaybeText("text");
@@ -79,19 +78,19 @@ Action ReadFile(ScriptMembers& members) {
   };
 }
 
-Action ReadNetwork(ScriptMembers& members) {
+ScriptAction ReadNetwork(ScriptMembers& members) {
   return [online = members.Flag("online", true)](SimulatedProgram& program) {
     program.Host.Network.SetOnline(online);
   };
 }
 
-Action ReadInstance(ScriptMembers& members) {
+ScriptAction ReadInstance(ScriptMembers& members) {
   return [runs = members.Flag("anotherRuns", true)](SimulatedProgram& program) {
     program.Host.Instance.SetAnotherRuns(runs);
   };
 }
 
-Action ReadAgent(ScriptMembers& members) {
+ScriptAction ReadAgent(ScriptMembers& members) {
   AgentBehaviour agent;
   agent.DataFile = members.MaybeText("dataFile").value_or("");
   agent.Username = members.MaybeText("username").value_or("");
@@ -113,7 +112,7 @@ Action ReadAgent(ScriptMembers& members) {
   };
 }
 
-Action ReadAnswer(ScriptMembers& members) {
+ScriptAction ReadAnswer(ScriptMembers& members) {
   BoxReply reply;
   reply.Part = members.MaybeText("to").value_or("");
   reply.Answer = members.OneOf<BoxAnswer>(
@@ -123,7 +122,7 @@ Action ReadAnswer(ScriptMembers& members) {
 }
 
 // A start while the program runs already only wakes it.
-Action ReadStart(ScriptMembers&) {
+ScriptAction ReadStart(ScriptMembers&) {
   return [](SimulatedProgram& program) {
     if (program.Host.Runs()) {
       program.Host.LaunchAgain();
@@ -133,33 +132,33 @@ Action ReadStart(ScriptMembers&) {
   };
 }
 
-Action ReadRun(ScriptMembers& members) {
+ScriptAction ReadRun(ScriptMembers& members) {
   return [duration = members.Duration("for")](SimulatedProgram& program) {
     program.Host.RunFor(duration);
   };
 }
 
-Action ReadMenu(ScriptMembers& members) {
+ScriptAction ReadMenu(ScriptMembers& members) {
   return [item = members.Text("item")](SimulatedProgram& program) { program.Host.Choose(item); };
 }
 
-Action ReadTray(ScriptMembers& members) {
-  return members.OneOf<Action>(
+ScriptAction ReadTray(ScriptMembers& members) {
+  return members.OneOf<ScriptAction>(
       "it", {{"appears", [](SimulatedProgram& program) { program.Host.TrayAppears(); }},
              {"restarts", [](SimulatedProgram& program) { program.Host.TrayRestarts(); }},
              {"goes", [](SimulatedProgram& program) { program.Host.Tray.SetPresent(false); }},
              {"losesIcon", [](SimulatedProgram& program) { program.Host.Tray.LoseIcon(); }}});
 }
 
-Action ReadKill(ScriptMembers&) {
+ScriptAction ReadKill(ScriptMembers&) {
   return [](SimulatedProgram& program) { program.Host.Kill(); };
 }
 
-Action ReadShow(ScriptMembers& members) {
+ScriptAction ReadShow(ScriptMembers& members) {
   if (members.Text("what") == "form") {
     return [form = ReadForm(members)](SimulatedProgram& program) { ShowForm(program, form); };
   }
-  return members.OneOf<Action>(
+  return members.OneOf<ScriptAction>(
       "what", {{"settings", ShowSettings}, {"files", ShowFiles}, {"menu", ShowMenu}});
 }
 

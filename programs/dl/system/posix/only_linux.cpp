@@ -20,7 +20,7 @@ struct Question {
   nlmsghdr Head;
   inet_diag_req_v2 Body;
 };
-struct Answer {
+struct SocketAnswer {
   nlmsghdr Head;
   inet_diag_msg Body;
   char Further[512];
@@ -48,7 +48,7 @@ Question QuestionAbout(const sockaddr_in& local, const sockaddr_in& remote) {
 std::optional<inet_diag_msg> Ask(const Question& question) {
   const int kernel = ::socket(AF_NETLINK, SOCK_RAW | SOCK_CLOEXEC, NETLINK_SOCK_DIAG);
   if (kernel < 0) return std::nullopt;
-  Answer answer{};
+  SocketAnswer answer{};
   const bool sent = ::send(kernel, &question, sizeof question, 0) == sizeof question;
   const ssize_t got = sent ? ::recv(kernel, &answer, sizeof answer, MSG_DONTWAIT) : -1;
   ::close(kernel);
