@@ -10,7 +10,7 @@
 namespace quillbox {
 namespace {
 
-constexpr wchar_t kClass[] = L"QuillboxTooltipWin";
+constexpr wchar_t kWindowClass[] = L"QuillboxTooltipWin";
 constexpr double kTwipsPerInch = 1440;
 constexpr double kPointsPerInch = 72;
 constexpr int kUsualDpi = 96;
@@ -147,9 +147,9 @@ void WindowsTooltip::Show(const TooltipPicture& picture) {
   windowClass.lpfnWndProc = WindowProcedure;
   windowClass.hInstance = program;
   windowClass.hCursor = ::LoadCursorW(nullptr, IDC_ARROW);
-  windowClass.lpszClassName = kClass;
+  windowClass.lpszClassName = kWindowClass;
   ::RegisterClassW(&windowClass);
-  window_ = ::CreateWindowExW(WS_EX_TOPMOST | WS_EX_TOOLWINDOW | WS_EX_NOACTIVATE, kClass,
+  window_ = ::CreateWindowExW(WS_EX_TOPMOST | WS_EX_TOOLWINDOW | WS_EX_NOACTIVATE, kWindowClass,
                               L"TooltipWin", WS_POPUP, place.x, place.y, size.cx, size.cy,
                               tray_.Window(), nullptr, program, nullptr);
   ::SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));

@@ -12,7 +12,7 @@
 namespace quillbox {
 namespace {
 
-constexpr int kPictureSize = 64;       // at 96 dots per inch
+constexpr int kAboutPicture = 64;      // at 96 dots per inch
 constexpr double kProductSize = 1.35;  // of the ordinary letters
 
 }  // namespace
@@ -31,7 +31,7 @@ AboutDialog::AboutDialog(AboutWin& form) : Dialog("AboutWin", form.Caption), for
   font.lfWeight = FW_BOLD;
   large_.reset(::CreateFontIndirectW(&font));
   ::SendMessageW(Item("Product"), WM_SETFONT, reinterpret_cast<WPARAM>(large_.get()), FALSE);
-  icon_ = OwnIcon(::MulDiv(kPictureSize, static_cast<int>(Dpi()), USER_DEFAULT_SCREEN_DPI));
+  icon_ = OwnIcon(::MulDiv(kAboutPicture, static_cast<int>(Dpi()), USER_DEFAULT_SCREEN_DPI));
   ::SendMessageW(Item("Picture"), STM_SETICON, reinterpret_cast<WPARAM>(icon_.get()), 0);
   ::SendMessageW(Window(), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(Item("OK")), TRUE);
 }

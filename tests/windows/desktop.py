@@ -42,6 +42,32 @@ def start_service():
     return service
 
 
+class Loudspeaker:
+    """A sound server of the test's own, which every program that is started from now on plays on."""
+
+    def __init__(self):
+        folder = SCRATCH / "sound"
+        folder.mkdir()
+        os.environ["PULSE_SERVER"] = f"unix:{folder}/server"
+        self.recorded = folder / "recorded"
+        self.server = subprocess.Popen(
+            ["pulseaudio", "-n", "--daemonize=no", "--use-pid-file=no", "--exit-idle-time=-1", "-L",
+             "module-null-sink sink_name=nothing", "-L",
+             f"module-native-protocol-unix auth-anonymous=1 socket={folder}/server"],
+            stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        assert await_(lambda: "nothing" in run("pactl", "list", "short", "sinks")), "no sound server"
+        self.recorder = subprocess.Popen(
+            ["parec", "--device=nothing.monitor", "--format=s16le", "--channels=1", "--rate=8000", "--latency-msec=20",
+             "--raw", self.recorded], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+
+    def sounded(self):
+        return self.recorded.exists() and any(self.recorded.read_bytes())
+
+    def close(self):
+        self.recorder.kill()
+        self.server.kill()
+
+
 def runs(program="quillbox.exe"):
     """How many there are."""
     return int(run("pgrep", "--count", "--exact", program) or 0)

@@ -15,8 +15,11 @@ ACCOUNTS = ("Garden pages", "garden@example.test", "rosemary", "Recipe pages", "
 def setUpModule():
     desktop.clean()
     unittest.addModuleCleanup(desktop.start_service().kill)
+    Used.loudspeaker = desktop.Loudspeaker()
+    unittest.addModuleCleanup(Used.loudspeaker.close)
     assert Used.desktop.open(), "no desktop"
     unittest.addModuleCleanup(Used.desktop.close)
+    unittest.addModuleCleanup(desktop.run, "pkill", "--signal", "KILL", "--exact", "quillbox.exe")
 
 
 class Used(unittest.TestCase):
@@ -120,6 +123,14 @@ class Icon(Used):
         self.assertTrue(await_(lambda: self.desktop.tell("Accounts") != before), "nothing was refreshed")
         self.await_window(**{"class": "tooltips_class32"})
         picture("balloon")
+        self.end()
+
+    def test_a_download_is_heard(self):
+        self.end()
+        self.assertFalse(self.loudspeaker.sounded())
+        self.desktop.store("Sounds", "Downloaded", "Downloaded.wav")
+        self.begin()
+        self.assertTrue(await_(self.loudspeaker.sounded), "silence")
         self.end()
 
     def test_another_start_wakes_this_one_and_goes(self):
