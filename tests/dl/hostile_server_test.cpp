@@ -13,7 +13,14 @@ using std::chrono::hours;
 
 constexpr const char* kGoodNames = "DNS:localhost,IP:127.0.0.1";
 
-enum class Proof { kOfWish, kOfOtherAuthority, kOfAServer, kByOldProtocol, kNone };
+enum class Proof {
+  kOfWish,
+  kOfOtherAuthority,
+  kUnknownToSystem,
+  kOfAServer,
+  kByOldProtocol,
+  kNone
+};
 
 // The server that is asked, under the name "localhost".
 struct HostileAnswer {
@@ -35,6 +42,8 @@ HostileAnswer Unproved(const char* name, const CertificateWish& wish,
 
 const HostileAnswer kUnproved[] = {
     Unproved("certificate of another authority", {kGoodNames}, Proof::kOfOtherAuthority),
+    Unproved("certificate of an authority that the system doesn't know", {kGoodNames},
+             Proof::kUnknownToSystem),
     Unproved("certificate for another name", {"DNS:elsewhere.test"}),
     Unproved("certificate for no name", {""}),
     Unproved("certificate for every name", {"DNS:*"}),
@@ -126,8 +135,9 @@ TEST_P(HostileServer, GetsNoSecretOfAnother) {
   const DlRun run;
   run.Folder.Put("authority.pem", authority_.Pem());
   const std::string address = "https://" + asked.Host("localhost") + "/report";
-  ChildProcess dl(
-      run.Start({SignedIn(kEmail, kPassword, address), run.Folder.File("authority.pem")}));
+  const bool isNamed = c.proof != Proof::kUnknownToSystem;
+  ChildProcess dl(run.Start(
+      {SignedIn(kEmail, kPassword, address), isNamed ? run.Folder.File("authority.pem") : ""}));
   // A library of Wine's own says a line of its own.
   EXPECT_THAT(dl.ReadAll(),
               testing::AnyOf("", testing::MatchesRegex(InWine() ? "GnuTLS error: [^\n]*\n" : "")));

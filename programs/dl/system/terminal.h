@@ -17,4 +17,9 @@ bool ErrorsAreSeen();
 // or a SIGTERM ends or stops the program meanwhile.
 std::string ReadSecret(const char* question);
 
+inline constexpr std::size_t kLongestLine = 64 << 10;  // of a pipe that never ends, too
+
+// The same of anything but a terminal.
+std::string ReadInputLine();
+
 }  // namespace quillbox

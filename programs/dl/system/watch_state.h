@@ -1,4 +1,5 @@
-// What a watchdog is doing, seen from the run, from its clock and from a signal's handler at once.
+// What a watchdog is doing, seen from the run, from its clock and from a signal's handler at once;
+// and what each system does for it.
 #pragma once
 
 #include <atomic>
@@ -40,5 +41,14 @@ class WatchState {
   std::atomic<State> state_ = State::kOff;
   static_assert(std::atomic<State>::is_always_lock_free, "a signal's handler uses it");
 };
+
+// The process's only one: a handler is told nothing.
+inline WatchState watch;
+
+// Leaves what is to be told, and ends the process. A signal's handler may call it.
+[[noreturn]] void EndOverdue();
+
+// On another thread the process is being ended.
+[[noreturn]] void AwaitEnd();
 
 }  // namespace quillbox

@@ -13,7 +13,6 @@ namespace {
 
 constexpr int kSignals[] = {SIGINT, SIGQUIT, SIGTSTP, SIGTERM, SIGHUP};
 constexpr int kLookEveryMs = 100;
-constexpr std::size_t kLongestLine = 64 << 10;  // of a pipe that never ends, too
 
 // While it lives the terminal doesn't show what is typed, and signals wait: they must not end or
 // stop the program before the terminal is as it was.
@@ -71,15 +70,6 @@ void HearKeys() {
   ::sigprocmask(SIG_UNBLOCK, &keys, nullptr);
 }
 
-std::string ReadLine() {
-  std::string line;
-  for (int c = std::getchar(); c != EOF && c != '\n'; c = std::getchar()) {
-    if (line.size() == kLongestLine) return "";
-    if (c != '\r') line += static_cast<char>(c);
-  }
-  return line;
-}
-
 }  // namespace
 
 bool ErrorsAreSeen() {
@@ -88,12 +78,12 @@ bool ErrorsAreSeen() {
 
 std::string ReadSecret(const char* question) {
   termios usual{};
-  if (::tcgetattr(STDIN_FILENO, &usual) != 0) return ReadLine();
+  if (::tcgetattr(STDIN_FILENO, &usual) != 0) return ReadInputLine();
   HearKeys();
   // A signal takes effect between two prompts; a program that goes on after it asks again.
   for (;;) {
     const UnseenPrompt prompt(usual, question);
-    if (prompt.AwaitLine()) return ReadLine();
+    if (prompt.AwaitLine()) return ReadInputLine();
   }
 }
 

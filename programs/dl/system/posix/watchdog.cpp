@@ -26,8 +26,6 @@ struct LastWords {
 // What must be global: a signal's handler is told nothing. Set once.
 const LastWords* last = nullptr;
 
-WatchState watch;
-
 constexpr int kNoAnswer = static_cast<int>(ResultCode::kNoAnswer);
 
 // From here to the handlers: nothing but what a handler may call.
@@ -46,7 +44,9 @@ bool WriteCode() {
   ::_exit(WriteCode() ? EXIT_SUCCESS : EXIT_FAILURE);
 }
 
-[[noreturn]] void End() {
+}  // namespace
+
+[[noreturn]] void EndOverdue() {
   if (!last->Log.empty()) LeaveCode();
   // Who can't be told has the exit status.
   [[maybe_unused]] const ssize_t told =
@@ -54,13 +54,15 @@ bool WriteCode() {
   ::_exit(kNoAnswer);
 }
 
+namespace {
+
 void OnCrash(int) {
   LeaveCode();
 }
 
 // It may run on a thread of a library's.
 void OnTimeUp(int) {
-  if (watch.TimeIsUp()) End();
+  if (watch.TimeIsUp()) EndOverdue();
 }
 
 void Handle(int signal, void (*handler)(int), int flags) {
@@ -85,12 +87,11 @@ void Start(std::chrono::milliseconds limit) {
   ::setitimer(ITIMER_REAL, &timer, nullptr);
 }
 
-// On another thread the process is being ended.
+}  // namespace
+
 [[noreturn]] void AwaitEnd() {
   for (;;) ::pause();
 }
-
-}  // namespace
 
 void WatchFetch(const std::string& dataPath, const std::string& logPath,
                 std::chrono::milliseconds limit) {
@@ -106,18 +107,6 @@ void WatchCommand(const std::string& words, int output, std::chrono::millisecond
   static const LastWords kLast{.Words = words + "\n", .Output = output};
   last = &kLast;
   Start(limit);
-}
-
-void EndWatch() {
-  if (watch.Stop()) AwaitEnd();
-}
-
-Unwatched::Unwatched() {
-  if (watch.Hold()) AwaitEnd();
-}
-
-Unwatched::~Unwatched() {
-  if (watch.Release()) End();
 }
 
 }  // namespace quillbox

@@ -11,8 +11,6 @@
 namespace quillbox {
 namespace {
 
-constexpr std::size_t kLongestLine = 64 << 10;  // of a pipe that never ends, too
-
 HANDLE Input() {
   return GetStdHandle(STD_INPUT_HANDLE);
 }
@@ -23,15 +21,6 @@ DWORD usualMode = 0;
 BOOL WINAPI OnKey(DWORD) {
   SetConsoleMode(Input(), usualMode);
   return FALSE;  // and the program ends, as ever
-}
-
-std::string ReadLine() {
-  std::string line;
-  for (int c = std::getchar(); c != EOF && c != '\n'; c = std::getchar()) {
-    if (line.size() == kLongestLine) return "";
-    if (c != '\r') line += static_cast<char>(c);
-  }
-  return line;
 }
 
 std::string ReadConsoleLine() {
@@ -52,7 +41,7 @@ bool ErrorsAreSeen() {
 }
 
 std::string ReadSecret(const char* question) {
-  if (GetConsoleMode(Input(), &usualMode) == 0) return ReadLine();
+  if (GetConsoleMode(Input(), &usualMode) == 0) return ReadInputLine();
   SetConsoleCtrlHandler(&OnKey, TRUE);
   SetConsoleMode(Input(), usualMode & ~static_cast<DWORD>(ENABLE_ECHO_INPUT));
   std::fputs(question, stderr);

@@ -24,7 +24,6 @@ struct LastWords {
 
 // What must be global: the handlers of a crash are told nothing. Set once.
 const LastWords* last = nullptr;
-WatchState watch;
 
 constexpr int kNoAnswer = static_cast<int>(ResultCode::kNoAnswer);
 
@@ -54,13 +53,17 @@ bool WriteCode() {
   Leave(WriteCode() ? EXIT_SUCCESS : EXIT_FAILURE);
 }
 
-[[noreturn]] void End() {
+}  // namespace
+
+[[noreturn]] void EndOverdue() {
   if (!last->Log.empty()) LeaveCode();
   // Who can't be told has the exit status.
   [[maybe_unused]] const int told =
       _write(last->Output, last->Words.data(), static_cast<unsigned>(last->Words.size()));
   Leave(kNoAnswer);
 }
+
+namespace {
 
 LONG WINAPI OnCrash(EXCEPTION_POINTERS*) {
   LeaveCode();
@@ -72,7 +75,7 @@ void OnAbort(int) {
 
 DWORD WINAPI RunClock(void* milliseconds) {
   Sleep(static_cast<DWORD>(reinterpret_cast<std::uintptr_t>(milliseconds)));
-  if (watch.TimeIsUp()) End();
+  if (watch.TimeIsUp()) EndOverdue();
   return 0;
 }
 
@@ -85,12 +88,11 @@ void Start(std::chrono::milliseconds limit) {
   if (clock != nullptr) CloseHandle(clock);
 }
 
-// On another thread the process is being ended.
+}  // namespace
+
 [[noreturn]] void AwaitEnd() {
   for (;;) Sleep(INFINITE);
 }
-
-}  // namespace
 
 void WatchFetch(const std::string& dataPath, const std::string& logPath,
                 std::chrono::milliseconds limit) {
@@ -106,18 +108,6 @@ void WatchCommand(const std::string& words, int output, std::chrono::millisecond
   static const LastWords kLast{.Words = words + "\n", .Output = output};
   last = &kLast;
   Start(limit);
-}
-
-void EndWatch() {
-  if (watch.Stop()) AwaitEnd();
-}
-
-Unwatched::Unwatched() {
-  if (watch.Hold()) AwaitEnd();
-}
-
-Unwatched::~Unwatched() {
-  if (watch.Release()) End();
 }
 
 }  // namespace quillbox
