@@ -47,7 +47,8 @@ int DecimalsOf(const QLocale& locale, const QString& symbol) {
 
 void FillCurrency(const QLocale& locale, RegionalSettings& region) {
   const std::string code = TextOr(locale.currencySymbol(QLocale::CurrencyIsoCode), "");
-  const std::string own = TextOr(locale.currencySymbol(), code);
+  const QString symbolOfPlace = locale.currencySymbol();  // Qt 6.8 has none for francs
+  const std::string own = symbolOfPlace.isEmpty() ? code : TextOr(symbolOfPlace, code);
   if (!own.empty()) region.CurrencySymbol = own;
   const QString symbol(QChar(0xE000));  // stands in no format of any locale
   region.CurrencyDecimals = DecimalsOf(locale, symbol);

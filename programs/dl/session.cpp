@@ -7,6 +7,7 @@
 #include "body_collector.h"
 #include "request/web_address.h"
 #include "system/server_trust.h"
+#include "system/sockets.h"
 #include "unpack/unpacker.h"
 
 namespace quillbox {
@@ -23,6 +24,8 @@ struct Exchange {
   BodyCollector Collector;
   std::optional<Unpacker> Unpacking = {};  // once the body begins
   bool ServerRefused = false;              // its certificate wasn't trusted
+  int Socket = -1;                         // the last one that libcurl has opened
+  bool Reached = false;                    // it was connected
 
   bool Take(std::string_view piece) {
     if (!Unpacking) Unpacking.emplace(Zlib, CodingOfBody(Curl, Handle));
@@ -75,8 +78,16 @@ int CheckServer(void* data, char*, char*, int, int) {
   return exchange.ServerRefused ? CURL_PREREQFUNC_ABORT : CURL_PREREQFUNC_OK;
 }
 
-int Watch(void* exchange, curl_off_t, curl_off_t received, curl_off_t, curl_off_t sent) {
-  return ExchangeOf(exchange).Collector.StandsStill(received + sent) ? 1 : 0;
+int NoteSocket(void* exchange, curl_socket_t socket, curlsocktype) {
+  ExchangeOf(exchange).Socket = static_cast<int>(socket);
+  return CURL_SOCKOPT_OK;
+}
+
+// libcurl 8 tells of a connection only once its security stands too, so the socket is asked.
+int Watch(void* data, curl_off_t, curl_off_t received, curl_off_t, curl_off_t sent) {
+  Exchange& exchange = ExchangeOf(data);
+  exchange.Reached = exchange.Reached || (exchange.Socket >= 0 && IsConnected(exchange.Socket));
+  return exchange.Collector.StandsStill(received + sent) ? 1 : 0;
 }
 
 }  // namespace
@@ -194,6 +205,8 @@ Answer Session::Perform() {
   Set(CURLOPT_XFERINFOFUNCTION, &Watch);
   Set(CURLOPT_XFERINFODATA, static_cast<void*>(&exchange));
   Set(CURLOPT_NOPROGRESS, 0L);
+  Set(CURLOPT_SOCKOPTFUNCTION, &NoteSocket);
+  Set(CURLOPT_SOCKOPTDATA, static_cast<void*>(&exchange));
   if (ChecksServersItself()) {
     Set(CURLOPT_PREREQFUNCTION, &CheckServer);
     Set(CURLOPT_PREREQDATA, static_cast<void*>(&exchange));
@@ -201,7 +214,8 @@ Answer Session::Perform() {
   Answer answer;
   answer.Outcome = Transfer::kNotSecure;
   if (!usable_) return answer;
-  answer = Outcome(curl_.easy_perform(handle_));
+  const CURLcode result = curl_.easy_perform(handle_);
+  answer = Outcome(result, exchange.Reached);
   if (answer.Outcome == Transfer::kComplete && !exchange.Whole()) {
     answer.Outcome = Transfer::kNoAnswer;
   }
@@ -210,12 +224,9 @@ Answer Session::Perform() {
   return answer;
 }
 
-Answer Session::Outcome(CURLcode result) const {
-  const Connection connection{
-      // The time is told only once the security stands too, the port as soon as a server answers.
-      .Reached =
-          Figure<long>(CURLINFO_LOCAL_PORT) > 0 || Figure<curl_off_t>(CURLINFO_CONNECT_TIME_T) > 0,
-      .ProxyAnswer = Figure<long>(CURLINFO_HTTP_CONNECTCODE)};
+Answer Session::Outcome(CURLcode result, bool reached) const {
+  const Connection connection{.Reached = reached || Figure<long>(CURLINFO_LOCAL_PORT) > 0,
+                              .ProxyAnswer = Figure<long>(CURLINFO_HTTP_CONNECTCODE)};
   return {.Outcome = TransferOutcome(result, connection),
           .Status = Figure<long>(CURLINFO_RESPONSE_CODE),
           .ContentType = Text(CURLINFO_CONTENT_TYPE),

@@ -48,7 +48,7 @@ class Session {
   void SetSecurity();
   void SetTimes();
   Answer Perform();
-  Answer Outcome(CURLcode result) const;
+  Answer Outcome(CURLcode result, bool reached) const;
   std::string Text(CURLINFO what) const;
   template <typename Number>
   Number Figure(CURLINFO what) const;

@@ -87,7 +87,11 @@ void PrintTo(const HostileAnswer& c, std::ostream* out) {
 class HostileServer : public testing::TestWithParam<HostileAnswer> {
  protected:
   std::unique_ptr<httplib::Server> ServerOf(const HostileAnswer& c) const {
-    if (c.proof == Proof::kNone) return std::make_unique<httplib::Server>();
+    if (c.proof == Proof::kNone) {
+      auto plain = std::make_unique<httplib::Server>();
+      plain->set_read_timeout(std::chrono::milliseconds(200));  // for a greeting that it can't read
+      return plain;
+    }
     return std::make_unique<httplib::SSLServer>([&](SSL_CTX& context) {
       ThrowawayAuthority signer = authority_;
       if (c.proof == Proof::kOfOtherAuthority) signer = ThrowawayAuthority("test");

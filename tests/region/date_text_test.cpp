@@ -73,7 +73,7 @@ TEST(ToDate, NeedsNothingBetweenAMonthsNameAndANumber) {
     return text;
   };
   for (const char* name : {"en-US", "en-GB", "de-DE", "fr-FR", "de-CH", "sv-SE", "pt-BR"}) {
-    const RegionalSettings& region = Region(name);
+    const RegionalSettings region = Region(name);
     for (std::size_t i = 0; i < 12; ++i) {
       const auto date = std::chrono::year_month_day(
           2007y, std::chrono::month(static_cast<unsigned>(i + 1)), std::chrono::day(2));

@@ -33,6 +33,9 @@ void CloseSocket(int socket);
 // With a reset, so that nothing of it stays, and no number of these takes away all the ports.
 void ResetSocket(int socket);
 
+// Whether the other end has taken the connection, and it stands still.
+bool IsConnected(int socket);
+
 // Whether the other end of a connection over IPv4 belongs to the user as whom this process acts,
 // and is open still. False when that can't be found out.
 bool IsPeerOwn(int socket);

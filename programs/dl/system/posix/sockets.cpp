@@ -12,6 +12,12 @@
 
 namespace quillbox {
 
+bool IsConnected(int socket) {
+  sockaddr_storage address{};
+  socklen_t size = sizeof address;
+  return ::getpeername(socket, reinterpret_cast<sockaddr*>(&address), &size) == 0;
+}
+
 int ListenOnLoopback(int& port) {
   const int listener = ::socket(AF_INET, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0);
   sockaddr_in address{};

@@ -74,6 +74,12 @@ bool IsOwn(const sockaddr_in& local, const sockaddr_in& remote, DWORD state) {
 
 }  // namespace
 
+bool IsConnected(int socket) {
+  sockaddr_storage address{};
+  int size = sizeof address;
+  return ::getpeername(SocketOf(socket), reinterpret_cast<sockaddr*>(&address), &size) == 0;
+}
+
 int ListenOnLoopback(int& port) {
   const SOCKET listener = WSASocketW(AF_INET, SOCK_STREAM, 0, nullptr, 0, WSA_FLAG_OVERLAPPED);
   if (listener == INVALID_SOCKET) return -1;
