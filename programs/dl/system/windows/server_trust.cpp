@@ -132,7 +132,8 @@ bool NamesAddress(PCCERT_CONTEXT certificate, const std::string& address) {
   return named;
 }
 
-// `name`: empty for an address, which is looked at apart.
+// `name`: empty for an address, which is looked at apart. Not every system's policy minds a chain
+// that leads to no authority, so the chain itself has to be without a fault.
 bool HoldsFor(PCCERT_CHAIN_CONTEXT chain, std::wstring name) {
   HTTPSPolicyCallbackData server{};
   server.cbStruct = sizeof server;
@@ -141,7 +142,7 @@ bool HoldsFor(PCCERT_CHAIN_CONTEXT chain, std::wstring name) {
   CERT_CHAIN_POLICY_PARA policy{sizeof policy, 0, &server};
   CERT_CHAIN_POLICY_STATUS status{};
   status.cbSize = sizeof status;
-  return (chain->TrustStatus.dwErrorStatus & CERT_TRUST_IS_NOT_VALID_FOR_USAGE) == 0 &&
+  return chain->TrustStatus.dwErrorStatus == CERT_TRUST_NO_ERROR &&
          CertVerifyCertificateChainPolicy(CERT_CHAIN_POLICY_SSL, chain, &policy, &status) != 0 &&
          status.dwError == 0;
 }
