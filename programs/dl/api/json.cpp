@@ -2,7 +2,9 @@
 
 #include <array>
 #include <charconv>
+#include <optional>
 #include <set>
+#include <utility>
 
 namespace quillbox {
 namespace {
@@ -67,7 +69,7 @@ std::optional<Json> ParseObject(std::string_view text, const JsonBounds& bounds)
   if (!Json::sax_parse(text.begin(), text.end(), &checker)) return std::nullopt;
   Json value = Json::parse(text.begin(), text.end(), nullptr, false);
   if (!value.is_object()) return std::nullopt;
-  return value;
+  return std::optional<Json>(std::in_place, std::move(value));
 }
 
 std::optional<double> ParseNumber(std::string_view text) {
