@@ -65,7 +65,7 @@ double Loudness(const std::vector<std::int16_t>& samples, int rate, int hertz) {
   if (samples.empty()) return 0;
   std::complex<double> sum;
   for (std::size_t i = 0; i < samples.size(); ++i) {
-    sum += std::polar(static_cast<double>(samples[i]), Turn(hertz, i, rate));
+    sum += static_cast<double>(samples[i]) * std::polar(1.0, Turn(hertz, i, rate));
   }
   return 2 * std::abs(sum) / static_cast<double>(samples.size());
 }
