@@ -87,9 +87,6 @@ class Desktop:
         words = ["wine", "explorer", f"/desktop={self.name},{SIZE[0]}x{SIZE[1]}", path, *arguments]
         return subprocess.Popen(words, cwd=SCRATCH, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
 
-    def tell(self, word):
-        return run(*self._seen(word))
-
     def open(self):
         """Whether there is one. It stays until close."""
         self.folder.mkdir(parents=True)
