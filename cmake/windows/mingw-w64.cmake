@@ -12,8 +12,9 @@ set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
 
-# One file a program: no library beside it but the system's own.
-set(CMAKE_EXE_LINKER_FLAGS_INIT "-static")
+# One file a program: no library beside it but the system's own. Sections lie in the file as they lie
+# in memory, so that every loader can map them: Wine's copies them otherwise.
+set(CMAKE_EXE_LINKER_FLAGS_INIT "-static -Wl,--file-alignment,4096")
 set(CMAKE_EXE_LINKER_FLAGS_MINSIZEREL_INIT "-s")
 
 # Libraries that are headers alone, each by a link of its own.
