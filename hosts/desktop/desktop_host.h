@@ -1,4 +1,5 @@
-// The desktop on which a person works: every port of the program on Qt and the system.
+// The desktop on which a person works: every port of the program on Qt and the system, and where a
+// run keeps its files.
 #pragma once
 
 #include "config/application_folder.h"
@@ -19,6 +20,11 @@
 #include "system/system_surroundings.h"
 
 namespace quillbox {
+
+// The executable's folder for everything when this user can write there; else what the program
+// writes goes to the user's data folder, XDG_DATA_HOME/Quillbox, which is made for the user alone.
+// Where skin, sounds and manual aren't beside an installed program, they are in share/quillbox.
+ApplicationFolder FindApplicationFolder();
 
 // Needs a QApplication that outlives it.
 class DesktopHost {

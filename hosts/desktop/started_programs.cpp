@@ -8,8 +8,8 @@
 #include <QProcessEnvironment>
 #include <string_view>
 
-#include "qt_base/own_process.h"
 #include "qt_base/unicode_text.h"
+#include "qt_base/window_system.h"
 #include "text/grant_name.h"
 
 namespace quillbox {

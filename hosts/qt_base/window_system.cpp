@@ -1,11 +1,21 @@
 #include "qt_base/window_system.h"
 
 #include <QGuiApplication>
+#include <QPixmapCache>
 #include <QString>
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <utility>
 #include <vector>
+
+#ifdef __linux__
+#include <sys/prctl.h>
+#endif
+
+#ifdef __GLIBC__
+#include <malloc.h>
+#endif
 
 namespace quillbox {
 namespace {
@@ -58,6 +68,21 @@ DisplayNeeded::~DisplayNeeded() {
   for (const auto& [type, text] : std::exchange(heldBack, {})) {
     handlerBefore(type, QMessageLogContext(), text);
   }
+}
+
+void EndWithParent() {
+#ifdef __linux__
+  ::prctl(PR_SET_PDEATHSIG, SIGKILL);
+#endif
+}
+
+// Qt keeps up to 10 MB of pictures in case that they are shown again. Other C libraries than this
+// one give their heap back by themselves.
+void GiveBackSpareMemory() {
+  QPixmapCache::clear();
+#ifdef __GLIBC__
+  ::malloc_trim(0);
+#endif
 }
 
 }  // namespace quillbox

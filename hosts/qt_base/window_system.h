@@ -1,4 +1,4 @@
-// What the window system lets a program do.
+// What the window system lets a program do, and what the system does for this process.
 #pragma once
 
 namespace quillbox {
@@ -36,5 +36,13 @@ class DisplayNeeded {
   DisplayNeeded(const DisplayNeeded&) = delete;
   DisplayNeeded& operator=(const DisplayNeeded&) = delete;
 };
+
+// For the child between its making and its program: the system kills it when the thread that
+// started it ends. Does nothing on systems that know no such thing.
+void EndWithParent();
+
+// Gives back to the system what the program no longer needs but still holds. After a window has
+// been closed: its picture may have been many times as large as all that the program needs at rest.
+void GiveBackSpareMemory();
 
 }  // namespace quillbox

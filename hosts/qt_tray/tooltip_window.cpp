@@ -6,8 +6,8 @@
 #include <algorithm>
 #include <cmath>
 
-#include "qt_base/own_process.h"
 #include "qt_base/unicode_text.h"
+#include "qt_base/window_system.h"
 #include "qt_tray/icon_surroundings.h"
 
 namespace quillbox {

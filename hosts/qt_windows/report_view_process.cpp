@@ -4,8 +4,8 @@
 #include <chrono>
 #include <utility>
 
-#include "qt_base/own_process.h"
 #include "qt_base/unicode_text.h"
+#include "qt_base/window_system.h"
 #include "reports/reports_win.h"
 
 namespace quillbox {

@@ -19,11 +19,21 @@ namespace quillbox {
 
 class WindowsHost {
  public:
-  explicit WindowsHost(const ApplicationFolder& folder);
+  explicit WindowsHost(const ApplicationFolder& folder)
+      : folder_(folder),
+        agents_(folder.ProgramFile("dl.exe")),
+        grants_(folder.ProgramFile("dl.exe"), timers_),
+        speaker_(folder, disk_),
+        opener_(folder),
+        exit_([this] { agents_.EndAll(); }) {}
   WindowsHost(const WindowsHost&) = delete;
   WindowsHost& operator=(const WindowsHost&) = delete;
 
-  Host Ports();
+  Host Ports() {
+    return {store_,   variables_, disk_,    time_,   timers_,  events_,  agents_,  grants_,
+            tray_,    tray_,      tooltip_, mouse_,  boxes_,   windows_, chooser_, windows_,
+            speaker_, instance_,  network_, opener_, startUp_, exit_};
+  }
 
   // Where events are reported from now on.
   void Connect(HostEvents& events) { tray_.Connect(events); }

@@ -61,7 +61,7 @@ Service::Service(const ServiceOptions& options)
       consent_(options.Api, EmailsOf(options), grants_),
       tokens_(options.Api, grants_),
       api_(options, EmailsOf(options), clock_),
-      server_([this](SSL_CTX& context) {
+      server_(NewSecureServer([this](SSL_CTX& context) {
         SSL_CTX_set_cert_cb(
             &context,
             [](SSL* connection, void* service) {
@@ -69,11 +69,11 @@ Service::Service(const ServiceOptions& options)
             },
             this);
         return true;
-      }) {
+      })) {
   for (const FaultRule& rule : options.Faults) faults_.Set(rule);
-  server_.set_socket_options(ReuseAddressAlone);
-  server_.new_task_queue = [] { return new httplib::ThreadPool(kWorkers); };
-  server_.set_keep_alive_timeout(1);
+  server_->set_socket_options(ReuseAddressAlone);
+  server_->new_task_queue = [] { return new httplib::ThreadPool(kWorkers); };
+  server_->set_keep_alive_timeout(1);
   AddLegacyRoutes();
   AddApiRoutes();
   AddFaultRoute();
@@ -123,15 +123,15 @@ void Service::AddFaultRoute() {
   const auto switchFault = [this](const httplib::Request& request, httplib::Response& response) {
     SwitchFault(request, response);
   };
-  server_.Get("/demo/fail", switchFault);
-  server_.Post("/demo/fail", switchFault);
+  server_->Get("/demo/fail", switchFault);
+  server_->Post("/demo/fail", switchFault);
 }
 
 void Service::AddRoute(const char* method, const char* path, const Maker& make) {
   const auto handler = [this, make](const httplib::Request& request, httplib::Response& response) {
     AnswerRequest(make, request, response);
   };
-  std::string_view(method) == "POST" ? server_.Post(path, handler) : server_.Get(path, handler);
+  std::string_view(method) == "POST" ? server_->Post(path, handler) : server_->Get(path, handler);
 }
 
 int Service::ChooseCertificate(SSL* connection) const {
@@ -147,20 +147,20 @@ int Service::ChooseCertificate(SSL* connection) const {
 
 int Service::Bind() {
   const char* const host = options_.Listen.c_str();
-  const int port = options_.Port == 0                          ? server_.bind_to_any_port(host)
-                   : server_.bind_to_port(host, options_.Port) ? options_.Port
-                                                               : -1;
+  const int port = options_.Port == 0                           ? server_->bind_to_any_port(host)
+                   : server_->bind_to_port(host, options_.Port) ? options_.Port
+                                                                : -1;
   if (port < 0) throw std::runtime_error("the port is not free");
   return port;
 }
 
 void Service::Run() {
-  server_.listen_after_bind();
+  server_->listen_after_bind();
 }
 
 void Service::Stop() {
   faults_.Stop();
-  server_.stop();
+  server_->stop();
 }
 
 void Service::AnswerRequest(const Maker& make, const httplib::Request& request,

@@ -4,6 +4,7 @@
 #include <httplib.h>
 
 #include <functional>
+#include <memory>
 #include <string>
 
 #include "answers.h"
@@ -63,7 +64,7 @@ class Service {
   ConsentPage consent_;
   TokenPages tokens_;
   ApiPages api_;
-  httplib::SSLServer server_;
+  const std::unique_ptr<httplib::SSLServer> server_;
 };
 
 }  // namespace quillbox

@@ -2,10 +2,13 @@
 // ever leaves the memory.
 #pragma once
 
+#include <httplib.h>
 #include <openssl/evp.h>
+#include <openssl/ssl.h>
 #include <openssl/x509.h>
 
 #include <chrono>
+#include <functional>
 #include <memory>
 #include <string>
 #include <utility>
@@ -42,5 +45,15 @@ class ThrowawayAuthority {
  private:
   Certificate own_;
 };
+
+// A server for whose connections `setUp` makes the context; it says whether that could be done.
+inline std::unique_ptr<httplib::SSLServer> NewSecureServer(std::function<bool(SSL_CTX&)> setUp) {
+#ifdef QUILLBOX_HTTPLIB_HAS_TLS
+  return std::make_unique<httplib::SSLServer>(
+      [setUp](httplib::tls::ctx_t context) { return setUp(*static_cast<SSL_CTX*>(context)); });
+#else
+  return std::make_unique<httplib::SSLServer>(setUp);
+#endif
+}
 
 }  // namespace quillbox

@@ -7,12 +7,10 @@
 #include <utility>
 #include <vector>
 
-#include "browser/browser.h"
+#include "browser/loopback_server.h"
 #include "consent_exchange.h"
-#include "consent_secrets.h"
 #include "environment.h"
 #include "grant_files.h"
-#include "oauth/browser_pages.h"
 #include "oauth/consent.h"
 #include "service_questions.h"
 #include "system/file_locks.h"

@@ -1,12 +1,15 @@
 #include "consent_exchange.h"
 
 #include <algorithm>
+#include <array>
 #include <iterator>
+#include <span>
 #include <utility>
 
 #include "api/tokens.h"
 #include "environment.h"
 #include "service_questions.h"
+#include "text/grant_name.h"
 
 namespace quillbox {
 namespace {
@@ -47,6 +50,14 @@ std::vector<PublisherAccount> FetchAccounts(Session& session, const std::string&
   return accounts;
 }
 
+// Without padding, with "-" and "_": RFC 4648, 5.
+std::string Base64Url(const Crypto& crypto, std::span<const unsigned char> bytes) {
+  std::string encoded = crypto.Base64(bytes);
+  std::erase(encoded, '=');
+  for (char& c : encoded) c = c == '+' ? '-' : c == '/' ? '_' : c;
+  return encoded;
+}
+
 }  // namespace
 
 ExchangedCode ExchangeCode(const CurlLibrary& curl, const ClientIdentity& client,
@@ -59,6 +70,33 @@ ExchangedCode ExchangeCode(const CurlLibrary& curl, const ClientIdentity& client
     throw Outcome{ResultCode::kRefused, "This sign-in has no publisher account that is open."};
   }
   return {tokens.RefreshToken, std::move(accounts)};
+}
+
+std::optional<std::string> RandomText(const Crypto& crypto) {
+  std::array<unsigned char, 32> bytes{};
+  if (!crypto.FillRandomly(bytes)) return std::nullopt;
+  return Base64Url(crypto, bytes);
+}
+
+std::optional<std::string> ChallengeOf(const Crypto& crypto, const std::string& verifier) {
+  const auto digest = crypto.Sha256(verifier);
+  return digest ? std::optional(Base64Url(crypto, *digest)) : std::nullopt;
+}
+
+std::optional<ConsentSecrets> MakeConsentSecrets(const Crypto& crypto) {
+  const auto verifier = RandomText(crypto);
+  const auto state = RandomText(crypto);
+  const auto page = RandomText(crypto);
+  if (!verifier || !state || !page) return std::nullopt;
+  const auto challenge = ChallengeOf(crypto, *verifier);
+  if (!challenge) return std::nullopt;
+  return ConsentSecrets{*verifier, *challenge, *state, *page};
+}
+
+std::optional<std::string> MakeGrantName(const Crypto& crypto) {
+  std::array<unsigned char, kGrantNameLetters> bytes{};
+  if (!crypto.FillRandomly(bytes)) return std::nullopt;
+  return GrantName(bytes);
 }
 
 }  // namespace quillbox

@@ -4,7 +4,7 @@
 #include <curl/curl.h>
 
 #include "request/answer.h"
-#include "unpack/content_coding.h"
+#include "unpack/unpacker.h"
 
 namespace quillbox {
 

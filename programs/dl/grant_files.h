@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "api/grant.h"
+#include "api/tokens.h"
 #include "system/own_files.h"
 
 namespace quillbox {

@@ -4,9 +4,8 @@
 #include <cstdio>
 #include <string>
 
-#include "browser/browser.h"
 #include "browser/loopback_server.h"
-#include "consent_secrets.h"
+#include "consent_exchange.h"
 #include "environment.h"
 #include "request/answer.h"
 #include "system/terminal.h"

@@ -21,11 +21,10 @@ struct Exchange {
   CURL* Handle;
   const ZlibLibrary& Zlib;
   const std::string& AuthorityFile;
+  LastConnection& Last;
   BodyCollector Collector;
   std::optional<Unpacker> Unpacking = {};  // once the body begins
   bool ServerRefused = false;              // its certificate wasn't trusted
-  int Socket = -1;                         // the last one that libcurl has opened
-  bool Reached = false;                    // it was connected
 
   bool Take(std::string_view piece) {
     if (!Unpacking) Unpacking.emplace(Zlib, CodingOfBody(Curl, Handle));
@@ -78,19 +77,32 @@ int CheckServer(void* data, char*, char*, int, int) {
   return exchange.ServerRefused ? CURL_PREREQFUNC_ABORT : CURL_PREREQFUNC_OK;
 }
 
-int NoteSocket(void* exchange, curl_socket_t socket, curlsocktype) {
-  ExchangeOf(exchange).Socket = static_cast<int>(socket);
+int SocketOpened(void* last, curl_socket_t socket, curlsocktype) {
+  static_cast<LastConnection*>(last)->Socket = static_cast<int>(socket);
   return CURL_SOCKOPT_OK;
 }
 
-// libcurl 8 tells of a connection only once its security stands too, so the socket is asked.
+int SocketEnds(void* data, curl_socket_t socket) {
+  LastConnection& last = *static_cast<LastConnection*>(data);
+  if (last.Socket == static_cast<int>(socket)) {
+    last.Ask();
+    last.Socket = -1;
+  }
+  CloseSocket(static_cast<int>(socket));
+  return 0;
+}
+
 int Watch(void* data, curl_off_t, curl_off_t received, curl_off_t, curl_off_t sent) {
   Exchange& exchange = ExchangeOf(data);
-  exchange.Reached = exchange.Reached || (exchange.Socket >= 0 && IsConnected(exchange.Socket));
+  exchange.Last.Ask();
   return exchange.Collector.StandsStill(received + sent) ? 1 : 0;
 }
 
 }  // namespace
+
+void LastConnection::Ask() {
+  Reached = Reached || (Socket >= 0 && IsConnected(Socket));
+}
 
 Session::Session(const CurlLibrary& curl, const Limits& limits, std::string authorityFile)
     : curl_(curl),
@@ -197,7 +209,8 @@ Answer Session::GetWithToken(const std::string& address, const std::string& toke
 }
 
 Answer Session::Perform() {
-  Exchange exchange{curl_, handle_, zlib_, authorityFile_, BodyCollector(limits_)};
+  last_.Reached = false;
+  Exchange exchange{curl_, handle_, zlib_, authorityFile_, last_, BodyCollector(limits_)};
   Set(CURLOPT_WRITEFUNCTION, &TakeBody);
   Set(CURLOPT_WRITEDATA, static_cast<void*>(&exchange));
   Set(CURLOPT_HEADERFUNCTION, &TakeHeader);
@@ -205,8 +218,10 @@ Answer Session::Perform() {
   Set(CURLOPT_XFERINFOFUNCTION, &Watch);
   Set(CURLOPT_XFERINFODATA, static_cast<void*>(&exchange));
   Set(CURLOPT_NOPROGRESS, 0L);
-  Set(CURLOPT_SOCKOPTFUNCTION, &NoteSocket);
-  Set(CURLOPT_SOCKOPTDATA, static_cast<void*>(&exchange));
+  Set(CURLOPT_SOCKOPTFUNCTION, &SocketOpened);
+  Set(CURLOPT_SOCKOPTDATA, static_cast<void*>(&last_));
+  Set(CURLOPT_CLOSESOCKETFUNCTION, &SocketEnds);
+  Set(CURLOPT_CLOSESOCKETDATA, static_cast<void*>(&last_));
   if (ChecksServersItself()) {
     Set(CURLOPT_PREREQFUNCTION, &CheckServer);
     Set(CURLOPT_PREREQDATA, static_cast<void*>(&exchange));
@@ -215,7 +230,7 @@ Answer Session::Perform() {
   answer.Outcome = Transfer::kNotSecure;
   if (!usable_) return answer;
   const CURLcode result = curl_.easy_perform(handle_);
-  answer = Outcome(result, exchange.Reached);
+  answer = Outcome(result);
   if (answer.Outcome == Transfer::kComplete && !exchange.Whole()) {
     answer.Outcome = Transfer::kNoAnswer;
   }
@@ -224,8 +239,8 @@ Answer Session::Perform() {
   return answer;
 }
 
-Answer Session::Outcome(CURLcode result, bool reached) const {
-  const Connection connection{.Reached = reached || Figure<long>(CURLINFO_LOCAL_PORT) > 0,
+Answer Session::Outcome(CURLcode result) const {
+  const Connection connection{.Reached = last_.Reached || Figure<long>(CURLINFO_LOCAL_PORT) > 0,
                               .ProxyAnswer = Figure<long>(CURLINFO_HTTP_CONNECTCODE)};
   return {.Outcome = TransferOutcome(result, connection),
           .Status = Figure<long>(CURLINFO_RESPONSE_CODE),

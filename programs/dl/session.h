@@ -11,6 +11,15 @@
 
 namespace quillbox {
 
+// The connection that libcurl opened last. libcurl 8 tells of one only once its security stands
+// too, so its socket is asked.
+struct LastConnection {
+  int Socket = -1;
+  bool Reached = false;  // the other end took it
+
+  void Ask();
+};
+
 enum class Allowed { kHttpsAlone, kHttpToo };
 
 // Certificates are always verified, TLS is 1.2 or later, redirects are followed within https alone,
@@ -48,7 +57,7 @@ class Session {
   void SetSecurity();
   void SetTimes();
   Answer Perform();
-  Answer Outcome(CURLcode result, bool reached) const;
+  Answer Outcome(CURLcode result) const;
   std::string Text(CURLINFO what) const;
   template <typename Number>
   Number Figure(CURLINFO what) const;
@@ -59,7 +68,8 @@ class Session {
   std::string authorityFile_;
   std::chrono::steady_clock::time_point end_;
   CURL* handle_;
-  bool usable_;  // every option was taken
+  bool usable_;          // every option was taken
+  LastConnection last_;  // connections outlive their exchange
 };
 
 }  // namespace quillbox

@@ -6,7 +6,6 @@
 #include <optional>
 
 #include "build_values.h"
-#include "desktop/application_folders.h"
 #include "desktop/desktop_host.h"
 #include "desktop/region.h"
 #include "platform/process.h"

@@ -1,6 +1,8 @@
 // What stands on the Reports window, and where.
 #pragma once
 
+#include <algorithm>
+
 #include "forms/controls.h"
 
 namespace quillbox {
@@ -52,6 +54,16 @@ struct ReportsLayout {
 };
 
 // What a window of this size (with the frame) becomes. `twipsPerPixelY` is the screen's.
-ReportsLayout LayOutReports(TwipSize window, int twipsPerPixelY);
+inline ReportsLayout LayOutReports(TwipSize window, int twipsPerPixelY) {
+  constexpr int kPixelsBelow = 35;  // the lower frame, and a margin
+  ReportsLayout layout{.Window = {std::max(window.Width, kReportsSmallest.Width),
+                                  std::max(window.Height, kReportsSmallest.Height)},
+                       .Browser = kBrowserPlace,
+                       .Panel = kShape2Place};
+  layout.Browser.Width = layout.Window.Width - 3 * kBrowserPlace.Left;
+  layout.Browser.Height = layout.Window.Height - kBrowserPlace.Top - kPixelsBelow * twipsPerPixelY;
+  layout.Panel.Width = layout.Browser.Width;
+  return layout;
+}
 
 }  // namespace quillbox

@@ -76,8 +76,9 @@ TEST(Check, AsksAtATerminalWithoutShowingWhatIsTyped) {
     const PseudoTerminal terminal;
     // Ignored, as by a shell that starts something in the background, or held back.
     const char* const deaf = c.ignored ? "--ignore-signal=INT,QUIT" : "--block-signal=INT,QUIT";
-    ChildProcess dl(terminal.Start({"/usr/bin/env", deaf, DlProgram(), "check", kEmail},
-                                   home.WholeEnvironment(service.Host(), service.AuthorityFile())));
+    ChildProcess dl(
+        terminal.Start({"/usr/bin/env", "--default-signal", deaf, DlProgram(), "check", kEmail},
+                       home.WholeEnvironment(service.Host(), service.AuthorityFile())));
     EXPECT_EQ(terminal.ReadTo("Password: "), "Password: ");
     EXPECT_FALSE(terminal.Echoes());
     terminal.Type(c.keys);

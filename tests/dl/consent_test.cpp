@@ -7,7 +7,6 @@
 
 #include "browser/loopback_server.h"
 #include "dl/support/listening_program.h"
-#include "oauth/browser_pages.h"
 #include "oauth/consent.h"
 
 namespace quillbox {

@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "api/grant.h"
+#include "api/tokens.h"
 #include "config/account_list.h"
 #include "text/escaping.h"
 #include "text/text_list.h"

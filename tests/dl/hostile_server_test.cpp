@@ -92,7 +92,7 @@ class HostileServer : public testing::TestWithParam<HostileAnswer> {
       plain->set_read_timeout(std::chrono::milliseconds(200));  // for a greeting that it can't read
       return plain;
     }
-    return std::make_unique<httplib::SSLServer>([&](SSL_CTX& context) {
+    return NewSecureServer([&](SSL_CTX& context) {
       ThrowawayAuthority signer = authority_;
       if (c.proof == Proof::kOfOtherAuthority) signer = ThrowawayAuthority("test");
       if (c.proof == Proof::kOfAServer) signer = ThrowawayAuthority(good_);

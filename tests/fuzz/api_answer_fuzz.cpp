@@ -1,6 +1,5 @@
 // Anything that a service, a browser or a file may say to the fetch program: whatever is understood
 // stays within what is promised.
-#include "api/grant.h"
 #include "api/publisher_accounts.h"
 #include "api/report_query.h"
 #include "api/service_verdict.h"

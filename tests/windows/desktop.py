@@ -34,11 +34,13 @@ def start_service():
     folder.mkdir(parents=True)
     service = subprocess.Popen(
         [SERVICE, "--folder", folder, "--speed", "60", "--account", "garden@example.test:rosemary",
-         "--account", "recipes@example.test:saffron"], stdout=subprocess.DEVNULL)
+         "--account", "recipes@example.test:saffron", "--consent", "auto"], stdout=subprocess.DEVNULL)
     port = folder / "port"
     assert await_(lambda: port.exists() and port.read_text().strip()), "no report service"
-    os.environ.update(QUILLBOX_SERVICE=f"localhost:{port.read_text().strip()}",
-                      SSL_CERT_FILE=str(folder / "authority.pem"), no_proxy="localhost")
+    host = f"localhost:{port.read_text().strip()}"
+    os.environ.update(QUILLBOX_SERVICE=host, QUILLBOX_API=host, QUILLBOX_OAUTH_CLIENT_ID="quillbox-demo",
+                      QUILLBOX_OAUTH_CLIENT_SECRET="no-secret", SSL_CERT_FILE=str(folder / "authority.pem"),
+                      no_proxy="localhost")
     return service
 
 
@@ -113,6 +115,9 @@ class Desktop:
     def store_accounts(self, *texts):
         self.start(PROGRAMS / "demo-settings.exe", "write", *texts).wait(LIMIT)
         assert await_(lambda: texts[0] in self.tell("AdSense")), "no accounts"
+
+    def open_addresses_with(self, program):
+        self._registry("add", r"HKCR\http\shell\open\command", "/ve", "/d", f'"{program}" "%1"', "/f")
 
     def _registry(self, *words):
         self.start(r"C:\windows\system32\reg.exe", *words).wait(LIMIT)

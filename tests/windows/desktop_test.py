@@ -208,6 +208,27 @@ class Options(Used):
         self.assertTrue(await_(lambda: "|||old pages" in self.desktop.tell("AdSense")))
         self.end()
 
+    def test_an_account_signs_in_with_what_its_person_allows_in_the_browser(self):
+        self.desktop.open_addresses_with(f"Z:{desktop.PROGRAMS}/allowing_browser.exe".replace("/", "\\"))
+        self.addCleanup(self.desktop.open_addresses_with, r"C:\windows\system32\winebrowser.exe")
+        self.open_options()
+        key("ctrl+Tab", "alt+a")
+        self.await_window(name="Account")
+        desktop.write("granted\tgarden@example.test\t")
+        key("alt+n")  # "Connect..."
+        self.assertTrue(await_(lambda: self.desktop.find(name="Text3")["text"]), "nothing was allowed")
+        picture("connected")
+        click(self.shown("Text3"))
+        key("Return")
+        self.assertTrue(self.desktop.await_no_window(name="Account"))
+        click(self.shown("Command1"))
+        self.assertTrue(self.desktop.await_no_window(name="Opts"))
+        self.end()
+        self.desktop.store("General", "PrimaryAccount", "granted")
+        self.begin()
+        self.assertTrue(await_(lambda: "granted=" in self.desktop.tell("Accounts")), "the grant brings no figures")
+        self.end()
+
 
 if __name__ == "__main__":
     unittest.main(verbosity=2)

@@ -3,6 +3,8 @@
 #include <algorithm>
 
 #include "api/json.h"
+#include "api/publisher_accounts.h"
+#include "api/wanted_report.h"
 #include "text/code_page.h"
 #include "text/escaping.h"
 #include "text/text_list.h"
@@ -23,6 +25,13 @@ bool IsToken(std::string_view text) {
   return text.size() <= kLongestToken &&
          std::ranges::all_of(text, [](char c) { return c > ' ' && c <= '~'; });
 }
+
+// Names in the file: they must not change.
+constexpr const char* kRefreshToken = "refresh_token";
+constexpr const char* kClientId = "client_id";
+constexpr const char* kClientSecret = "client_secret";
+constexpr const char* kAccount = "account";
+constexpr const char* kCreated = "account_created";
 
 }  // namespace
 
@@ -67,6 +76,28 @@ bool HoldsScope(std::string_view scope, std::string_view wanted) {
 bool SaysTokenIsGone(std::string_view json) {
   const auto document = ParseObject(json);
   return document && TextMember(*document, "error") == "invalid_token";
+}
+
+std::string GrantText(const Grant& grant) {
+  Json document = {{kRefreshToken, grant.RefreshToken},
+                   {kClientId, grant.Client.Id},
+                   {kClientSecret, grant.Client.Secret},
+                   {kAccount, grant.Account}};
+  if (grant.Created) document[kCreated] = DayText(*grant.Created);
+  // Texts from the environment may be anything; what isn't UTF-8 could not be a client's either.
+  return document.dump(2, ' ', true, Json::error_handler_t::replace) + "\n";
+}
+
+std::optional<Grant> ParseGrant(std::string_view text) {
+  const auto document = ParseObject(text);
+  if (!document) return std::nullopt;
+  Grant grant{.RefreshToken = TextMember(*document, kRefreshToken),
+              .Client = {TextMember(*document, kClientId), TextMember(*document, kClientSecret)},
+              .Account = TextMember(*document, kAccount),
+              .Created = ParseDay(TextMember(*document, kCreated))};
+  const bool usable =
+      !grant.RefreshToken.empty() && !grant.Client.Id.empty() && IsAccountName(grant.Account);
+  return usable ? std::optional(std::move(grant)) : std::nullopt;
 }
 
 }  // namespace quillbox

@@ -1,4 +1,5 @@
-// The endpoints for tokens: the forms that go there, and what they hand out.
+// Grants, and the access tokens that they bring: what goes to the endpoints for tokens, and what
+// comes back.
 #pragma once
 
 #include <chrono>
@@ -49,5 +50,18 @@ bool HoldsScope(std::string_view scope, std::string_view wanted);
 // Whether an answer that is no success says that the token isn't good any more: revoked or expired
 // ("invalid_token").
 bool SaysTokenIsGone(std::string_view json);
+
+// What a person has granted: a lasting right to read one publisher account's reports. To be kept
+// like a password.
+struct Grant {
+  std::string RefreshToken;
+  ClientIdentity Client;                         // to which it was granted; nobody else can use it
+  std::string Account;                           // "accounts/pub-1234"
+  std::optional<std::chrono::sys_days> Created;  // when the account came into being
+};
+
+// The form in which a grant is kept, JSON, and back. Nothing for what isn't a usable grant.
+std::string GrantText(const Grant& grant);
+std::optional<Grant> ParseGrant(std::string_view text);
 
 }  // namespace quillbox

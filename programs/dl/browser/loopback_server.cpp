@@ -4,7 +4,8 @@
 #include <string_view>
 #include <utility>
 
-#include "oauth/browser_pages.h"
+#include "oauth/consent.h"
+#include "system/opener.h"
 #include "system/sockets.h"
 
 namespace quillbox {
@@ -33,6 +34,21 @@ std::string Reply(const std::string& status, const std::string& page,
 void SayGoodbye(int socket, const std::string& reply) {
   SendWhole(socket, reply, kReading);
   CloseSocket(socket);
+}
+
+using namespace std::chrono_literals;
+
+using Clock = LoopbackServer::Clock;
+
+constexpr auto kWatching = 2000ms;
+constexpr auto kLookEvery = 10ms;
+
+bool FailsSoon(const Opener& opener, LoopbackServer& server) {
+  for (const auto end = Clock::now() + kWatching; Clock::now() < end;) {
+    if (server.AwaitOffered(Clock::now() + kLookEvery)) return false;
+    if (const auto failed = opener.Failed()) return *failed;
+  }
+  return false;
 }
 
 }  // namespace
@@ -145,6 +161,13 @@ std::string LoopbackServer::LeadOn() {
   }
   return Reply("303 See Other", "",
                "Location: " + std::exchange(page_.Address, std::string()) + "\r\n");
+}
+
+bool OpenInBrowser(LoopbackServer& server, const std::string& page, const std::string& address,
+                   Clock::time_point end, unsigned fileMask) {
+  const Opener opener(server.Offer(page, address, std::min(end, Clock::now() + kOffered)),
+                      fileMask);
+  return opener.Started() && !FailsSoon(opener, server);
 }
 
 }  // namespace quillbox

@@ -1,10 +1,14 @@
-// A person's consent: the page that asks for it, and the requests that bring the answer.
+// A person's consent in the browser: the page that asks for it, the requests that bring the answer,
+// and the pages of ours that follow.
 #pragma once
 
 #include <map>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
+
+#include "api/publisher_accounts.h"
 
 namespace quillbox {
 
@@ -50,5 +54,12 @@ struct ConsentAnswer {
 
 // Nothing unless the query has a state and either a code or an error.
 std::optional<ConsentAnswer> ReadConsent(const QueryFields& query);
+
+// `sentence`: HTML.
+std::string SentencePage(const std::string& sentence);
+
+// Which of the accounts it shall be. The answer is a GET of "/" with two fields, `state` as it is
+// given here, and `account`, the chosen one's name.
+std::string ChoicePage(const std::string& state, std::span<const PublisherAccount> accounts);
 
 }  // namespace quillbox

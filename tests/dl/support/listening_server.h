@@ -17,7 +17,10 @@
 namespace quillbox {
 
 inline std::unique_ptr<httplib::Server> SecureServer(const Certificate& certificate) {
-  return std::make_unique<httplib::SSLServer>(certificate.Public.get(), certificate.Key.get());
+  return NewSecureServer([certificate](SSL_CTX& context) {
+    return SSL_CTX_use_certificate(&context, certificate.Public.get()) == 1 &&
+           SSL_CTX_use_PrivateKey(&context, certificate.Key.get()) == 1;
+  });
 }
 
 // Sends what is written as "302\nLocation: {other}/x\n\nbody", with `places` put in: "{other}" and

@@ -7,6 +7,7 @@
 #include <iphlpapi.h>
 #include <ws2tcpip.h>
 
+#include <algorithm>
 #include <optional>
 #include <vector>
 
@@ -40,12 +41,13 @@ std::optional<sockaddr_in> EndOf(SOCKET socket, GetName& getName) {
   return known ? std::optional(address) : std::nullopt;
 }
 
-// The process that has the connection of these two ends; nothing when the system doesn't know one.
-std::optional<DWORD> ProcessOf(const sockaddr_in& local, const sockaddr_in& remote, DWORD state) {
+// The connections of IPv4 with their processes; nothing when the system doesn't tell.
+std::optional<std::vector<MIB_TCPROW_OWNER_PID>> Connections() {
   std::vector<std::byte> room(64 << 10);
   auto size = static_cast<DWORD>(room.size());
   const auto ask = [&] {
-    return GetExtendedTcpTable(room.data(), &size, FALSE, AF_INET, TCP_TABLE_OWNER_PID_ALL, 0);
+    return GetExtendedTcpTable(room.data(), &size, FALSE, AF_INET, TCP_TABLE_OWNER_PID_CONNECTIONS,
+                               0);
   };
   DWORD told = ask();
   for (int tries = 0; told == ERROR_INSUFFICIENT_BUFFER && tries < 5; ++tries) {
@@ -55,21 +57,23 @@ std::optional<DWORD> ProcessOf(const sockaddr_in& local, const sockaddr_in& remo
   }
   if (told != NO_ERROR) return std::nullopt;
   const auto* const table = reinterpret_cast<const MIB_TCPTABLE_OWNER_PID*>(room.data());
-  for (DWORD i = 0; i < table->dwNumEntries; ++i) {
-    const MIB_TCPROW_OWNER_PID& row = table->table[i];
-    const bool same = row.dwState == state && row.dwLocalAddr == local.sin_addr.s_addr &&
-                      static_cast<u_short>(row.dwLocalPort) == local.sin_port;
-    const bool other = state == MIB_TCP_STATE_LISTEN ||
-                       (row.dwRemoteAddr == remote.sin_addr.s_addr &&
-                        static_cast<u_short>(row.dwRemotePort) == remote.sin_port);
-    if (same && other) return row.dwOwningPid;
-  }
-  return std::nullopt;
+  return std::vector(table->table, table->table + table->dwNumEntries);
 }
 
-bool IsOwn(const sockaddr_in& local, const sockaddr_in& remote, DWORD state) {
-  const auto process = ProcessOf(local, remote, state);
-  return process && *process != 0 && IsOwnProcess(*process);
+bool Joins(const MIB_TCPROW_OWNER_PID& row, const sockaddr_in& local, const sockaddr_in& remote) {
+  return row.dwState == MIB_TCP_STATE_ESTAB && row.dwLocalAddr == local.sin_addr.s_addr &&
+         static_cast<u_short>(row.dwLocalPort) == local.sin_port &&
+         row.dwRemoteAddr == remote.sin_addr.s_addr &&
+         static_cast<u_short>(row.dwRemotePort) == remote.sin_port;
+}
+
+// Whether the end `local` of the connection is a process's of this user.
+bool IsOwn(const sockaddr_in& local, const sockaddr_in& remote) {
+  const auto rows = Connections();
+  if (!rows) return false;
+  const auto row =
+      std::ranges::find_if(*rows, [&](const auto& each) { return Joins(each, local, remote); });
+  return row != rows->end() && row->dwOwningPid != 0 && IsOwnProcess(row->dwOwningPid);
 }
 
 }  // namespace
@@ -94,7 +98,7 @@ int ListenOnLoopback(int& port) {
   const bool bound = ::bind(listener, reinterpret_cast<sockaddr*>(&address), sizeof address) == 0 &&
                      ::listen(listener, SOMAXCONN) == 0;
   const auto here = bound ? EndOf(listener, ::getsockname) : std::nullopt;
-  if (here && IsOwn(*here, {}, MIB_TCP_STATE_LISTEN)) {
+  if (here && Connections()) {
     port = ntohs(here->sin_port);
     return NumberOf(listener);
   }
