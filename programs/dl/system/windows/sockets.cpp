@@ -67,13 +67,13 @@ bool Joins(const MIB_TCPROW_OWNER_PID& row, const sockaddr_in& local, const sock
          static_cast<u_short>(row.dwRemotePort) == remote.sin_port;
 }
 
-// Whether the end `local` of the connection is a process's of this user.
-bool IsOwn(const sockaddr_in& local, const sockaddr_in& remote) {
+// The process that has the end `local` of the connection; 0 when the system doesn't tell.
+DWORD OwnerOf(const sockaddr_in& local, const sockaddr_in& remote) {
   const auto rows = Connections();
-  if (!rows) return false;
+  if (!rows) return 0;
   const auto row =
       std::ranges::find_if(*rows, [&](const auto& each) { return Joins(each, local, remote); });
-  return row != rows->end() && row->dwOwningPid != 0 && IsOwnProcess(row->dwOwningPid);
+  return row == rows->end() ? 0 : row->dwOwningPid;
 }
 
 }  // namespace
@@ -146,9 +146,16 @@ void ResetSocket(int socket) {
 }
 
 bool IsPeerOwn(int socket) {
+  constexpr std::chrono::milliseconds kFirstWords{300};
   const auto here = EndOf(SocketOf(socket), ::getsockname);
   const auto there = EndOf(SocketOf(socket), ::getpeername);
-  return here && there && IsOwn(*there, *here, MIB_TCP_STATE_ESTAB);
+  if (!here || !there) return false;
+  DWORD owner = OwnerOf(*there, *here);
+  if (owner == 0) {  // Wine knows it once the other end has sent something
+    AwaitReadable({&socket, 1}, kFirstWords);
+    owner = OwnerOf(*there, *here);
+  }
+  return owner != 0 && IsOwnProcess(owner);
 }
 
 }  // namespace quillbox
