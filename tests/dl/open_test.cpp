@@ -81,6 +81,7 @@ TEST_F(Open, EndsWithoutABrowserOrAnAddress) {
   } kCases[] = {
       {"https://h.test/?Passwd=rosemary", "exit 0", "300", 2, "No browser came."},
       {"https://h.test/?Passwd=rosemary", "exit 3", "60000", 1, "browser could not be opened"},
+      {"https://h.test/?Passwd=rosemary", "sleep 20", "2500", 2, "No browser came."},
       {"http://h.test/?Passwd=rosemary", "", "60000", 1, "no https address"},
       {"https://h.test/?Passwd=rose mary", "", "60000", 1, "no https address"},
       {"https://h.test/?Passwd=rosemary\r", "exit 0", "300", 2, "No browser came."},

@@ -179,6 +179,7 @@ TEST_F(Bodies, AreUnpackedAndTakenWholeUpTo64MiB) {
       {"gzip cut in its head", gzipped, gzip.substr(0, 1), {}},
       {"gzip cut before its check sum", gzipped, Cut(gzip, 8), {}},
       {"gzip without its last byte", gzipped, Cut(gzip, 1), {}},
+      {"a second member without its last byte", gzipped, gzip + Cut(gzip, 1), {}},
       {"a second member cut", gzipped, gzip + Cut(gzip, 1), {}},
       {"a second member's first byte", gzipped, gzip + gzip[0], {}},
       {"deflate cut in half", deflated, Cut(zlib, zlib.size() / 2), {}},
