@@ -53,31 +53,5 @@ TEST(SimulatedFiles, ARenameThatWasNotFlushedMayBeUndone) {
   EXPECT_THAT(left, ElementsAre("new", "old"));
 }
 
-TEST(SimulatedFiles, NothingWorksWithoutPower) {
-  SimulatedFiles files{{"/d/a", "1"}};
-  files.LosePowerAtStep(1);
-  EXPECT_TRUE(files.WriteNew("/d/b", "2"));
-  EXPECT_TRUE(files.HasPower());
-  EXPECT_FALSE(files.Remove("/d/a"));
-  EXPECT_FALSE(files.HasPower());
-  EXPECT_FALSE(files.Exists("/d/a"));
-  EXPECT_EQ(files.Read("/d/b"), std::nullopt);
-  EXPECT_FALSE(files.WriteNew("/d/c", "3"));
-  EXPECT_FALSE(files.WriteFromOutside("/d/c", "3"));
-  files.PowerBack();
-  EXPECT_TRUE(files.WriteNew("/d/c", "3"));
-}
-
-TEST(SimulatedFiles, ChangesOfNamesHappenInTheirOrder) {
-  for (std::uint64_t seed = 0; seed < kSeeds; ++seed) {
-    SimulatedFiles files({{"/d/a", "1"}}, seed);
-    files.Rename("/d/a", "/d/b");
-    files.Rename("/d/b", "/d/c");
-    files.PowerBack();
-    EXPECT_EQ(files.All().size(), 1U) << "seed " << seed;
-    EXPECT_EQ(files.All().begin()->second, "1") << "seed " << seed;
-  }
-}
-
 }  // namespace
 }  // namespace quillbox
