@@ -1,9 +1,11 @@
-// Lists in one text, patterns of names, and long names cut.
+// Lists in one text, patterns of names, long names cut, and texts as requests carry them.
 #include <gmock/gmock.h>
 
 #include <string>
 #include <vector>
 
+#include "text/escaping.h"
+#include "text/grant_name.h"
 #include "text/text_list.h"
 
 namespace quillbox {
@@ -76,15 +78,51 @@ TEST(Elided, KeepsBothEndsOfWhatIsTooLong) {
     const char* Shown;
   } kCases[] = {{"", 5, ""},
                 {"abcde", 5, "abcde"},
-                {"abcdef", 5,
-                 "ab\x85"
-                 "ef"},
-                {"abcdef", 4,
-                 "ab\x85"
-                 "f"},
+                {"abcdef", 5, "ab\205ef"},
+                {"abcdef", 4, "ab\205f"},
                 {"abc", 1, "\x85"},
                 {"abc", 0, ""}};
   for (const Case& c : kCases) EXPECT_EQ(Elided(c.Name, c.Longest), c.Shown) << c.Name;
+}
+
+TEST(FormEncoding, KnownTexts) {
+  struct Case {
+    const char* Text;
+    const char* Encoded;
+  };
+  const Case kCases[] = {
+      {"", ""},
+      {"a.b", "%61%2E%62"},
+      {"J", "%4A"},
+      {"j", "%6a"},
+      {"O", "%4F"},
+      {"o", "%6f"},
+      {"09", "%30%39"},
+      {"_+-&/?@ .=", "%5F%2B%2D%26%2F%3F%40%20%2E%3D"},
+      {"%", "%"},
+      {"%41", "%%34%31"},
+      {"|:;,!\"#\r\n", "|:;,!\"#\r\n"},
+      {"\xE9\xFF", "\xE9\xFF"},
+  };
+  for (const Case& c : kCases) {
+    EXPECT_EQ(EncodeFormValue(c.Text), c.Encoded) << c.Text;
+    EXPECT_EQ(DecodeFormValue(c.Encoded), c.Text) << c.Encoded;
+  }
+}
+
+TEST(FormEncoding, DecodingLeavesWhatNoEncoderWrote) {
+  for (const char* text : {"%", "%%", "%4", "a%", "%G1", "%1G", "100%"}) {
+    EXPECT_EQ(DecodeFormValue(text), text);
+  }
+}
+
+TEST(GrantName, IsToldFromPasswords) {
+  EXPECT_TRUE(IsGrantName("grant:ABCDEFGHIJ27"));
+  for (const char* password :
+       {"grant:ABCDEFGHIJ2", "grant:ABCDEFGHIJ277", "grant:abcdefghij27", "grant:ABCDEFGHIJ28",
+        "Grant:ABCDEFGHIJ27", "grant:../../../ABC", "ABCDEFGHIJ27", "", "grant:"}) {
+    EXPECT_FALSE(IsGrantName(password)) << password;
+  }
 }
 
 }  // namespace
