@@ -3,7 +3,6 @@
 
 #include "evaluation/account_evaluation.h"
 #include "region/test_region.h"
-#include "sample_reports.h"
 #include "simulated/context_on_state.h"
 
 namespace quillbox {
@@ -11,6 +10,23 @@ namespace {
 
 using testing::ElementsAre;
 using testing::StartsWith;
+
+// A report of a heading, one day and two summary lines.
+std::string ContentReport(const std::string& date, const std::string& impressions,
+                          const std::string& clicks = "10", const std::string& ctr = "1.00%",
+                          const std::string& ecpm = "2.00", const std::string& earnings = "2.00") {
+  return "Date\tImpressions\tClicks\n" + date + '\t' + impressions + '\t' + clicks + '\t' + ctr +
+         '\t' + ecpm + '\t' + earnings + "\nTotals\t3000\t30\t1.00%\t2.00\t6.00\nAverages\t1\t2\n";
+}
+
+EvaluationInput ContentInput(std::string report) {
+  EvaluationInput input;
+  input.DataToDownload = "AdSense for Content";
+  input.Content = std::move(report);
+  input.Now = std::chrono::local_days(std::chrono::year(2007) / 1 / 31) + std::chrono::hours(9) +
+              std::chrono::minutes(5);
+  return input;
+}
 
 TEST(EvaluateReports, MissingReportsCountAsNothing) {
   EvaluationInput input = ContentInput(ContentReport("1/31/2007", "1000"));

