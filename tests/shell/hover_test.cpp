@@ -51,13 +51,6 @@ TEST_F(HoverTest, TheWindowComesAfterTheCursorRestedAndGoesWithIt) {
   EXPECT_THAT(host_.Trace(), ElementsAre("tooltip opens", "tooltip closes"));
 }
 
-TEST_F(HoverTest, ACursorThatPassesByShowsNothing) {
-  host_.Hover(kIcon);
-  host_.RunFor(390ms);
-  Leave();
-  EXPECT_THAT(host_.Trace(), IsEmpty());
-}
-
 TEST_F(HoverTest, ComesInTheMiddleOfADownload) {
   host_.Agents.Always(Answers("0", 5s));
   host_.After(1s, [this] { host_.Hover(kIcon); });

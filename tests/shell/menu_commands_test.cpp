@@ -104,21 +104,6 @@ TEST_F(MenuCommandsTest, EachFormIsLoadedOnceAndAnewAfterItWasClosed) {
   }
 }
 
-TEST_F(MenuCommandsTest, StatisticsAreOnlyThereToBeRead) {
-  host_.Choose("RefreshNow");
-  host_.Effects.Clear();
-  const Menu popups = Item(5).Items;
-  ASSERT_EQ(popups.size(), 1U);
-  EXPECT_EQ(popups[0].Caption, "one");
-  ASSERT_THAT(popups[0].Items, testing::Not(IsEmpty()));
-  for (const MenuItem& line : popups[0].Items) {
-    EXPECT_LT(line.Command, 500) << line.Caption;
-    if (line.Separator || line.Submenu) continue;
-    EXPECT_TRUE(host_.Choose(line.Caption)) << line.Caption;
-  }
-  for (const TraceEntry& entry : host_.Effects.Entries()) EXPECT_EQ(entry.What, "menu");
-}
-
 class AccountCommands : public FormOnState {
  protected:
   AccountCommands() {

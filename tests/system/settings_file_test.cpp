@@ -27,31 +27,6 @@ namespace fs = std::filesystem;
 using namespace std::string_literals;
 using namespace std::chrono_literals;
 
-// Keys and values: every byte, and what the form of the file could take for something else.
-TEST(SettingsText, CarriesEveryTextAsSectionKeyAndValue) {
-  std::vector<std::string> texts = SplitText(
-      "General~General/a~[x]~=~a=b~;~#x~%~%41~%4~[~]~ x~x ~ ~  ~a b~\t~\tx\t~\"a\"~\\~x\r\ny~\r~\n~"
-      "[x]\nRegTest=no~1|||2||| ~\xe4\x80\x81~account Impressions~m\xfcller~C:\\x~+~%3D",
-      "~");
-  texts.insert(texts.end(), {"", "n\0l"s, "\0"s, "\x7f", "\xff"});
-  std::string all;
-  for (int code = 0; code < 256; ++code) all += static_cast<char>(code);
-  texts.push_back(all);
-
-  SettingsText settings;
-  std::vector<SettingChange> changes;
-  for (const std::string& section : texts) {
-    for (const std::string& key : texts) changes.push_back({section, key, section + "|" + key});
-  }
-  for (const std::string& value : texts) changes.push_back({"Values", value, value});
-  for (const SettingChange& change : changes) EXPECT_TRUE(settings.Apply(change));
-  const SettingsText readBack(settings.Text());
-  for (const SettingChange& change : changes) {
-    EXPECT_EQ(readBack.Value(change.Section, change.Key), *change.Value);
-  }
-  EXPECT_EQ(readBack.Text(), settings.Text());
-}
-
 // A file as it is read ("K" of section "S") and written after "N" of section "S" became "1".
 TEST(SettingsText, ReadsAndKeepsWhatAFileHolds) {
   const struct Case {
