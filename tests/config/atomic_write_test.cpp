@@ -31,13 +31,6 @@ class FailingFiles : public SimulatedFiles {
   Step failing_;
 };
 
-TEST(AtomicWrite, ReplacesAndLeavesNothingElse) {
-  SimulatedFiles files({{kPath, "old"}});
-  EXPECT_TRUE(WriteAtomically(files, kPath, "new text"));
-  EXPECT_EQ(files.Steps(), kSteps);
-  EXPECT_THAT(files.All(), ElementsAre(Pair(kPath, "new text")));
-}
-
 TEST(AtomicWrite, OutlivesAPowerFailureWhollyOrNotAtAll) {
   for (int step = 0; step <= kSteps; ++step) {
     for (std::uint64_t seed = 0; seed < 100; ++seed) {

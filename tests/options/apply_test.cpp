@@ -138,14 +138,11 @@ TEST_F(Apply, ComesWithOkWhenThereIsAChange) {
   Form().Command1.Click();
   EXPECT_THAT(host_.Trace(), ElementsAre("hide Opts", "close Opts"));
   Open();
-  Form().SoundsFrame.Combo10.Select(1);
+  Form().AutoUpdateFrame.Combo4.SelectText("Every hour");
   host_.Effects.Clear();
   Form().Command1.Click();
-  EXPECT_THAT(host_.Trace(),
-              ElementsAre("hide Opts", "store Sounds/ImpressionsChanged=(None)",
-                          "store Sounds/ClicksChanged=(None)", "store Sounds/RateChanged=(None)",
-                          "store Sounds/CPMChanged=(None)", "store Sounds/EarningsChanged=(None)",
-                          "store Sounds/Downloaded=(None)", "close Opts"));
+  EXPECT_THAT(host_.Trace({"hide", "close"}), ElementsAre("hide Opts", "close Opts"));
+  EXPECT_EQ(Get(kAutoUpdateRate), "Every hour");
 }
 
 // Cancel takes the stored accounts back, the close box leaves them as edited.

@@ -12,7 +12,8 @@ namespace quillbox {
 
 class ContextOnState : public testing::Test {
  protected:
-  ContextOnState() = default;
+  // `seed` decides what a power failure leaves of the files.
+  explicit ContextOnState(std::uint64_t seed = 0) : host_(seed) {}
 
   // With windows of the test's own in place of the simulated ones.
   explicit ContextOnState(Forms& windows)
