@@ -29,6 +29,8 @@ EvaluationInput ContentInput(std::string report) {
 }
 
 TEST(EvaluateReports, MissingReportsCountAsNothing) {
+  for (const char* none : {"all", "Both", ""})
+    EXPECT_FALSE(Selects(none, kDownloadContent)) << none;
   EvaluationInput input = ContentInput(ContentReport("1/31/2007", "1000"));
   input.DataToDownload = "All";
   input.Referral =
@@ -108,24 +110,6 @@ TEST_F(Evaluation, ASecondaryAccountOnlySounds) {
                           kLastDateStored));
   state_.SoundFiles.fill("(None)");
   EXPECT_THAT(Run("two").back(), kLastDateStored) << "silence still writes the date";
-}
-
-TEST_F(Evaluation, TakesTheSelectedReportsFromTheirFiles) {
-  struct Case {
-    const char *setting, *impressions;
-  };
-  const Case kCases[] = {{"AdSense for Content", "1000"}, {"All", "1220"}, {"Referrals", "20"},
-                         {"AdSense for Search", "200"},   {"Both", ""},    {"all", ""}};
-  host_.Files.Put("/s", ContentReport("1/31/2007", "200"));
-  host_.Files.Put("/r", ContentReport("1/31/2007", "20"));
-  for (const Case& c : kCases) {
-    store_.WriteSetting(kDataToDownload, c.setting);
-    host_.Store.Put("Accounts", "one", "");
-    Run();
-    EXPECT_THAT(host_.Store.Read("Accounts", "one"),
-                testing::HasSubstr(std::string("|||") + c.impressions + "|||"))
-        << c.setting;
-  }
 }
 
 }  // namespace

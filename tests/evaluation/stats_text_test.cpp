@@ -43,7 +43,6 @@ TEST(OneAccountStatsText, ShowsWhatIsSelectedAndThere) {
       {"de-DE", "ABE", "t|||1/31/2007|||1234567|||1|||1|||1.234,5 \200",
        "Date: 31.01.2007\r\nImpressions: 1.234.567\r\neCPM: $1.234,50"},
       {"de-DE", "E", "t|||d|||1|||1|||1|||$1.0", ""},
-      {"en-US", "E", "t|||d|||1|||1|||1|||1 2", ""},
       {"de-CH", "BC", "t|||d|||-1234567|||1499.5", "Impressions: -1'234'567\r\nClicks: 1'500"},
       {"fr-FR", "F", "t|||d|||1|||1|||1|||1|||1234,5", "Earnings: $1234,50"},
       {"de-CH", "F", "t|||d|||1|||1|||1|||1|||1234.5", "Earnings: $1234.50"}};

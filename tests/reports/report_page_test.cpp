@@ -10,30 +10,19 @@
 namespace quillbox {
 namespace {
 
-// The query's fixed pieces, so that a row shows what it is about.
-#define QUERY(product, range) \
-  "product=" product "&dateRange.dateRangeType=simple&dateRange.simpleDate=" range
-#define PLAIN(range, product, unit) \
-  "aggregate?" QUERY(product, range) "&unitPref=" unit "&outputFormat=TSV_EXCEL"
-#define CHANNELS(range, unit) \
-  PLAIN(range, "afc", unit) "&reportType=channel&allChannels=true&groupByPref=both"
-#define REFERRALS(range) \
-  "referrals?" QUERY("ref", range) "&reportType=property&groupByPref=date&outputFormat=TSV_EXCEL"
-
 TEST(ReportRequest, BecomesTheAgentsCommand) {
   struct Case {
     const char *Title, *Range, *Unit;
-    const char* Address;
+    const char *Product, *Rest;  // of the address, before and behind the form of the range
   };
   constexpr Case kCases[] = {
-      {"Ad Performance - Impressions", "Last 7 Days", "Individual Ad Unit",
-       PLAIN("last7days", "afc", "adunit")},
-      {"Ad Performance - Clicks", "This Month", "Page", PLAIN("thismonth", "afc", "page")},
-      {"Ad Channel Performance - CTR", "Last 7 Days", "Individual Ad Unit",
-       CHANNELS("last7days", "adunit")},
-      {"Ad Channel Performance - Earnings", "All Time", "Page", CHANNELS("alltime", "page")},
-      {"Search Performance - Queries", "Last Month", "Page", PLAIN("lastmonth", "afs", "page")},
-      {"Referrals - Sign-ups", "All Time", "Page", REFERRALS("alltime")},
+      {"Ad Performance - Clicks", "Last 7 Days", "Individual Ad Unit", "aggregate?product=afc",
+       "last7days&unitPref=adunit&outputFormat=TSV_EXCEL"},
+      {"Ad Channel Performance - CTR", "This Month", "Page", "aggregate?product=afc",
+       "thismonth&unitPref=page&outputFormat=TSV_EXCEL&reportType=channel&allChannels=true"
+       "&groupByPref=both"},
+      {"Referrals - Sign-ups", "All Time", "Page", "referrals?product=ref",
+       "alltime&reportType=property&groupByPref=date&outputFormat=TSV_EXCEL"},
   };
   const ApplicationFolder folder("/programs", "/my data", '/');
   for (const Case& c : kCases) {
@@ -41,7 +30,8 @@ TEST(ReportRequest, BecomesTheAgentsCommand) {
     EXPECT_EQ(ReportCommand(request, "a.b", "+|%", "service.test:8443", folder),
               std::string("Email=%61%2E%62&Passwd=%2B|%%#%https://service.test:8443"
                           "/adsense/report/") +
-                  c.Address + "|/my data/Report.dat|/my data/Report.log")
+                  c.Product + "&dateRange.dateRangeType=simple&dateRange.simpleDate=" + c.Rest +
+                  "|/my data/Report.dat|/my data/Report.log")
         << c.Title;
   }
 }

@@ -142,19 +142,13 @@ TEST_F(ReportsWindow, SaysWhatBecameOfTheReport) {
     const char* Shown;
     std::chrono::seconds Within;
   };
-  AgentBehaviour emptyLogFirst = Reports("0");
-  emptyLogFirst.EmptyLogAfter = 200ms;
-  emptyLogFirst.LogAfter = 20s;
   const Case kCases[] = {
       {"success", Reports("0"), "navigate /app/Report.html", 1s},
-      {"a log that is empty first", emptyLogFirst, "navigate /app/Report.html", 21s},
       {"refused", Reports("3"), kNotDownloaded, 1s},
       {"no number, with data", Reports("0\r\n"), "navigate /app/Report.html", 1s},
       {"no number, no data", Reports("words", std::nullopt), kNoData, 1s},
       {"success without a file", Reports("0", std::nullopt), kNoData, 1s},
       {"no day", Reports("0", "heading\ntotals\naverages\n"), kNoData, 1s},
-      {"the agent dies", DiesAfter(2s), kNotDownloaded, 3s},
-      {"the agent never starts", NeverStarts(), kNotDownloaded, 1s},
       {"the agent is silent", AgentBehaviour{}, kNotDownloaded, 121s},
   };
   Open();

@@ -180,17 +180,6 @@ TEST_F(RefreshCycle, WorksWithTheOldFilesOfACycleThatWasCutOff) {
   EXPECT_THAT(program_.Host.Files.All(), IsEmpty());
 }
 
-TEST_F(RefreshCycle, AnUnreadableLogLeavesTheCodeAsItWas) {
-  program_.Host.Files.SetReadable("/app/Content.log", false);
-  AgentBehaviour refused = Answers("3");
-  refused.Data = SampleReport("100");
-  program_.Host.Agents.Always(refused);
-  Start(kDownloadContent);
-  Refresh();
-  EXPECT_THAT(program_.Host.Trace({"balloon"}), IsEmpty());
-  EXPECT_TRUE(WasEvaluated("one")) << "a code that never held anything counts as good";
-}
-
 TEST_F(RefreshCycle, TheCodeThatStaysMayBeTheLastAccounts) {
   program_.Host.Agents.Always(Answers("3"));
   Start(kDownloadContent, 2);

@@ -51,14 +51,6 @@ TEST_F(HoverTest, TheWindowComesAfterTheCursorRestedAndGoesWithIt) {
   EXPECT_THAT(host_.Trace(), ElementsAre("tooltip opens", "tooltip closes"));
 }
 
-TEST_F(HoverTest, ComesInTheMiddleOfADownload) {
-  host_.Agents.Always(Answers("0", 5s));
-  host_.After(1s, [this] { host_.Hover(kIcon); });
-  host_.After(2s, [this] { EXPECT_TRUE(Shown()); });
-  host_.Choose("RefreshNow");
-  EXPECT_TRUE(Shown());
-}
-
 TEST_F(HoverTest, ShowsTheTextOfTheMomentInWhichItCame) {
   ASSERT_TRUE(ComesAt(kIcon));
   EXPECT_THAT(host_.Tooltip.Shown()->Labels, IsEmpty());
@@ -89,14 +81,6 @@ TEST_F(HoverTest, TakesSkinAndTaskbarAsTheyAreThen) {
 }
 
 // The window and the tray menu don't get into each other's way.
-
-TEST_F(HoverTest, TheRightButtonClosesTheWindowFirst) {
-  ASSERT_TRUE(ComesAt(kIcon));
-  host_.TrayMenus.Add({.Item = "", .OpenFor = 5s});
-  host_.RightDown();
-  EXPECT_THAT(host_.Trace(),
-              ElementsAre("tooltip opens", "tooltip closes", "menu opens", "menu closes"));
-}
 
 TEST_F(HoverTest, TheOpenMenuEndsTheWaitAndLetsNoneBegin) {
   host_.Hover(kIcon);

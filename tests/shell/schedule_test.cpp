@@ -3,7 +3,6 @@
 
 #include <vector>
 
-#include "shell/form_on_state.h"
 #include "simulated/used_program.h"
 
 namespace quillbox {
@@ -76,23 +75,6 @@ TEST_F(ScheduleTest, IsThereWhenEnabledAndConnectedIfThatMatters) {
   }
 }
 
-TEST_F(ScheduleTest, HoursOfflineEndWithARefreshInTheFirstMinute) {
-  Prepare("Every 15 minutes", 400ms);
-  program_.Set(kAutoUpdateWhenConnected, kTrue);
-  host_.After(8h, [this] { host_.Network.SetOnline(false); });
-  host_.After(10h + 7min, [this] {
-    EXPECT_EQ(program_.State().UpdateMinuteCount, 15 + 126);
-    host_.Network.SetOnline(true);
-  });
-  program_.Start();
-  host_.RunFor(10h + 25min);
-  const auto refreshes = Refreshes();
-  ASSERT_EQ(refreshes.size(), 33U);
-  EXPECT_LT(refreshes[30], 8h);
-  EXPECT_EQ(refreshes[31], 10h + 7min + 12400ms) << "31 cycles of 400 ms before it";
-  EXPECT_EQ(refreshes[32], refreshes[31] + 15min + 400ms);
-}
-
 TEST_F(ScheduleTest, TheMinuteCountStaysInRangeThroughAMonthOffline) {
   Prepare("Every minute", 400ms);
   program_.Set(kAutoUpdateWhenConnected, kTrue);
@@ -128,15 +110,6 @@ TEST_F(ScheduleTest, ATickDuringACycleIsSkippedWhole) {
   EXPECT_THAT(Refreshes(), ElementsAre(115s, 240s));
 }
 
-TEST_F(ScheduleTest, TheClockRunsDuringThePause) {
-  Prepare("Every minute", 400ms);
-  program_.Set(kPause, kTrue);
-  program_.Set(kRefreshTooltip, kTrue);
-  program_.Start();
-  host_.RunFor(91s);
-  EXPECT_THAT(Refreshes(), ElementsAre(30s, 60s));
-}
-
 TEST_F(ScheduleTest, TheDelayedStartSkipsItsRefreshDuringACycleAndStillChecks) {
   host_.Agents.Always(Answers("1", 20s));
   program_.Set(kPause, kTrue);
@@ -149,14 +122,6 @@ TEST_F(ScheduleTest, TheDelayedStartSkipsItsRefreshDuringACycleAndStillChecks) {
   EXPECT_THAT(host_.Trace({"agent"}),
               ElementsAre("agent start 1 Content.dat", "agent start 2 che.wt",
                           "agent write 1 Content.log", "agent write 2 chet.wt"));
-}
-
-TEST_F(ScheduleTest, ATickInsideAnOpenBoxRefreshes) {
-  Prepare("Every minute", 400ms);
-  host_.Boxes.Add({.OpenFor = 90s});
-  program_.Set(kRuns, "");
-  program_.Start();
-  EXPECT_THAT(Refreshes(), ElementsAre(1min));
 }
 
 }  // namespace

@@ -104,16 +104,5 @@ TEST(Shutdown, AbandonsARefreshWhereItStands) {
   EXPECT_EQ(program.Host.Agents.RunningCount(), 0U) << "ended with the program";
 }
 
-TEST(Shutdown, LeavesABoxInsideARefreshInsideAStart) {
-  SimulatedProgram program;
-  program.Set(kRefreshTooltip, kTrue);
-  program.Host.Boxes.Add({.OpenFor = 10s});
-  program.Host.After(3s, [&program] { program.Host.Choose("Exit"); });
-  program.Start();
-  EXPECT_TRUE(program.Host.Ended());
-  EXPECT_EQ(program.Host.Time.Now(), 3s);
-  EXPECT_EQ(program.Setting(kRuns), "") << "the start was not done";
-}
-
 }  // namespace
 }  // namespace quillbox

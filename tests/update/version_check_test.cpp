@@ -135,19 +135,7 @@ TEST(VersionCheckInFileMode, AnAnsweredQuestionDoesNotComeBackEveryDay) {
   }
 }
 
-class VersionWaitTest : public testing::Test {
- protected:
-  void Start(const AgentBehaviour& agent) {
-    host_.Agents.Always(agent);
-    program_.StartQuietly();
-  }
-  void Ask() { host_.Choose("CheckForNewVersion"); }
-
-  UsedProgram program_;
-  SimulatedHost& host_ = program_.Host;
-};
-
-TEST_F(VersionWaitTest, EndsWithTheLogOrWithTheAgentOrAfterTwoMinutes) {
+TEST(VersionCheck, EndsWithTheLogOrWithTheAgentOrAfterTwoMinutes) {
   AgentBehaviour answers = Answers("0", 5s);
   answers.Data = "1.3.0";
   answers.EmptyLogAfter = 1s;
@@ -177,29 +165,33 @@ TEST_F(VersionWaitTest, EndsWithTheLogOrWithTheAgentOrAfterTwoMinutes) {
   }
 }
 
-TEST_F(VersionWaitTest, ASecondCheckIsSkippedWhileOneWaitsOrAsks) {
+TEST(VersionCheck, ASecondOneIsSkippedWhileOneWaitsOrAsks) {
+  UsedProgram program;
+  const auto ask = [&program] { program.Host.Choose("CheckForNewVersion"); };
   AgentBehaviour agent = Answers("0", 10s);
   agent.Data = "1.3.1";
-  Start(agent);
-  host_.After(3s, [this] { Ask(); });
-  host_.Boxes.Add({.Part = "available", .WhileOpen = [this] { Ask(); }});
-  Ask();
-  EXPECT_THAT(host_.Agents.Starts(), SizeIs(1));
-  EXPECT_THAT(host_.Boxes.Shown(), SizeIs(1));
-  Ask();
-  EXPECT_THAT(host_.Agents.Starts(), SizeIs(2)) << "the next one is free again";
+  program.Host.Agents.Always(agent);
+  program.StartQuietly();
+  program.Host.After(3s, ask);
+  program.Host.Boxes.Add({.Part = "available", .WhileOpen = ask});
+  ask();
+  EXPECT_THAT(program.Host.Agents.Starts(), SizeIs(1));
+  EXPECT_THAT(program.Host.Boxes.Shown(), SizeIs(1));
+  ask();
+  EXPECT_THAT(program.Host.Agents.Starts(), SizeIs(2)) << "the next one is free again";
 }
 
-TEST_F(VersionWaitTest, WhoAsksDuringAnAutomaticCheckIsToldWhatItFinds) {
+TEST(VersionCheck, WhoAsksDuringAnAutomaticOneIsToldWhatItFinds) {
+  UsedProgram program;
   AgentBehaviour agent = Answers("0", 10s);
   agent.Data = "1.3.0";
-  host_.Agents.Always(agent);
-  program_.Set(kCheckForNewVersion, kTrue);
-  host_.After(3s, [this] { Ask(); });
-  program_.Start();
-  EXPECT_THAT(host_.Agents.Starts(), SizeIs(1));
-  ASSERT_THAT(host_.Boxes.Shown(), SizeIs(1));
-  EXPECT_THAT(host_.Boxes.Shown()[0].Text, HasSubstr("latest version"));
+  program.Host.Agents.Always(agent);
+  program.Set(kCheckForNewVersion, kTrue);
+  program.Host.After(3s, [&program] { program.Host.Choose("CheckForNewVersion"); });
+  program.Start();
+  EXPECT_THAT(program.Host.Agents.Starts(), SizeIs(1));
+  ASSERT_THAT(program.Host.Boxes.Shown(), SizeIs(1));
+  EXPECT_EQ(program.Host.Boxes.Shown()[0].Text, kCurrent);
 }
 
 }  // namespace
