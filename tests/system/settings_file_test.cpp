@@ -27,6 +27,17 @@ namespace fs = std::filesystem;
 using namespace std::string_literals;
 using namespace std::chrono_literals;
 
+TEST(SettingsText, CarriesEveryTextAsSectionKeyAndValue) {
+  std::string all;
+  for (int code = 0; code < 256; ++code) all += static_cast<char>(code);
+  const std::string texts[] = {"",    " ", " x ", "a b", "%",  "%4",
+                               "%41", "=", "[x]", ";x",  "#x", all};
+  SettingsText settings;
+  for (const std::string& text : texts) EXPECT_TRUE(settings.Apply({text, text, text + text}));
+  const SettingsText readBack(settings.Text());
+  for (const std::string& text : texts) EXPECT_EQ(readBack.Value(text, text), text + text);
+}
+
 // A file as it is read ("K" of section "S") and written after "N" of section "S" became "1".
 TEST(SettingsText, ReadsAndKeepsWhatAFileHolds) {
   const struct Case {
