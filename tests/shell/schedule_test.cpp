@@ -3,6 +3,7 @@
 
 #include <vector>
 
+#include "options/opts.h"
 #include "simulated/used_program.h"
 
 namespace quillbox {
@@ -108,6 +109,19 @@ TEST_F(ScheduleTest, ATickDuringACycleIsSkippedWhole) {
   host_.RunFor(4min);
   // A swap at 122 s would have begun a fresh minute there; so the clock ticks at 180 s and 240 s.
   EXPECT_THAT(Refreshes(), ElementsAre(115s, 240s));
+}
+
+TEST_F(ScheduleTest, AClockThatIsTurnedOffDuringItsOwnRefreshStaysOff) {
+  Prepare("Every hour", 30s);
+  program_.Start();
+  host_.After(1h + 10s, [this] {
+    host_.Choose("Options");
+    Opts& options = *host_.Windows.Opts();
+    options.AutoUpdateFrame.Check7.SetTicked(false);
+    options.Command1.Click();
+  });
+  host_.RunFor(5h);
+  EXPECT_THAT(Refreshes(), ElementsAre(60min));
 }
 
 TEST_F(ScheduleTest, TheDelayedStartSkipsItsRefreshDuringACycleAndStillChecks) {
