@@ -41,7 +41,7 @@ def end():
 
 
 def starts_with_icon(here):
-    """Wine 8 leaves every other icon undrawn in such a tray, that of a program of 20 lines as well."""
+    """Wine 8 leaves some icons undrawn in such a tray, that of a program of 20 lines as well."""
     end()
     here.start(desktop.PROGRAM / "quillbox.exe")
     return await_(icon_is_there, 6)
