@@ -151,6 +151,18 @@ def move(x, y):
     run("xdotool", "mousemove", str(x), str(y))
 
 
+def rest_on(place):
+    for x in range(-4, 5, 2):
+        move(place[0] + x // 2, place[1])
+        time.sleep(0.05)
+
+
+def icon_is_drawn(place):
+    """The icon has no window of its own that others could find: it is a green quill on a bar of one colour."""
+    colours = run("convert", f"x:root[16x16+{place[0] - 8}+{place[1] - 8}]", "-unique-colors", "txt:-")
+    return len(colours.splitlines()) > 8
+
+
 def click(window, button=1):
     left, top, right, bottom = window["place"]
     move((left + right) // 2, (top + bottom) // 2)

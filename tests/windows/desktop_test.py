@@ -54,16 +54,12 @@ class Used(unittest.TestCase):
 
     failed = False
 
-    # The icon has no window of its own that others could find: it is a green quill on the white taskbar.
     @staticmethod
     def icon_is_there():
-        colours = desktop.run("convert", f"x:root[16x16+{ICON[0] - 8}+{ICON[1] - 8}]", "-unique-colors", "txt:-")
-        return len(colours.splitlines()) > 8
+        return desktop.icon_is_drawn(ICON)
 
     def rest_on_icon(self):
-        for x in range(-4, 5, 2):
-            move(ICON[0] + x // 2, ICON[1])
-            time.sleep(0.05)
+        desktop.rest_on(ICON)
 
     def click_icon(self, *words):
         self.rest_on_icon()

@@ -31,8 +31,7 @@ def windows():
 
 
 def icon_is_there():
-    colours = run("convert", f"x:root[16x16+{ICON[0] - 8}+{ICON[1] - 8}]", "-unique-colors", "txt:-")
-    return len(colours.splitlines()) > 8
+    return desktop.icon_is_drawn(ICON)
 
 
 def end():
@@ -51,9 +50,7 @@ def rests_until_figures_show():
     """They aren't there before the first refresh is through."""
     move(*NOWHERE)
     time.sleep(0.5)
-    for x in range(-4, 5, 2):
-        move(ICON[0] + x // 2, ICON[1])
-        time.sleep(0.05)
+    desktop.rest_on(ICON)
     return await_(lambda: any(bottom - top > 100 for _, top, _, bottom in windows()), 1)
 
 
