@@ -40,11 +40,9 @@ macro(quillbox_room name)
   quillbox_library(${name} "${PROJECT_SOURCE_DIR}/src" ${ARGN})
 endmacro()
 
-# quillbox_program_version(<target>): its main.cpp knows QUILLBOX_VERSION. Only this one file is compiled
-# anew for a new version.
+# quillbox_program_version(<target>): its files know QUILLBOX_VERSION.
 function(quillbox_program_version target)
-  set_source_files_properties(main.cpp TARGET_DIRECTORY ${target}
-    PROPERTIES COMPILE_DEFINITIONS "QUILLBOX_VERSION=\"${PROJECT_VERSION}\"")
+  target_compile_definitions(${target} PRIVATE "QUILLBOX_VERSION=\"${PROJECT_VERSION}\"")
 endfunction()
 
 # quillbox_test(<name> SOURCES <file>... [LINKS <target>...] [LABELS <label>...])
@@ -56,9 +54,6 @@ function(quillbox_test name)
   target_include_directories(${name} PRIVATE "${PROJECT_SOURCE_DIR}/tests")
   target_link_libraries(${name} PRIVATE ${ARG_LINKS} GTest::gmock_main quillbox_options)
   target_compile_options(${name} PRIVATE -O0 -g1)
-  if(QUILLBOX_TESTS_TOGETHER)
-    set_target_properties(${name} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 12)
-  endif()
   add_test(NAME ${name} COMMAND ${name})
   set_tests_properties(${name} PROPERTIES LABELS "${ARG_LABELS}" TIMEOUT 300)
 endfunction()

@@ -1,8 +1,11 @@
 #include "quillbox-replay/commands.h"
 
+#include <CLI/CLI.hpp>
+#include <algorithm>
 #include <fstream>
 #include <iostream>
 #include <memory>
+#include <utility>
 
 #include "config/atomic_write.h"
 #include "evaluation/report_row.h"
@@ -17,6 +20,27 @@
 #include "system/system_surroundings.h"
 
 namespace quillbox {
+
+int RunCommand(std::vector<std::string> arguments, const std::string& version) {
+  CLI::App program("Runs Quillbox's own logic, without a desktop and without a network.",
+                   "quillbox-replay");
+  program.set_version_flag("--version", "quillbox-replay " + version);
+  program.require_subcommand(0, 1);
+  std::optional<int> exitCode;
+  AddEvaluateCommand(program, exitCode);
+  AddReportCommand(program, exitCode);
+  AddScriptCommand(program, exitCode);
+  AddBatchCommand(program, exitCode);
+  try {
+    std::reverse(arguments.begin(), arguments.end());  // as the parser wants them
+    program.parse(std::move(arguments));
+  } catch (const CLI::Success& question) {
+    return program.exit(question);
+  }
+  if (exitCode) return *exitCode;
+  throw UsageError("say what to do: evaluate, report, script or batch (--help tells more)");
+}
+
 namespace {
 
 int ScriptFrom(const std::string& path) {

@@ -1,14 +1,19 @@
 // The ways to use the program. Each is a command of its own on the command line.
 #pragma once
 
-#include <CLI/CLI.hpp>
 #include <filesystem>
 #include <optional>
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "region/regional_settings.h"
+
+namespace CLI {
+class App;
+class Option;
+}  // namespace CLI
 
 namespace quillbox {
 
@@ -17,6 +22,10 @@ class UsageError : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
 };
+
+// Does what the command line says, without the program's name, and gives the exit code. Throws
+// UsageError, or what the parser throws, when it can't be done.
+int RunCommand(std::vector<std::string> arguments, const std::string& version);
 
 // Each adds its command to `program`. Parsing a command line that names it runs it, and gives
 // `exitCode` its value; until then `exitCode` stays empty. It throws UsageError before it has

@@ -1,4 +1,5 @@
 // Saved reports on a settings file, for people.
+#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <filesystem>
 #include <iostream>

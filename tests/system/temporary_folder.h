@@ -3,10 +3,11 @@
 
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <random>
 #include <stdexcept>
+#include <sstream>
 #include <string>
+#include <utility>
 
 namespace quillbox {
 
@@ -45,7 +46,9 @@ class TemporaryFolder {
   // Not through the code under test.
   std::string Content(const std::string& name) const {
     std::ifstream file(File(name), std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
+    std::ostringstream text;
+    text << file.rdbuf();
+    return std::move(text).str();
   }
 
  private:

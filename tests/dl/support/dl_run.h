@@ -3,7 +3,9 @@
 
 #include <cstdlib>
 #include <optional>
+#include <sstream>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "support/child_process.h"
@@ -48,7 +50,9 @@ inline std::string SignedIn(const std::string& email, const std::string& passwor
 inline std::optional<std::string> ReadWhole(const std::string& path) {
   std::ifstream file(path, std::ios::binary);
   if (!file) return std::nullopt;
-  return std::string(std::istreambuf_iterator<char>(file), {});
+  std::ostringstream text;
+  text << file.rdbuf();
+  return std::move(text).str();
 }
 
 struct DlStart {
