@@ -6,6 +6,8 @@
 #include <set>
 #include <utility>
 
+#include "text/code_page.h"
+
 namespace quillbox {
 namespace {
 
@@ -51,10 +53,6 @@ class Checker : public nlohmann::json_sax<Json> {
   std::size_t levels_ = 0;
   std::array<std::set<std::string>, kMostLevels> names_;  // of the object on each level
 };
-
-bool IsDigit(char c) {
-  return c >= '0' && c <= '9';
-}
 
 // The parser takes a NUL for the end of the text.
 bool HoldsNul(std::string_view text) {
