@@ -45,15 +45,19 @@ function(quillbox_program_version target)
   target_compile_definitions(${target} PRIVATE "QUILLBOX_VERSION=\"${PROJECT_VERSION}\"")
 endfunction()
 
-# quillbox_test(<name> SOURCES <file>... [LINKS <target>...] [LABELS <label>...])
+# quillbox_test(<name> SOURCES <file>... [LINKS <target>...] [LABELS <label>...] [SECONDS <number>])
 # A GoogleTest program; each runs as one ctest test. Its own files are compiled without optimisation,
-# which halves their compile time; what they test is built as ever.
+# which halves their compile time; what they test is built as ever. SECONDS is about how long a long one takes:
+# the longest start first.
 function(quillbox_test name)
-  cmake_parse_arguments(ARG "" "" "SOURCES;LINKS;LABELS" ${ARGN})
+  cmake_parse_arguments(ARG "" "SECONDS" "SOURCES;LINKS;LABELS" ${ARGN})
   add_executable(${name} ${ARG_SOURCES})
   target_include_directories(${name} PRIVATE "${PROJECT_SOURCE_DIR}/tests")
   target_link_libraries(${name} PRIVATE ${ARG_LINKS} GTest::gmock_main quillbox_options)
   target_compile_options(${name} PRIVATE -O0 -g1)
   add_test(NAME ${name} COMMAND ${name})
   set_tests_properties(${name} PROPERTIES LABELS "${ARG_LABELS}" TIMEOUT 300)
+  if(ARG_SECONDS)
+    set_tests_properties(${name} PROPERTIES COST ${ARG_SECONDS})
+  endif()
 endfunction()

@@ -20,27 +20,6 @@
 #include "system/system_surroundings.h"
 
 namespace quillbox {
-
-int RunCommand(std::vector<std::string> arguments, const std::string& version) {
-  CLI::App program("Runs Quillbox's own logic, without a desktop and without a network.",
-                   "quillbox-replay");
-  program.set_version_flag("--version", "quillbox-replay " + version);
-  program.require_subcommand(0, 1);
-  std::optional<int> exitCode;
-  AddEvaluateCommand(program, exitCode);
-  AddReportCommand(program, exitCode);
-  AddScriptCommand(program, exitCode);
-  AddBatchCommand(program, exitCode);
-  try {
-    std::reverse(arguments.begin(), arguments.end());  // as the parser wants them
-    program.parse(std::move(arguments));
-  } catch (const CLI::Success& question) {
-    return program.exit(question);
-  }
-  if (exitCode) return *exitCode;
-  throw UsageError("say what to do: evaluate, report, script or batch (--help tells more)");
-}
-
 namespace {
 
 int ScriptFrom(const std::string& path) {
@@ -54,8 +33,7 @@ int ScriptFrom(const std::string& path) {
   return code;
 }
 
-}  // namespace
-
+// Runs the whole program on a simulated host as a script tells, and writes what it did.
 void AddScriptCommand(CLI::App& program, std::optional<int>& exitCode) {
   CLI::App* const command = program.add_subcommand(
       "script", "Run the whole program on a simulated host, print what it did");
@@ -64,12 +42,11 @@ void AddScriptCommand(CLI::App& program, std::optional<int>& exitCode) {
   command->final_callback([path, &exitCode] { exitCode = ScriptFrom(*path); });
 }
 
+// Answers requests from standard input on standard output.
 void AddBatchCommand(CLI::App& program, std::optional<int>& exitCode) {
   program.add_subcommand("batch", "Answer JSON requests, one a line on standard input")
       ->final_callback([&exitCode] { exitCode = RunBatch(0, 1); });
 }
-
-namespace {
 
 struct Wish {
   std::string Title;
@@ -112,8 +89,7 @@ int MakePage(const Wish& wish) {
   return 0;
 }
 
-}  // namespace
-
+// Makes the page of a saved report.
 void AddReportCommand(CLI::App& program, std::optional<int>& exitCode) {
   CLI::App* const command = program.add_subcommand("report", "Make the page of a saved report");
   const auto wish = std::make_shared<Wish>();
@@ -123,6 +99,28 @@ void AddReportCommand(CLI::App& program, std::optional<int>& exitCode) {
   AddRegion(*command, wish->Region);
   AddText(*command, "--out", wish->PageFile, "File of the page, Report.html")->required();
   command->final_callback([wish, &exitCode] { exitCode = MakePage(*wish); });
+}
+
+}  // namespace
+
+int RunCommand(std::vector<std::string> arguments, const std::string& version) {
+  CLI::App program("Runs Quillbox's own logic, without a desktop and without a network.",
+                   "quillbox-replay");
+  program.set_version_flag("--version", "quillbox-replay " + version);
+  program.require_subcommand(0, 1);
+  std::optional<int> exitCode;
+  AddEvaluateCommand(program, exitCode);
+  AddReportCommand(program, exitCode);
+  AddScriptCommand(program, exitCode);
+  AddBatchCommand(program, exitCode);
+  try {
+    std::reverse(arguments.begin(), arguments.end());  // as the parser wants them
+    program.parse(std::move(arguments));
+  } catch (const CLI::Success& question) {
+    return program.exit(question);
+  }
+  if (exitCode) return *exitCode;
+  throw UsageError("say what to do: evaluate, report, script or batch (--help tells more)");
 }
 
 CLI::Option* AddText(CLI::App& command, const std::string& name, std::string& text,

@@ -27,21 +27,10 @@ class UsageError : public std::runtime_error {
 // UsageError, or what the parser throws, when it can't be done.
 int RunCommand(std::vector<std::string> arguments, const std::string& version);
 
-// Each adds its command to `program`. Parsing a command line that names it runs it, and gives
-// `exitCode` its value; until then `exitCode` stays empty. It throws UsageError before it has
-// written anything.
-
-// Evaluates saved reports and tells in words what comes of them.
+// Adds the command that evaluates saved reports and tells in words what comes of them. Parsing a
+// command line that names it runs it and gives `exitCode` its value; until then that stays empty.
+// It throws UsageError before it has written anything.
 void AddEvaluateCommand(CLI::App& program, std::optional<int>& exitCode);
-
-// Makes the page of a saved report.
-void AddReportCommand(CLI::App& program, std::optional<int>& exitCode);
-
-// Runs the whole program on a simulated host as a script tells, and writes what it did.
-void AddScriptCommand(CLI::App& program, std::optional<int>& exitCode);
-
-// Answers requests from standard input on standard output.
-void AddBatchCommand(CLI::App& program, std::optional<int>& exitCode);
 
 // What the commands share.
 

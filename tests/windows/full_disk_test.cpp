@@ -3,6 +3,7 @@
 
 #include <cstdlib>
 #include <filesystem>
+#include <iterator>
 
 #include "config/atomic_write.h"
 #include "system/system_files.h"

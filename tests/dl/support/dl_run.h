@@ -3,9 +3,7 @@
 
 #include <cstdlib>
 #include <optional>
-#include <sstream>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "support/child_process.h"
@@ -45,14 +43,6 @@ inline std::string SignedIn(const std::string& email, const std::string& passwor
                             const std::string& address) {
   return "Email=" + EncodeFormValue(email) + "&Passwd=" + EncodeFormValue(password) + "%#%" +
          address;
-}
-
-inline std::optional<std::string> ReadWhole(const std::string& path) {
-  std::ifstream file(path, std::ios::binary);
-  if (!file) return std::nullopt;
-  std::ostringstream text;
-  text << file.rdbuf();
-  return std::move(text).str();
 }
 
 struct DlStart {
